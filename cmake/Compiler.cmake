@@ -1,0 +1,26 @@
+# One INTERFACE target carries the warnings and the sanitizers; every target of ours links it.
+add_library(krt550_options INTERFACE)
+target_compile_options(krt550_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+target_compile_definitions(krt550_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS)
+target_include_directories(krt550_options INTERFACE ${PROJECT_SOURCE_DIR})
+
+if(KRT550_WERROR)
+    target_compile_options(krt550_options INTERFACE -Werror)
+endif()
+
+if(KRT550_SANITIZE)
+    target_compile_options(krt550_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    target_link_options(krt550_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime CCACHE_NOHASHDIR=1
+        CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} ${CCACHE})
+    # ccache can reuse a precompiled header only when the compiler is told to check it by content.
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        add_compile_options(-fpch-preprocess)
+    endif()
+endif()

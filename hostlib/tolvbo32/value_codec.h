@@ -1,0 +1,28 @@
+#pragma once
+
+#include "hostlib/export.h"
+#include "hostlib/tolvbo32/parameter_description.h"
+
+#include <optional>
+
+namespace krt550 {
+
+/// The conversions between raw words and what people read and type. Each returns nothing when it refuses and
+/// then puts the reason into `error`.
+
+/// Number that a raw word stands for, in shown units.
+HOSTLIB_EXPORT double ShownNumber(const ParameterDescription& parameter, quint16 word);
+
+/// Text of a raw word: the value list's text, or the number with the parameter's decimals.
+HOSTLIB_EXPORT QString ShownText(const ParameterDescription& parameter, quint16 word);
+
+/// Raw word of a number in shown units, rounded to the parameter's resolution; checks limits and data type.
+HOSTLIB_EXPORT std::optional<quint16> WordOfNumber(const ParameterDescription& parameter, double shown, QString& error);
+
+/// Raw word of a text: an entry of the value list, or a decimal number (point or comma).
+HOSTLIB_EXPORT std::optional<quint16> WordOfText(const ParameterDescription& parameter, const QString& text, QString& error);
+
+/// Refuses words outside the limits or not in the value list.
+HOSTLIB_EXPORT bool AcceptsWord(const ParameterDescription& parameter, quint16 word, QString& error);
+
+} // namespace krt550

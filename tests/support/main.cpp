@@ -1,0 +1,13 @@
+// Entry point of every test binary: one offscreen Qt application for all its cases.
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    application.setQuitOnLastWindowClosed(false);
+    return RUN_ALL_TESTS();
+}
