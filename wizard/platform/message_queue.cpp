@@ -1,0 +1,15 @@
+#include "wizard/platform/message_queue.h"
+
+#include "wizard/platform/modal_frame.h"
+
+#include <QCoreApplication>
+
+namespace krt550 {
+
+void DrainMessageQueue() {
+    constexpr int kLongestMs = 50;
+    QCoreApplication::processEvents(QEventLoop::AllEvents, kLongestMs);
+    CModalFrame::CancelStoppedFrames();
+}
+
+} // namespace krt550
