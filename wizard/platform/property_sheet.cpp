@@ -63,6 +63,8 @@ void CPropertySheet::ShowPage(CPropertyPage& page) {
     layout()->addWidget(&page);
     page.show();
     page.RestoreDefaultButton();
+    if (m_frame)
+        m_frame->setProperty("layout", page.GetLayoutNumber());
     if (m_tabs) {
         const QSignalBlocker quiet(m_tabs);
         m_tabs->setCurrentIndex(m_active);
