@@ -43,7 +43,7 @@ protected:
         ASSERT_TRUE(m_dialog.Create());
         m_dialog.show();
         m_dialog.activateWindow();
-        QTest::qWaitForWindowActive(&m_dialog);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_dialog));
     }
 
     TestResources m_resources;

@@ -73,7 +73,7 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Layouts, testing::ValuesIn(kLayouts),
-                         [](const auto& info) { return "Layout" + std::to_string(info.param); });
+                         [](const auto& layout) { return "Layout" + std::to_string(layout.param); });
 
 TEST_F(Layouts, NamePlateRowsAreNamedForScreenReadersAndStandInTabOrder) {
     CLayoutWindow window(100);

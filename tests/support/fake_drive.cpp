@@ -72,7 +72,7 @@ ParameterDescription Number(quint16 reg, const QString& name, int decimals, doub
     parameter.decimals = decimals;
     parameter.minimum = minimum;
     parameter.maximum = maximum;
-    parameter.defaultValue = minimum;
+    parameter.defaultValue = minimum > 0 ? minimum : 0;
     parameter.dataType = minimum < 0 ? DataType::Signed16 : DataType::Unsigned16;
     return parameter;
 }

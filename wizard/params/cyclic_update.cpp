@@ -71,7 +71,7 @@ void ClearUpdateList() { std::vector<UpdatePair>().swap(g_updateList); }
 
 int StartParameterUpdate(CWindow& window, int key) {
     int period = 0;
-    const bool known = CWizardTextStore::Instance().GetUpdatePeriod(static_cast<quint16>(key), period);
+    const bool known = CWizardTextStore::Instance().GetUpdatePeriod(key, period);
     return known && period > 0 ? window.SetTimer(key, period) : 0;
 }
 

@@ -55,8 +55,7 @@ void EmptyStatics(const RowStatics& statics) {
 
 void FillChoices(QComboBox& dropDown, const CParameter& parameter, const QString& registerText, TextSource source) {
     if (HasValueTexts(source, registerText)) {
-        for (const auto& [value, text] : AllValueTexts(source, registerText))
-            dropDown.addItem(text);
+        dropDown.addItems(AllValueTexts(source, registerText));
         return;
     }
     const std::unique_ptr<QStringList> entries(parameter.GetValueList());

@@ -16,13 +16,16 @@ bool FindValueText(TextSource source, const QString& registerText, quint16 value
                                             : store.GetConfigurableValueText(registerText, value, text);
 }
 
-std::vector<std::pair<quint16, QString>> AllValueTexts(TextSource source, const QString& registerText) {
+QStringList AllValueTexts(TextSource source, const QString& registerText) {
     CWizardTextStore& store = CWizardTextStore::Instance();
-    std::vector<std::pair<quint16, QString>> texts;
+    QList<ValueText> values;
     if (source == TextSource::WizardFile)
-        store.GetAllValueTexts(registerText, texts);
+        store.GetAllValueTexts(registerText, values);
     else
-        store.GetAllConfigurableValueTexts(registerText, texts);
+        store.GetAllConfigurableValueTexts(registerText, values);
+    QStringList texts;
+    for (const ValueText& value : values)
+        texts.append(value.text);
     return texts;
 }
 

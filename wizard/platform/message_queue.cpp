@@ -8,6 +8,8 @@ namespace krt550 {
 
 void DrainMessageQueue() {
     constexpr int kLongestMs = 50;
+    // Events posted before the caller's own one are not seen as new by every event dispatcher.
+    QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents(QEventLoop::AllEvents, kLongestMs);
     CModalFrame::CancelStoppedFrames();
 }

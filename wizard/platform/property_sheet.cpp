@@ -55,7 +55,11 @@ bool CPropertySheet::SetActivePage(int index) {
         layout()->removeWidget(former);
     }
     ShowPage(*page);
-    page->OnShown();
+    if (isVisible())
+        page->OnShown();
+    else // The first page comes to the front before the window does.
+        QMetaObject::invokeMethod(
+            page, [page] { page->OnShown(); }, Qt::QueuedConnection);
     return true;
 }
 
