@@ -20,7 +20,8 @@ HOSTLIB_EXPORT QString ShownText(const ParameterDescription& parameter, quint16 
 HOSTLIB_EXPORT std::optional<quint16> WordOfNumber(const ParameterDescription& parameter, double shown, QString& error);
 
 /// Raw word of a text: an entry of the value list, or a decimal number (point or comma).
-HOSTLIB_EXPORT std::optional<quint16> WordOfText(const ParameterDescription& parameter, const QString& text, QString& error);
+HOSTLIB_EXPORT std::optional<quint16> WordOfText(const ParameterDescription& parameter, const QString& text,
+                                                 QString& error);
 
 /// Refuses words outside the limits or not in the value list.
 HOSTLIB_EXPORT bool AcceptsWord(const ParameterDescription& parameter, quint16 word, QString& error);
