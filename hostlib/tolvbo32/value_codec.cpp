@@ -100,6 +100,12 @@ std::optional<quint16> WordOfNumber(const ParameterDescription& parameter, doubl
     return static_cast<quint16>(static_cast<qint32>(scaled));
 }
 
+quint16 NearestWord(const ParameterDescription& parameter, double shown) {
+    const Range raw = RawRange(parameter.dataType);
+    const double scaled = std::isnan(shown) ? 0 : std::round(shown * Scale(parameter));
+    return static_cast<quint16>(static_cast<qint32>(std::clamp(scaled, raw.low, raw.high)));
+}
+
 std::optional<quint16> WordOfText(const ParameterDescription& parameter, const QString& text, QString& error) {
     if (parameter.isValueList())
         return WordOfListText(parameter, text, error);

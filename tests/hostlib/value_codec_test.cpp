@@ -78,6 +78,15 @@ TEST(ValueCodec, TurnsNumbersIntoWordsOrRefusesThem) {
     }
 }
 
+TEST(ValueCodec, MeasuredValuesStopAtTheEndOfTheDataType) {
+    EXPECT_EQ(NearestWord(Plain(DataType::Signed16, 1, -10, 10), 12.34), 123);
+    EXPECT_EQ(NearestWord(Plain(DataType::Signed16, 1), 1e9), 0x7FFF);
+    EXPECT_EQ(NearestWord(Plain(DataType::Signed16, 1), -1e9), 0x8000);
+    EXPECT_EQ(NearestWord(Plain(DataType::Unsigned16, 0), -3), 0);
+    EXPECT_EQ(NearestWord(Plain(DataType::Unsigned8, 0), std::numeric_limits<double>::infinity()), 255);
+    EXPECT_EQ(NearestWord(Plain(DataType::Unsigned16, 0), kNaN), 0);
+}
+
 TEST(ValueCodec, ReadsTypedTexts) {
     constexpr int kRefused = -1;
     const ParameterDescription current = Plain(DataType::Signed16, 2, -50, 50);
