@@ -36,11 +36,11 @@ IndexList CWizardTextStore::ListOf(const CTextTable& table) {
     IndexList list;
     if (!EnsureWizardTexts())
         return list;
-    std::vector<CTextTable::Entry> entries(table.Entries().begin(), table.Entries().end());
-    std::ranges::sort(entries, {}, &CTextTable::Entry::key);
-    for (const CTextTable::Entry& entry : entries) {
-        list.keys.append(entry.key);
-        list.texts.append(TextOfField(CTextTable::ColumnOf(entry)));
+    std::vector<quint32> keys = table.Keys();
+    std::ranges::sort(keys);
+    for (const quint32 key : keys) {
+        list.keys.append(key);
+        list.texts.append(TextOfField(table.Find(key)));
     }
     return list;
 }

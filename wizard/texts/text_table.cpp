@@ -9,6 +9,23 @@ namespace {
 
 constexpr char kTab = '\t';
 
+/// Number of columns after the first.
+int CountTabs(std::string_view columns) {
+    int count = 0;
+    for (std::size_t at = columns.find(kTab); at != std::string_view::npos; at = columns.find(kTab, at + 1))
+        ++count;
+    return count;
+}
+
+std::string_view ColumnOf(std::string_view texts, int column) {
+    CTextTokenizer columns(texts, kTab);
+    const std::string_view first = columns.NextToken();
+    std::string_view text = first;
+    for (int at = 1; at <= column; ++at)
+        text = columns.NextToken();
+    return text.empty() ? first : text;
+}
+
 quint32 ValueKey(quint16 reg, quint16 value) {
     return (quint32{reg} << 16) | value;
 }
@@ -21,38 +38,29 @@ bool CTextTable::Read(quint32 key, std::string_view texts) {
         return false;
     const auto [number, isNew] = m_index.Add(key);
     if (isNew)
-        m_entries.push_back({key, m_arena.Keep(texts)});
+        m_texts.push_back(m_arena.Keep(texts));
     else
-        Replace(m_entries[number], texts);
+        Replace(m_texts[number], texts);
     return isNew;
 }
 
 /// Columns that the new line does not have keep their texts.
-void CTextTable::Replace(Entry& entry, std::string_view columns) {
-    const auto formerCount = std::ranges::count(entry.columns, kTab);
-    const auto count = formerCount > 0 ? std::ranges::count(columns, kTab) : 0;
+void CTextTable::Replace(std::string_view& kept, std::string_view columns) {
+    const int formerCount = CountTabs(kept);
+    const int count = formerCount > 0 ? CountTabs(columns) : 0;
     if (count >= formerCount) {
-        m_arena.Replace(entry.columns, columns);
+        m_arena.Replace(kept, columns);
         return;
     }
     std::string merged(columns);
-    for (auto column = count + 1; column <= formerCount; ++column)
-        merged.append(1, kTab).append(ColumnOf(entry, static_cast<int>(column)));
-    m_arena.Replace(entry.columns, merged);
-}
-
-std::string_view CTextTable::ColumnOf(const Entry& entry, int column) {
-    CTextTokenizer columns(entry.columns, kTab);
-    const std::string_view first = columns.NextToken();
-    std::string_view text = first;
-    for (int at = 1; at <= column; ++at)
-        text = columns.NextToken();
-    return text.empty() ? first : text;
+    for (int column = count + 1; column <= formerCount; ++column)
+        merged.append(1, kTab).append(ColumnOf(kept, column));
+    m_arena.Replace(kept, merged);
 }
 
 std::string_view CTextTable::Find(quint32 key, int column) const {
     const quint32 number = m_index.Find(key);
-    return number == CKeyIndex::kNone ? std::string_view() : ColumnOf(m_entries[number], column);
+    return number == CKeyIndex::kNone ? std::string_view() : ColumnOf(m_texts[number], column);
 }
 
 void CValueTextTable::ReadLine(CTextTokenizer& fields) {
@@ -79,7 +87,7 @@ std::vector<quint16> CValueTextTable::ValuesOf(quint16 reg) const {
         return {};
     std::vector<quint16> values;
     for (quint32 entry = m_chains[number].first; entry != CKeyIndex::kNone; entry = m_next[entry])
-        values.push_back(static_cast<quint16>(m_texts.Entries()[entry].key));
+        values.push_back(static_cast<quint16>(m_texts.Keys()[entry]));
     std::ranges::stable_sort(values, {}, [](quint16 value) { return (value / 16) % 17; });
     return values;
 }

@@ -4,7 +4,6 @@
 #include "wizard/texts/text_arena.h"
 #include "wizard/texts/text_tokenizer.h"
 
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -17,11 +16,6 @@ namespace krt550 {
 /// the text of column 0.
 class CTextTable {
 public:
-    struct Entry {
-        quint32 key;
-        std::string_view columns; ///< separated by TABs, never empty
-    };
-
     explicit CTextTable(CTextArena& arena) : m_arena(arena) {}
 
     /// Reads the texts of the rest of a line. True when the key is new.
@@ -30,18 +24,15 @@ public:
     /// Text of a key; empty when there is none. A column that has none falls back to column 0.
     std::string_view Find(quint32 key, int column = 0) const;
 
-    /// All entries, in the order in which their keys first came.
-    std::span<const Entry> Entries() const { return m_entries; }
-
-    /// Text of a column of an entry.
-    static std::string_view ColumnOf(const Entry& entry, int column = 0);
+    /// All keys, in the order in which they first came.
+    const std::vector<quint32>& Keys() const { return m_index.Keys(); }
 
 private:
-    void Replace(Entry& entry, std::string_view columns);
+    void Replace(std::string_view& kept, std::string_view columns);
 
     CTextArena& m_arena;
     CKeyIndex m_index;
-    std::vector<Entry> m_entries;
+    std::vector<std::string_view> m_texts; ///< by number of the key: its columns, separated by TABs, never empty
 };
 
 /// Texts of the values of registers.
