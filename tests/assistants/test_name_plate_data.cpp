@@ -73,7 +73,7 @@ TEST_F(NamePlateData, ChecksAnEditWhenItLosesTheFocus) {
         Robot::Press(kStart);
         m_boxes.Expect("For parameter 9902 given value was invalid.\nPlease input valid value.");
         Robot::Type(ValueId(9902), "9999");
-        m_boxes.ExpectNoMore();
+        m_boxes.Verify();
         EXPECT_EQ(Robot::Text(ValueId(9902)), "9999") << "nothing typed is lost";
         m_drive.TakeLog();
         m_boxes.Expect("For parameter 9902 given value was invalid.\nPlease input valid value.");
@@ -114,7 +114,7 @@ TEST_F(NamePlateData, ShowsTheOtherRowsOfADriveThatLacksOne) {
     RunWizardWith(drive, [&] {
         m_boxes.Expect("- Parameter 3016 not found from drive.\n\nUnable to use the specified parameter.\n");
         Robot::Press(kStart);
-        m_boxes.ExpectNoMore();
+        m_boxes.Verify();
         EXPECT_FALSE(Robot::IsEnabled(ValueId(3016)));
         EXPECT_EQ(Robot::Text(ValueId(9902)), "5");
         QStringList reads = kReads;
