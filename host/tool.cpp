@@ -30,6 +30,12 @@ bool HasDisplay() {
     return false;
 }
 
+/// The offscreen platform says for every window that it cannot constrain its size; nobody who plays a script cares.
+void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (!message.contains(QLatin1String("propagateSizeHints")))
+        Print(stderr, qFormatLogMessage(type, context, message) + QLatin1Char('\n'));
+}
+
 } // namespace
 
 int RunTool(int argc, char** argv) {
@@ -53,6 +59,7 @@ int RunTool(int argc, char** argv) {
     }
     if (!HasDisplay())
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(PassOnMessage);
     // The command line is the tool's own: Qt gets the program name alone.
     int qtArgumentCount = 1;
     QApplication application(qtArgumentCount, argv);
