@@ -24,8 +24,12 @@ CClock& CClock::Current() {
     return g_current ? *g_current : real;
 }
 
-ClockScope::ClockScope(CClock& clock) : m_former(g_current) { g_current = &clock; }
+ClockScope::ClockScope(CClock& clock) : m_former(g_current) {
+    g_current = &clock;
+}
 
-ClockScope::~ClockScope() { g_current = m_former; }
+ClockScope::~ClockScope() {
+    g_current = m_former;
+}
 
 } // namespace krt550

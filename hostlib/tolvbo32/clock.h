@@ -12,7 +12,7 @@ public:
     virtual ~CClock() = default;
     /// Milliseconds since some fixed moment; never goes backwards.
     virtual qint64 Now() = 0;
-    /// Returns after `milliseconds` (>= 0) of this clock's time.
+    /// Returns after `milliseconds` of this clock's time; at once when 0 or less.
     virtual void Sleep(qint64 milliseconds) = 0;
 
     static CClock& Current();
@@ -22,7 +22,7 @@ public:
 class HOSTLIB_EXPORT CSteppedClock : public CClock {
 public:
     qint64 Now() override { return m_now; }
-    void Sleep(qint64 milliseconds) override { m_now += milliseconds; }
+    void Sleep(qint64 milliseconds) override { m_now += milliseconds > 0 ? milliseconds : 0; }
 
 private:
     qint64 m_now = 0;

@@ -11,9 +11,9 @@ namespace {
 
 enum Column { Register, Name, Unit, Type, Kind, Decimals, Minimum, Maximum, Default, Access, Values, ColumnCount };
 
-const QStringList kHeader = {QStringLiteral("register"), QStringLiteral("name"),      QStringLiteral("unit"),
-                             QStringLiteral("data type"), QStringLiteral("type"),      QStringLiteral("decimals"),
-                             QStringLiteral("minimum"),   QStringLiteral("maximum"),   QStringLiteral("default"),
+const QStringList kHeader = {QStringLiteral("register"),  QStringLiteral("name"),    QStringLiteral("unit"),
+                             QStringLiteral("data type"), QStringLiteral("type"),    QStringLiteral("decimals"),
+                             QStringLiteral("minimum"),   QStringLiteral("maximum"), QStringLiteral("default"),
                              QStringLiteral("access"),    QStringLiteral("values")};
 
 /// Reads the fields of one line; remembers the first thing that is wrong.
@@ -61,7 +61,7 @@ quint16 ReadRegister(CLineReader& line) {
     return reg;
 }
 
-std::vector<std::pair<quint16, QString>> ReadValues(CLineReader& line) {
+std::vector<std::pair<quint16, QString>> ReadValues(CLineReader& line, DataType dataType) {
     std::vector<std::pair<quint16, QString>> values;
     QSet<quint16> numbers;
     QSet<QString> texts;
@@ -71,8 +71,9 @@ std::vector<std::pair<quint16, QString>> ReadValues(CLineReader& line) {
         bool ok = false;
         const quint16 number = entry.left(equals).toUShort(&ok);
         const QString text = entry.mid(equals + 1);
-        const bool excluded = text == QLatin1String("#excl#");
-        if (equals < 0 || !ok || text.isEmpty() || numbers.contains(number) || (texts.contains(text) && !excluded)) {
+        const bool repeated = numbers.contains(number) || (texts.contains(text) && text != kExcludedValue);
+        const bool tooWide = dataType == DataType::Unsigned8 && number > 0xFF;
+        if (equals < 0 || !ok || tooWide || text.isEmpty() || repeated) {
             line.fail(QStringLiteral("bad or repeated value \"%1\"").arg(entry));
             break;
         }
@@ -114,7 +115,7 @@ ParameterDescription ReadParameterLine(CLineReader& line) {
     parameter.readOnly = line.text(Access) == QLatin1String("ro");
     if (!parameter.readOnly && line.text(Access) != QLatin1String("rw"))
         line.bad(Access);
-    parameter.values = ReadValues(line);
+    parameter.values = ReadValues(line, parameter.dataType);
     if (line.error().isEmpty())
         CheckNumbers(parameter, line);
     return parameter;
@@ -134,7 +135,7 @@ std::optional<std::vector<ParameterDescription>> ReadDriveDescription(QIODevice&
         if (text.isEmpty() || text.startsWith(QLatin1Char('#')))
             continue;
         const auto report = [&](const QString& what) {
-            errors.append(QStringLiteral("%1:%2: %3").arg(fileName).arg(lineNumber).arg(what));
+            errors.append(QStringLiteral("%1:%2: %3").arg(fileName, QString::number(lineNumber), what));
         };
         const QStringList fields = text.split(QLatin1Char('\t'));
         if (!headerSeen) {

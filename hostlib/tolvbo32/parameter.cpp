@@ -52,7 +52,9 @@ bool CParameter::SetStringValue(const QString& text) {
     return true;
 }
 
-QString CParameter::GetStringValue() const { return ShownText(m_description, m_value); }
+QString CParameter::GetStringValue() const {
+    return ShownText(m_description, m_value);
+}
 
 QStringList* CParameter::GetValueList() const {
     if (!IsValueList())

@@ -23,6 +23,9 @@ enum class ParameterType : int {
     Counter = 10
 };
 
+/// Text of a value list entry for a value that the drive knows but nobody may choose.
+inline const QString kExcludedValue = QStringLiteral("#excl#");
+
 /// All that is known of one parameter, values apart. Limits and default in shown units.
 struct ParameterDescription {
     quint16 reg = 0; ///< register number, 9906 for 99.06

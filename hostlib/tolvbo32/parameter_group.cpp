@@ -16,6 +16,7 @@ void CParameterGroup::Add(std::unique_ptr<CParameterSet> child) {
     if (auto* parameter = dynamic_cast<CParameter*>(child.get())) {
         Index(GetIndex() + parameter->GetIndex(), parameter);
     } else if (auto* group = dynamic_cast<CParameterGroup*>(child.get())) {
+        group->m_attached = true;
         for (auto it = group->m_byRegister.cbegin(); it != group->m_byRegister.cend(); ++it)
             Index(it.key(), it.value());
     }
@@ -27,7 +28,7 @@ CParameter* CParameterGroup::FindChildByRegister(const QString& registerText) co
 }
 
 void CParameterGroup::Index(const QString& registerText, CParameter* parameter) {
-    for (CParameterGroup* group = this; group; group = group->GetParent())
+    for (CParameterGroup* group = this; group; group = group->m_attached ? group->GetParent() : nullptr)
         group->m_byRegister.insert(registerText, parameter);
 }
 

@@ -32,6 +32,7 @@ private:
 
     std::vector<std::unique_ptr<CParameterSet>> m_children;
     QHash<QString, CParameter*> m_byRegister;
+    bool m_attached = false; ///< added to its parent, which therefore knows the parameters of this group
 };
 
 } // namespace krt550

@@ -16,6 +16,8 @@ quint16 CParameterSet::GetRegister() const {
     return digits.toUShort();
 }
 
-QString CParameterSet::GetLastError(int which) const { return which == 0 ? m_lastError : QString(); }
+QString CParameterSet::GetLastError(int which) const {
+    return which == 0 ? m_lastError : QString();
+}
 
 } // namespace krt550

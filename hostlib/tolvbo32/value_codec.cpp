@@ -28,7 +28,9 @@ Range RawRange(DataType type) {
     return {0, 65535};
 }
 
-double Scale(const ParameterDescription& parameter) { return std::pow(10.0, parameter.decimals); }
+double Scale(const ParameterDescription& parameter) {
+    return std::pow(10.0, parameter.decimals);
+}
 
 Range ShownRange(const ParameterDescription& parameter) {
     if (parameter.hasLimits())
@@ -45,6 +47,26 @@ QString OutOfRange(const ParameterDescription& parameter, const QString& value) 
              unit);
 }
 
+auto FindValue(const ParameterDescription& parameter, quint16 word) {
+    return std::ranges::find_if(parameter.values, [word](const auto& value) { return value.first == word; });
+}
+
+/// Word of a text of the value list, or of the number of one of its values; values that are not offered are not taken.
+std::optional<quint16> WordOfListText(const ParameterDescription& parameter, const QString& text, QString& error) {
+    auto entry = std::ranges::find_if(parameter.values, [&text](const auto& value) { return value.second == text; });
+    if (entry == parameter.values.end()) {
+        bool isWord = false;
+        const quint16 word = text.trimmed().toUShort(&isWord);
+        if (isWord)
+            entry = FindValue(parameter, word);
+    }
+    if (entry == parameter.values.end() || entry->second == kExcludedValue) {
+        error = QStringLiteral("Parameter %1: \"%2\" is not one of its values.").arg(parameter.displayName(), text);
+        return std::nullopt;
+    }
+    return entry->first;
+}
+
 } // namespace
 
 double ShownNumber(const ParameterDescription& parameter, quint16 word) {
@@ -57,9 +79,8 @@ double ShownNumber(const ParameterDescription& parameter, quint16 word) {
 }
 
 QString ShownText(const ParameterDescription& parameter, quint16 word) {
-    const auto entry =
-        std::ranges::find(parameter.values, word, [](const std::pair<quint16, QString>& value) { return value.first; });
-    if (entry != parameter.values.end())
+    const auto entry = FindValue(parameter, word);
+    if (entry != parameter.values.end() && entry->second != kExcludedValue)
         return entry->second;
     return dtoa(ShownNumber(parameter, word), parameter.decimals);
 }
@@ -67,10 +88,11 @@ QString ShownText(const ParameterDescription& parameter, quint16 word) {
 std::optional<quint16> WordOfNumber(const ParameterDescription& parameter, double shown, QString& error) {
     const Range limits = ShownRange(parameter);
     const Range raw = RawRange(parameter.dataType);
-    // Half a step of slack, so that 0.1 + 0.2 typed against a limit of 0.3 is not refused.
-    const double slack = 0.5 / Scale(parameter);
     const double scaled = std::round(shown * Scale(parameter));
-    const bool inside = shown > limits.low - slack && shown < limits.high + slack;
+    // A thousandth of a step of slack: limits such as 0.3 have no exact binary form.
+    constexpr double kSlack = 0.001;
+    const bool inside =
+        scaled >= limits.low * Scale(parameter) - kSlack && scaled <= limits.high * Scale(parameter) + kSlack;
     if (!std::isfinite(shown) || !inside || scaled < raw.low || scaled > raw.high) {
         error = OutOfRange(parameter, QString::number(shown, 'g', 10));
         return std::nullopt;
@@ -78,38 +100,39 @@ std::optional<quint16> WordOfNumber(const ParameterDescription& parameter, doubl
     return static_cast<quint16>(static_cast<qint32>(scaled));
 }
 
+quint16 NearestWord(const ParameterDescription& parameter, double shown) {
+    const Range raw = RawRange(parameter.dataType);
+    const double scaled = std::isnan(shown) ? 0 : std::round(shown * Scale(parameter));
+    return static_cast<quint16>(static_cast<qint32>(std::clamp(scaled, raw.low, raw.high)));
+}
+
 std::optional<quint16> WordOfText(const ParameterDescription& parameter, const QString& text, QString& error) {
-    if (parameter.isValueList()) {
-        const auto entry = std::ranges::find(parameter.values, text,
-                                             [](const std::pair<quint16, QString>& value) { return value.second; });
-        if (entry != parameter.values.end())
-            return entry->first;
-    }
+    if (parameter.isValueList())
+        return WordOfListText(parameter, text, error);
     QString number = text.trimmed();
     number.replace(QLatin1Char(','), QLatin1Char('.'));
     bool isNumber = false;
     const double shown = QLocale::c().toDouble(number, &isNumber);
     if (!isNumber) {
-        const QString expected =
-            parameter.isValueList() ? QStringLiteral("one of its values") : QStringLiteral("a number");
-        error = QStringLiteral("Parameter %1: \"%2\" is not %3.").arg(parameter.displayName(), text, expected);
+        error = QStringLiteral("Parameter %1: \"%2\" is not a number.").arg(parameter.displayName(), text);
         return std::nullopt;
     }
-    const std::optional<quint16> word = WordOfNumber(parameter, shown, error);
-    if (word && !AcceptsWord(parameter, *word, error))
-        return std::nullopt;
-    return word;
+    return WordOfNumber(parameter, shown, error);
 }
 
 bool AcceptsWord(const ParameterDescription& parameter, quint16 word, QString& error) {
     if (parameter.isValueList()) {
-        const bool listed = std::ranges::any_of(parameter.values, [word](const auto& v) { return v.first == word; });
+        const bool listed = FindValue(parameter, word) != parameter.values.end();
         if (!listed)
-            error = QStringLiteral("Parameter %1: %2 is not one of its values.").arg(parameter.displayName()).arg(word);
+            error = QStringLiteral("Parameter %1: %2 is not one of its values.")
+                        .arg(parameter.displayName(), QString::number(word));
         return listed;
     }
-    const double shown = ShownNumber(parameter, word);
-    return WordOfNumber(parameter, shown, error).has_value();
+    if (parameter.dataType == DataType::Unsigned8 && word > RawRange(parameter.dataType).high) {
+        error = OutOfRange(parameter, QString::number(word));
+        return false;
+    }
+    return WordOfNumber(parameter, ShownNumber(parameter, word), error).has_value();
 }
 
 } // namespace krt550

@@ -19,8 +19,13 @@ HOSTLIB_EXPORT QString ShownText(const ParameterDescription& parameter, quint16 
 /// Raw word of a number in shown units, rounded to the parameter's resolution; checks limits and data type.
 HOSTLIB_EXPORT std::optional<quint16> WordOfNumber(const ParameterDescription& parameter, double shown, QString& error);
 
+/// Raw word nearest to a number in shown units: rounded, and held within what the data type can carry. For values
+/// that a drive measures; limits and value list do not count. NaN gives 0.
+HOSTLIB_EXPORT quint16 NearestWord(const ParameterDescription& parameter, double shown);
+
 /// Raw word of a text: an entry of the value list, or a decimal number (point or comma).
-HOSTLIB_EXPORT std::optional<quint16> WordOfText(const ParameterDescription& parameter, const QString& text, QString& error);
+HOSTLIB_EXPORT std::optional<quint16> WordOfText(const ParameterDescription& parameter, const QString& text,
+                                                 QString& error);
 
 /// Refuses words outside the limits or not in the value list.
 HOSTLIB_EXPORT bool AcceptsWord(const ParameterDescription& parameter, quint16 word, QString& error);

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+#include <algorithm>
+#include <array>
+
+namespace krt550 {
+
+/// A trip of the drive: its code (1 to 3999) and what it means.
+struct FaultCode {
+    quint16 code;
+    const char* text;
+};
+
+inline constexpr quint16 kFaultMainContactor = 108;
+inline constexpr quint16 kFaultExternal = 110;
+
+inline constexpr std::array<FaultCode, 10> kFaultCodes = {{
+    {101, "armature overcurrent"},
+    {102, "armature overvoltage"},
+    {103, "mains voltage lost"},
+    {104, "field current lost"},
+    {105, "motor overspeed"},
+    {106, "motor overtemperature"},
+    {107, "speed feedback lost"},
+    {kFaultMainContactor, "main contactor does not follow its command"},
+    {109, "connection lost in local control"},
+    {kFaultExternal, "external trip"},
+}};
+
+/// "fault 110 (external trip)".
+inline QString FaultText(quint16 code) {
+    const auto* const found = std::find_if(kFaultCodes.begin(), kFaultCodes.end(),
+                                           [code](const FaultCode& fault) { return fault.code == code; });
+    const QString text = QStringLiteral("fault %1").arg(code);
+    return found == kFaultCodes.end() ? text : QStringLiteral("%1 (%2)").arg(text, QString::fromLatin1(found->text));
+}
+
+} // namespace krt550

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "drive/switch_logic.h"
+
+namespace krt550 {
+
+class CRegisterFile;
+
+/// Who commands the drive.
+enum class ControlPlace {
+    Remote, ///< terminals, or the overriding control by the main control word
+    Local,  ///< the commissioning tool
+    Other   ///< another place that does not give the drive up
+};
+
+/// The drive's inner state as its signals show it.
+struct DriveSignals {
+    SwitchInputs inputs;
+    DriveState state = DriveState::Inhibited;
+    quint16 statusBits = 0; ///< 0 to 6
+    bool driving = false;
+    ControlPlace place = ControlPlace::Remote;
+    double speed = 0;          ///< [rpm]
+    double speedReference = 0; ///< after the ramp [rpm]
+    double baseSpeed = 0;      ///< [rpm]
+    qint64 milliseconds = 0;   ///< since the drive was powered up
+    int starts = 0;
+    int trips = 0;
+    quint16 lastFault = 0;
+};
+
+/// Puts the signals into the registers that show them.
+void ShowSignals(const DriveSignals& state, CRegisterFile& registers);
+
+} // namespace krt550

@@ -1,0 +1,63 @@
+#include "drive/fault_modes.h"
+
+#include <gtest/gtest.h>
+
+namespace krt550 {
+namespace {
+
+TEST(FaultModes, TextsAreReadAndWrittenAlike) {
+    for (const char* text :
+         {"no-answer", "read-fails:9906", "write-refused:801", "late-answer:60000", "other-control", "contactor-stuck",
+          "trip:104", "short-record", "truncated-record:0", "truncated-record:74", "record-error:3", "missing:406"}) {
+        QString error;
+        const auto mode = ParseFaultMode(QString::fromLatin1(text), error);
+        ASSERT_TRUE(mode) << text << ": " << error.toStdString();
+        EXPECT_EQ(FaultModeText(*mode).toStdString(), text);
+        EXPECT_TRUE(FaultModeNames().contains(QString::fromLatin1(text).section(u':', 0, 0)));
+    }
+    QString error;
+    EXPECT_EQ(FaultModeText(ParseFaultMode(QStringLiteral("trip"), error).value()).toStdString(), "trip:110");
+}
+
+TEST(FaultModes, WhatIsNotOneIsRefusedInWords) {
+    const struct {
+        const char* text;
+        const char* words;
+    } cases[] = {
+        {"", "Known are: no-answer, read-fails:REG, write-refused:REG, late-answer:MS"},
+        {"No-Answer", "Known are: no-answer"},
+        {"noanswer:5", "There is no fault mode \"noanswer:5\""},
+        {"read-fails", "must read read-fails:REG with REG from 100 to 65535"},
+        {"read-fails:", "must read read-fails:REG"},
+        {"read-fails:99.06", "must read read-fails:REG"},
+        {"missing:70000", "from 100 to 65535"},
+        {"late-answer:0", "from 1 to 60000"},
+        {"truncated-record:75", "from 0 to 74"},
+        {"trip:4000", "must read trip[:CODE] with CODE from 1 to 3999"},
+        {"trip:", "must read trip[:CODE]"},
+        {"no-answer:1", "must read no-answer."},
+    };
+    for (const auto& c : cases) {
+        QString error;
+        EXPECT_FALSE(ParseFaultMode(QString::fromLatin1(c.text), error)) << c.text;
+        EXPECT_TRUE(error.contains(QLatin1String(c.words))) << error.toStdString();
+    }
+}
+
+TEST(FaultModes, RegistersStandSideBySideAndOtherKindsReplaceEachOther) {
+    CFaultModes modes;
+    modes.Add({FaultModeKind::ReadFails, 801});
+    modes.Add({FaultModeKind::ReadFails, 9906});
+    modes.Add({FaultModeKind::ReadFails, 801});
+    modes.Add({FaultModeKind::LateAnswer, 10});
+    modes.Add({FaultModeKind::LateAnswer, 20});
+    EXPECT_EQ(modes.GetModes().size(), 3U);
+    EXPECT_TRUE(modes.Has(FaultModeKind::ReadFails, 801));
+    EXPECT_EQ(modes.Find(FaultModeKind::LateAnswer), 20U);
+    modes.Remove({FaultModeKind::ReadFails, 801});
+    EXPECT_FALSE(modes.Has(FaultModeKind::ReadFails, 801));
+    EXPECT_TRUE(modes.Has(FaultModeKind::ReadFails, 9906));
+}
+
+} // namespace
+} // namespace krt550

@@ -1,0 +1,59 @@
+#include "drive/register_file.h"
+#include "tests/drive/drive_sample.h"
+
+#include <gtest/gtest.h>
+
+namespace krt550 {
+namespace {
+
+TEST(RegisterFile, StartsAtTheDefaultsAsRawWords) {
+    const CRegisterFile registers(test::SampleDrive());
+    EXPECT_EQ(registers.GetWord(reg::kSpeedMinimum), 0xFA24);
+    EXPECT_EQ(registers.GetWord(reg::kRampUp), 1000);
+    EXPECT_EQ(registers.GetNumber(reg::kRampUp, 0), 10);
+}
+
+TEST(RegisterFile, LinkIsRefusedWhereADriveWouldRefuse) {
+    CRegisterFile registers(test::SampleDrive());
+    const struct {
+        quint16 reg;
+        quint16 word;
+        const char* reason; ///< null: accepted
+    } cases[] = {
+        {reg::kRampUp, 30000, nullptr},
+        {reg::kRampUp, 30001, "out of range"},
+        {reg::kSpeedMinimum, 0xFFFF, nullptr},
+        {reg::kServiceMode, 2, nullptr},
+        {reg::kServiceMode, 3, "99.06 Service mode: 3 is not one of its values"},
+        {reg::kSpeed, 1, "1.04 Speed is read-only"},
+        {4205, 1, "no parameter 42.05"},
+    };
+    for (const auto& c : cases) {
+        QString error;
+        const quint16 before = registers.GetWord(c.reg);
+        EXPECT_EQ(registers.WriteFromLink(c.reg, c.word, error), !c.reason) << c.reg;
+        EXPECT_TRUE(error.contains(QLatin1String(c.reason))) << error.toStdString();
+        EXPECT_EQ(registers.GetWord(c.reg), c.reason ? before : c.word);
+    }
+    quint16 word = 77;
+    QString error;
+    EXPECT_FALSE(registers.ReadFromLink(4205, word, error));
+    EXPECT_EQ(word, 77);
+    EXPECT_TRUE(error.contains(QLatin1String("42.05")));
+}
+
+TEST(RegisterFile, InsideSetsEverythingAndPassesOverWhatIsMissing) {
+    CRegisterFile registers(test::SampleDrive());
+    registers.SetNumber(reg::kSpeed, -12.4);
+    EXPECT_EQ(registers.GetWord(reg::kSpeed), 0xFFF4);
+    registers.SetNumber(reg::kSpeed, 1e6);
+    EXPECT_EQ(registers.GetNumber(reg::kSpeed, 0), 32767);
+    registers.SetWord(4205, 1);
+    registers.SetNumber(4205, 1);
+    EXPECT_FALSE(registers.Has(4205));
+    EXPECT_EQ(registers.GetNumber(4205, 3.5), 3.5);
+    EXPECT_EQ(registers.GetWord(4205, 9), 9);
+}
+
+} // namespace
+} // namespace krt550

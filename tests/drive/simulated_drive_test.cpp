@@ -1,0 +1,317 @@
+#include "drive/control_word.h"
+#include "drive/fault_codes.h"
+#include "drive/simulated_drive.h"
+#include "hostlib/tolvbo32/clock.h"
+#include "tests/drive/drive_sample.h"
+
+#include <gtest/gtest.h>
+
+namespace krt550 {
+namespace {
+
+constexpr quint16 kRemoteOn = control::kByOverridingControl | control::kIdle | control::kOn;
+constexpr quint16 kRemoteRun = kRemoteOn | control::kRun;
+
+class SimulatedDriveTest : public testing::Test {
+protected:
+    double Speed() { return m_drive.GetRegisters().GetNumber(reg::kSpeed, -1); }
+    quint16 Status() {
+        quint16 word = 0;
+        EXPECT_TRUE(m_drive.ReadRegister(reg::kStatusWord, word));
+        return word;
+    }
+    void Seconds(double seconds) {
+        m_clock.Sleep(static_cast<qint64>(seconds * 1000));
+        m_drive.Advance();
+    }
+    void Remote(quint16 word) { ASSERT_TRUE(m_drive.WriteRegister(reg::kControlWord, word)); }
+    /// Local control, contactor closed, motor started.
+    void Run(double rpm) {
+        ASSERT_TRUE(m_drive.TakeLocalControl());
+        ASSERT_TRUE(m_drive.SetSpeedReference(rpm));
+        ASSERT_TRUE(m_drive.CloseContactor());
+        ASSERT_TRUE(m_drive.StartMotor());
+    }
+    std::string Error() const { return m_drive.GetLastError().toStdString(); }
+
+    CSteppedClock m_clock;
+    ClockScope m_scope{m_clock};
+    CSimulatedDrive m_drive{test::SampleDrive()};
+};
+
+TEST_F(SimulatedDriveTest, RunsUpAndDownInTheRampTimes) {
+    EXPECT_EQ(Status(), 0b1000110001) << "ready, no stop active, control requested";
+    Run(1500);
+    EXPECT_FALSE(m_drive.IsStopped());
+    Seconds(5);
+    EXPECT_EQ(Speed(), 750);
+    EXPECT_EQ(m_drive.GetRegisters().GetNumber(reg::kSpeedReference, 0), 750);
+    EXPECT_EQ(m_drive.GetRegisters().GetNumber(reg::kSpeedEmf, 0), 750);
+    Seconds(10);
+    EXPECT_EQ(Speed(), 1500);
+    EXPECT_EQ(Status(), 0b10100110111) << "in operation, at its reference, above the threshold";
+
+    ASSERT_TRUE(m_drive.StopMotor());
+    ASSERT_TRUE(m_drive.OpenContactor());
+    Seconds(4.9);
+    EXPECT_NE(Status() & status::kOperationEnabled, 0) << "a motor that is still driven denies the next start";
+    EXPECT_FALSE(m_drive.IsStopped());
+    EXPECT_TRUE(m_drive.IsContactorClosed()) << "opens without current only";
+    Seconds(0.2);
+    EXPECT_EQ(Speed(), 0);
+    EXPECT_TRUE(m_drive.IsStopped());
+    EXPECT_FALSE(m_drive.IsContactorClosed());
+}
+
+TEST_F(SimulatedDriveTest, StopKeepsTheContactorClosedForTheNextStart) {
+    Run(-600);
+    Seconds(10);
+    ASSERT_TRUE(m_drive.StopMotor());
+    Seconds(10);
+    EXPECT_TRUE(m_drive.IsStopped());
+    EXPECT_TRUE(m_drive.IsContactorClosed());
+    ASSERT_TRUE(m_drive.StartMotor());
+    Seconds(1);
+    EXPECT_EQ(Speed(), -150);
+}
+
+TEST_F(SimulatedDriveTest, CommandsNeedLocalControlAndTheirOrder) {
+    const std::pair<bool (CSimulatedDrive::*)(), const char*> needLocal[] = {
+        {&CSimulatedDrive::CloseContactor, "close"},
+        {&CSimulatedDrive::OpenContactor, "open"},
+        {&CSimulatedDrive::StartMotor, "start"},
+        {&CSimulatedDrive::StopMotor, "stop"},
+        {&CSimulatedDrive::ReleaseLocalControl, "release"},
+    };
+    for (const auto& [command, name] : needLocal) {
+        EXPECT_FALSE((m_drive.*command)()) << name;
+        EXPECT_EQ(Error(), "Take local control of the drive first.");
+    }
+    ASSERT_TRUE(m_drive.TakeLocalControl());
+    EXPECT_FALSE(m_drive.StartMotor());
+    EXPECT_EQ(Error(), "Close the main contactor first.");
+    ASSERT_TRUE(m_drive.CloseContactor());
+    Seconds(5);
+    EXPECT_EQ(m_drive.GetState(), DriveState::On) << "a refused start is not made up for later";
+
+    const DriveCounters& told = m_drive.GetCounters();
+    EXPECT_EQ(told.motorStarts, 2);
+    EXPECT_EQ(told.motorStops, 1);
+    EXPECT_EQ(told.contactorCloses, 2);
+    EXPECT_EQ(told.contactorOpens, 1);
+    EXPECT_EQ(told.localTakes, 1);
+    EXPECT_EQ(told.localReleases, 1);
+}
+
+TEST_F(SimulatedDriveTest, ReopenedContactorNeedsANewStart) {
+    Run(500);
+    Seconds(1);
+    ASSERT_TRUE(m_drive.OpenContactor());
+    Seconds(5);
+    ASSERT_TRUE(m_drive.CloseContactor());
+    Seconds(5);
+    EXPECT_EQ(Speed(), 0);
+    EXPECT_TRUE(m_drive.IsStopped());
+}
+
+TEST_F(SimulatedDriveTest, ReferenceStaysWithinTheSpeedLimits) {
+    ASSERT_TRUE(m_drive.TakeLocalControl());
+    for (const double refused : {2000.1, -1500.1, double(NAN), double(INFINITY)}) {
+        EXPECT_FALSE(m_drive.SetSpeedReference(refused)) << refused;
+        EXPECT_NE(Error().find("speed limits"), std::string::npos);
+    }
+    for (const double taken : {2000.0, -1500.0, 0.0})
+        EXPECT_TRUE(m_drive.SetSpeedReference(taken)) << taken;
+    ASSERT_TRUE(m_drive.SetSpeedReference(2000));
+    ASSERT_TRUE(m_drive.WriteRegister(reg::kSpeedMaximum, 1200));
+    EXPECT_EQ(m_drive.GetSpeedReference(), 1200) << "limits that come closer hold at once";
+}
+
+TEST_F(SimulatedDriveTest, OverridingControlRunsTheDriveByItsControlWord) {
+    m_drive.GetRegisters().SetNumber(reg::kRemoteReference, 300);
+    Remote(control::kIdle | control::kOn | control::kRun);
+    Seconds(5);
+    EXPECT_EQ(Speed(), 0) << "the word does not count without its control bit";
+    Remote(kRemoteRun & ~control::kOn);
+    Remote(kRemoteRun);
+    Seconds(5);
+    EXPECT_EQ(Speed(), 300);
+    EXPECT_EQ(m_drive.GetRegisters().GetWord(reg::kUsedControlWord), kRemoteRun);
+    EXPECT_NE(Status() & (status::kReadyToOperate | status::kOperationEnabled), 0);
+
+    Remote(kRemoteRun & ~control::kUnfreezeRamp);
+    m_drive.GetRegisters().SetNumber(reg::kRemoteReference, 900);
+    Seconds(5);
+    EXPECT_EQ(Speed(), 300) << "frozen";
+    Remote(kRemoteRun & ~control::kEnableSetpoint);
+    Seconds(0.5);
+    EXPECT_EQ(Speed(), 150) << "ramps to 0";
+    Remote(kRemoteRun & ~control::kEnableRamp);
+    Seconds(0.01);
+    EXPECT_EQ(Speed(), 0) << "at once";
+}
+
+TEST_F(SimulatedDriveTest, CoastAndQuickStopDifferInTheirWayToStandstill) {
+    m_drive.GetRegisters().SetNumber(reg::kRemoteReference, 1500);
+    const struct {
+        quint16 bit;
+        double speedAfterHalfASecond;
+        bool contactor;
+    } cases[] = {{control::kNoCoastStop, 1425, false}, {control::kNoQuickStop, 750, true}};
+    for (const auto& c : cases) {
+        Remote(kRemoteOn & ~control::kOn);
+        Remote(kRemoteRun);
+        Seconds(30);
+        ASSERT_EQ(Speed(), 1500);
+        Remote(kRemoteRun & ~c.bit);
+        Seconds(0.5);
+        EXPECT_EQ(Speed(), c.speedAfterHalfASecond);
+        EXPECT_EQ(m_drive.IsContactorClosed(), c.contactor);
+        Seconds(30);
+        Remote(kRemoteRun);
+        Seconds(1);
+        EXPECT_EQ(Speed(), 0) << "the on command must go back first";
+        EXPECT_NE(Status() & status::kInhibited, 0);
+    }
+}
+
+TEST_F(SimulatedDriveTest, LocalControlTakesOverWithoutAJerkAndGivesBackWithAStop) {
+    m_drive.GetRegisters().SetNumber(reg::kRemoteReference, 600);
+    ASSERT_TRUE(m_drive.TakeLocalControl());
+    EXPECT_EQ(m_drive.GetSpeedReference(), 0) << "an idle drive gets no reference from elsewhere";
+    ASSERT_TRUE(m_drive.ReleaseLocalControl());
+    Remote(kRemoteOn & ~control::kOn);
+    Remote(kRemoteRun);
+    Seconds(10);
+    ASSERT_TRUE(m_drive.TakeLocalControl());
+    EXPECT_EQ(Status() & status::kControlRequested, 0);
+    Seconds(5);
+    EXPECT_EQ(Speed(), 600);
+
+    Remote(0);
+    Seconds(5);
+    EXPECT_EQ(Speed(), 600) << "the overriding control has nothing to say now";
+    ASSERT_TRUE(m_drive.ReleaseLocalControl());
+    Seconds(5);
+    EXPECT_TRUE(m_drive.IsStopped());
+    EXPECT_FALSE(m_drive.IsContactorClosed());
+}
+
+TEST_F(SimulatedDriveTest, OtherControlPlaceTakesTheDriveAway) {
+    Run(1000);
+    Seconds(10);
+    m_drive.SetOtherControl(true);
+    EXPECT_FALSE(m_drive.StopMotor());
+    EXPECT_EQ(Error(), "Another control place holds the drive.");
+    EXPECT_FALSE(m_drive.TakeLocalControl());
+    Seconds(10);
+    EXPECT_TRUE(m_drive.IsStopped()) << "nobody commands the motor any more";
+    m_drive.SetOtherControl(false);
+    EXPECT_EQ(m_drive.GetControlPlace(), ControlPlace::Remote) << "what was taken away does not come back";
+    EXPECT_TRUE(m_drive.TakeLocalControl());
+}
+
+TEST_F(SimulatedDriveTest, TripCoastsAndIsRememberedUntilItIsReset) {
+    Run(900);
+    Seconds(10);
+    m_drive.SetTripCause(104);
+    EXPECT_EQ(Status() & (status::kFault | status::kInhibited), status::kFault | status::kInhibited);
+    EXPECT_FALSE(m_drive.IsContactorClosed());
+    Seconds(1);
+    EXPECT_EQ(Speed(), 750) << "coasts";
+    ASSERT_TRUE(m_drive.GetFaultFields());
+    EXPECT_EQ(m_drive.GetFaultFields()->at(1).value, 104U);
+    EXPECT_EQ(m_drive.GetFaultFields()->at(0).value, 100000U) << "10 s after power-up";
+    EXPECT_EQ(m_drive.GetFaultFields()->at(7).value, 900U) << "the speed at the moment of the trip";
+
+    EXPECT_FALSE(m_drive.CloseContactor());
+    EXPECT_NE(Error().find("fault 104 (field current lost)"), std::string::npos) << Error();
+    EXPECT_FALSE(m_drive.ResetFault()) << "its cause is still there";
+    m_drive.SetTripCause(0);
+    EXPECT_EQ(m_drive.GetActiveFault(), 104) << "a fault stays until it is reset";
+    EXPECT_TRUE(m_drive.ResetFault());
+    EXPECT_FALSE(m_drive.CloseContactor());
+    EXPECT_NE(Error().find("inhibited"), std::string::npos);
+    ASSERT_TRUE(m_drive.OpenContactor());
+    EXPECT_TRUE(m_drive.CloseContactor());
+    EXPECT_TRUE(m_drive.GetFaultFields()) << "the buffer keeps the last fault";
+}
+
+TEST_F(SimulatedDriveTest, OverridingControlAcknowledgesWithARisingEdge) {
+    Remote(kRemoteOn & ~control::kOn);
+    Remote(kRemoteOn | control::kAcknowledge);
+    m_drive.Trip(kFaultExternal);
+    EXPECT_EQ(m_drive.GetActiveFault(), kFaultExternal);
+    Remote(kRemoteOn);
+    EXPECT_EQ(m_drive.GetActiveFault(), kFaultExternal);
+    Remote(kRemoteOn | control::kAcknowledge);
+    EXPECT_EQ(m_drive.GetActiveFault(), 0);
+}
+
+TEST_F(SimulatedDriveTest, StuckContactorFailsTheCommandAndThenTrips) {
+    ASSERT_TRUE(m_drive.TakeLocalControl());
+    m_drive.SetContactorStuck(true);
+    EXPECT_FALSE(m_drive.CloseContactor());
+    EXPECT_EQ(Error(), "The main contactor does not close.");
+    EXPECT_FALSE(m_drive.StartMotor());
+    Seconds(0.5);
+    EXPECT_EQ(m_drive.GetActiveFault(), 0);
+    Seconds(1);
+    EXPECT_EQ(m_drive.GetActiveFault(), kFaultMainContactor);
+
+    m_drive.SetContactorStuck(false);
+    ASSERT_TRUE(m_drive.ResetFault());
+    ASSERT_TRUE(m_drive.OpenContactor());
+    ASSERT_TRUE(m_drive.CloseContactor());
+    m_drive.SetContactorStuck(true);
+    EXPECT_FALSE(m_drive.OpenContactor());
+    EXPECT_EQ(Error(), "The main contactor does not open.");
+    EXPECT_TRUE(m_drive.IsContactorClosed());
+}
+
+TEST_F(SimulatedDriveTest, ServiceModeKeepsWhatIsWritten) {
+    ASSERT_TRUE(m_drive.WriteRegister(reg::kServiceMode, 2));
+    Seconds(600);
+    quint16 mode = 0;
+    ASSERT_TRUE(m_drive.ReadRegister(reg::kServiceMode, mode));
+    EXPECT_EQ(mode, 2);
+    ASSERT_TRUE(m_drive.WriteRegister(reg::kServiceMode, 0));
+    EXPECT_EQ(m_drive.GetCounters().writes[reg::kServiceMode], 2);
+    EXPECT_EQ(m_drive.GetCounters().reads[reg::kServiceMode], 1);
+}
+
+TEST(SimulatedDriveWithoutRegisters, StillSwitchesTurnsAndTrips) {
+    CSteppedClock clock;
+    const ClockScope scope(clock);
+    CSimulatedDrive drive({});
+    ASSERT_TRUE(drive.TakeLocalControl());
+    ASSERT_TRUE(drive.SetSpeedReference(1000));
+    ASSERT_TRUE(drive.CloseContactor());
+    ASSERT_TRUE(drive.StartMotor());
+    clock.Sleep(60000);
+    drive.Advance();
+    EXPECT_EQ(drive.GetSpeed(), 1000);
+    drive.Trip(kFaultExternal);
+    EXPECT_EQ(drive.ReadFaultRecord().size(), kFaultRecordSize);
+}
+
+TEST(SimulatedDriveClock, AClockThatStartsAnewDoesNotTurnTimeBack) {
+    CSteppedClock first;
+    first.Sleep(1000000);
+    ClockScope firstScope(first);
+    CSimulatedDrive drive(test::SampleDrive());
+    drive.TakeLocalControl();
+    drive.SetSpeedReference(1000);
+    drive.CloseContactor();
+    drive.StartMotor();
+    CSteppedClock second;
+    const ClockScope secondScope(second);
+    drive.Advance();
+    EXPECT_EQ(drive.GetSpeed(), 0);
+    second.Sleep(1000);
+    drive.Advance();
+    EXPECT_NEAR(drive.GetSpeed(), 150, 1e-6);
+}
+
+} // namespace
+} // namespace krt550

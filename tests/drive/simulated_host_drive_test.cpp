@@ -1,0 +1,231 @@
+#include "drive/simulated_host_drive.h"
+#include "hostlib/tolvbo32/clock.h"
+#include "hostlib/tolvbo32/parameter.h"
+#include "hostlib/tolvcom32/communication_facade.h"
+#include "tests/drive/drive_sample.h"
+
+#include <gtest/gtest.h>
+
+namespace krt550 {
+namespace {
+
+class SimulatedHostDriveTest : public testing::Test {
+protected:
+    void Mode(const char* text) {
+        QString error;
+        ASSERT_TRUE(m_host.SetFaultMode(QString::fromLatin1(text), error)) << error.toStdString();
+    }
+    CParameter* Find(const char* reg) {
+        CParameterGroup* root = nullptr;
+        return m_host.GetParameterRoot(&root) ? root->FindChildByRegister(QString::fromLatin1(reg)) : nullptr;
+    }
+    quint16 ReadRecord() {
+        quint32 header = 0;
+        quint32 count = 39;
+        const FaultBufferRequest request;
+        return m_host.ReadFaultBuffer(header, &request, &count, m_record);
+    }
+    std::string Error() const { return m_host.GetLastErrorText().toStdString(); }
+
+    CSteppedClock m_clock;
+    ClockScope m_scope{m_clock};
+    CSimulatedHostDrive m_host{test::SampleDrive(), QStringLiteral("C:\\Wizard\\KRT550Wizard")};
+    QByteArray m_record;
+};
+
+TEST_F(SimulatedHostDriveTest, IsACompleteHostDrive) {
+    EXPECT_EQ(m_host.GetDriveInfo()->GetWizardPath().toStdString(), "C:\\Wizard\\KRT550Wizard");
+    ASSERT_TRUE(m_host.GetDriveTexts());
+    EXPECT_FALSE(m_host.GetParameterRoot(nullptr));
+    CParameter* mode = Find("9906");
+    ASSERT_TRUE(mode);
+    ASSERT_TRUE(mode->SetValue(QStringLiteral("Field")));
+    ASSERT_TRUE(mode->WriteToDrive(0));
+    EXPECT_EQ(m_host.GetDrive().GetRegisters().GetWord(reg::kServiceMode), 2);
+}
+
+TEST_F(SimulatedHostDriveTest, StateIsWhatTheDriveAnsweredLast) {
+    EXPECT_EQ(m_host.GetStatusWord(), kStatusStopped);
+    ASSERT_TRUE(m_host.TakeLocalControl());
+    EXPECT_TRUE(m_host.IsLocalControlActive());
+    EXPECT_TRUE(m_host.CheckCancelCondition());
+    ASSERT_TRUE(m_host.SetReference(QStringLiteral(" 1200,5 ")));
+    EXPECT_EQ(m_host.GetReference().toStdString(), "1200.5");
+    ASSERT_TRUE(m_host.CloseContactor());
+    ASSERT_TRUE(m_host.StartMotor());
+    EXPECT_EQ(m_host.GetStatusWord(),
+              host_status::kContactorClosed | host_status::kRunning | host_status::kLocalControl);
+    m_clock.Sleep(1000);
+    ASSERT_TRUE(m_host.StopMotor());
+    m_clock.Sleep(60000);
+    EXPECT_EQ(m_host.GetStatusWord() & kStatusStopped, 0U) << "nobody has asked the drive since";
+    ASSERT_TRUE(m_host.RefreshState());
+    EXPECT_EQ(m_host.GetStatusWord() & kStatusStopped, kStatusStopped);
+
+    Mode("other-control");
+    EXPECT_TRUE(m_host.IsLocalControlActive());
+    m_host.RefreshState();
+    EXPECT_FALSE(m_host.IsLocalControlActive());
+    EXPECT_FALSE(m_host.TakeLocalControl());
+    EXPECT_EQ(Error(), "Another control place holds the drive.");
+}
+
+TEST_F(SimulatedHostDriveTest, ReferenceTextsThatAreNoneAreRefused) {
+    ASSERT_TRUE(m_host.TakeLocalControl());
+    ASSERT_TRUE(m_host.SetReference(QStringLiteral("-100")));
+    for (const char* text : {"", "fast", "12 rpm", "nan", "inf", "99999"}) {
+        EXPECT_FALSE(m_host.SetReference(QString::fromLatin1(text))) << text;
+        EXPECT_FALSE(Error().empty()) << text;
+    }
+    EXPECT_EQ(m_host.GetReference().toStdString(), "-100");
+}
+
+TEST_F(SimulatedHostDriveTest, DeadLinkFailsEverythingUntilItIsBack) {
+    CParameter* speed = Find("104");
+    CParameter* mode = Find("9906");
+    ASSERT_TRUE(speed && mode);
+    ASSERT_TRUE(m_host.TakeLocalControl());
+    ASSERT_TRUE(m_host.SetReference(QStringLiteral("400")));
+    m_host.GetDrive().ResetCounters();
+    Mode("no-answer");
+
+    EXPECT_FALSE(speed->ReadFromDrive());
+    EXPECT_EQ(speed->GetLastError(0).toStdString(),
+              "Reading parameter 1.04 Speed failed: The drive did not answer in time.");
+    EXPECT_FALSE(mode->WriteToDrive(0));
+    EXPECT_EQ(ReadRecord(), quint16(CommunicationError::Timeout));
+    for (const bool answer : {m_host.RefreshState(), m_host.CloseContactor(), m_host.StartMotor(), m_host.StopMotor(),
+                              m_host.OpenContactor(), m_host.ReleaseLocalControl(), m_host.ResetFault(),
+                              m_host.SetReference(QStringLiteral("1")), m_host.CheckDiagnosisCondition()})
+        EXPECT_FALSE(answer);
+    EXPECT_EQ(Error(), "The drive did not answer in time.");
+    EXPECT_TRUE(m_host.IsLocalControlActive()) << "last known";
+    EXPECT_EQ(m_host.GetReference().toStdString(), "400");
+    const DriveCounters& told = m_host.GetDrive().GetCounters();
+    EXPECT_EQ(told.motorStarts + told.contactorCloses + told.resets + told.localReleases, 0)
+        << "nothing reached the drive";
+
+    m_host.ClearFaultModes();
+    EXPECT_TRUE(speed->ReadFromDrive());
+    EXPECT_TRUE(m_host.ReleaseLocalControl());
+}
+
+TEST_F(SimulatedHostDriveTest, SingleRegistersFailOrAreRefused) {
+    Mode("read-fails:104");
+    Mode("write-refused:9906");
+    EXPECT_FALSE(Find("104")->ReadFromDrive());
+    EXPECT_TRUE(Find("102")->ReadFromDrive());
+    EXPECT_TRUE(Find("9906")->ReadFromDrive());
+    EXPECT_FALSE(Find("9906")->WriteToDrive(0));
+    EXPECT_NE(Find("9906")->GetLastError(0).indexOf(QLatin1String("refused")), -1);
+    m_host.ClearFaultMode({FaultModeKind::ReadFails, 104});
+    EXPECT_TRUE(Find("104")->ReadFromDrive());
+    EXPECT_FALSE(Find("9906")->WriteToDrive(0));
+}
+
+TEST_F(SimulatedHostDriveTest, LateRepliesTakeTheirTimeOnTheClock) {
+    CParameter* mode = Find("9906");
+    ASSERT_TRUE(mode->SetValue(1, false));
+    Mode("late-answer:300");
+    EXPECT_TRUE(mode->WriteToDrive(0));
+    EXPECT_EQ(m_clock.Now(), 300);
+    Mode("late-answer:5000");
+    ASSERT_TRUE(mode->SetValue(2, false));
+    EXPECT_FALSE(mode->WriteToDrive(0)) << "too late: given up";
+    EXPECT_EQ(m_clock.Now(), 2300);
+    EXPECT_EQ(m_host.GetDrive().GetRegisters().GetWord(reg::kServiceMode), 2) << "but the drive has got it";
+    EXPECT_FALSE(mode->ReadFromDrive());
+    EXPECT_EQ(mode->GetActualValue(), 1);
+}
+
+TEST_F(SimulatedHostDriveTest, MissingRegistersAreNotInTheTreeAndNotInTheDrive) {
+    CParameter* held = Find("104");
+    Mode("missing:104");
+    Mode("missing:9906");
+    EXPECT_FALSE(Find("104"));
+    EXPECT_FALSE(Find("9906"));
+    EXPECT_TRUE(Find("102"));
+    EXPECT_FALSE(held->ReadFromDrive()) << "a parameter held from before is still an object";
+    EXPECT_NE(held->GetLastError(0).indexOf(QLatin1String("has no parameter 1.04")), -1);
+    m_host.ClearFaultModes();
+    EXPECT_TRUE(Find("104"));
+    EXPECT_TRUE(held->ReadFromDrive());
+}
+
+TEST_F(SimulatedHostDriveTest, FaultRecordComesCompleteShortTruncatedOrNotAtAll) {
+    EXPECT_EQ(ReadRecord(), 0);
+    EXPECT_EQ(m_record, QByteArray("\x0a", 1) + QByteArray(kFaultRecordSize - 1, '\0')) << "no fault yet: no values";
+    Mode("trip:104");
+    ASSERT_EQ(ReadRecord(), 0);
+    const QByteArray complete = m_record;
+    EXPECT_EQ(complete.size(), kFaultRecordSize);
+    EXPECT_EQ(complete[0], 10);
+    EXPECT_EQ(complete[15], 104);
+    EXPECT_EQ(m_host.GetStatusWord() & host_status::kFault, 0U);
+    m_host.RefreshState();
+    EXPECT_EQ(m_host.GetStatusWord() & host_status::kFault, host_status::kFault);
+
+    Mode("short-record");
+    ASSERT_EQ(ReadRecord(), 0);
+    EXPECT_EQ(m_record, QByteArray("\x03", 1) + complete.mid(1, kShortFaultRecordSize - 1));
+    m_host.ClearFaultMode({FaultModeKind::ShortRecord, 0});
+    for (const int bytes : {0, 1, 21, 73, 74}) {
+        m_host.SetFaultMode({FaultModeKind::TruncatedRecord, static_cast<quint32>(bytes)});
+        ASSERT_EQ(ReadRecord(), 0);
+        EXPECT_EQ(m_record.size(), bytes);
+        EXPECT_EQ(m_record.mid(1), complete.left(bytes).mid(1));
+        EXPECT_EQ(m_record.startsWith('\x0a'), bytes == kFaultRecordSize) << bytes;
+    }
+    const QByteArray before = m_record;
+    Mode("record-error:3");
+    EXPECT_EQ(ReadRecord(), 3);
+    EXPECT_EQ(m_record, before);
+
+    m_host.ClearFaultModes();
+    quint32 header = 0;
+    quint32 count = 39;
+    const FaultBufferRequest other{2, 0};
+    const FaultBufferRequest last;
+    EXPECT_NE(m_host.ReadFaultBuffer(header, &other, &count, m_record), 0);
+    EXPECT_NE(m_host.ReadFaultBuffer(header, nullptr, &count, m_record), 0);
+    EXPECT_NE(m_host.ReadFaultBuffer(header, &last, nullptr, m_record), 0);
+    EXPECT_TRUE(m_host.ResetFault()) << "the cause went with the fault modes";
+}
+
+TEST_F(SimulatedHostDriveTest, ContactorModeFailsTheContactorCommand) {
+    Mode("contactor-stuck");
+    ASSERT_TRUE(m_host.TakeLocalControl());
+    EXPECT_FALSE(m_host.CloseContactor());
+    EXPECT_EQ(Error(), "The main contactor does not close.");
+    EXPECT_FALSE(m_host.StartMotor());
+}
+
+/// Counts what passes.
+class CWatchingLink : public CParameterLink {
+public:
+    explicit CWatchingLink(CParameterLink& next) : m_next(next) {}
+    bool ReadWord(quint16 reg, quint16& word) override {
+        ++m_reads;
+        return m_next.ReadWord(reg, word);
+    }
+    bool WriteWord(quint16 reg, quint16 word) override { return m_next.WriteWord(reg, word); }
+    QString LastErrorText() const override { return m_next.LastErrorText(); }
+    int m_reads = 0;
+
+private:
+    CParameterLink& m_next;
+};
+
+TEST_F(SimulatedHostDriveTest, TreeGoesThroughTheLinkThatItIsGiven) {
+    CParameter* direct = Find("104");
+    CWatchingLink watch(m_host.GetLink());
+    m_host.SetTreeLink(&watch);
+    EXPECT_TRUE(Find("104")->ReadFromDrive());
+    EXPECT_TRUE(direct->ReadFromDrive());
+    EXPECT_EQ(watch.m_reads, 1);
+    EXPECT_EQ(m_host.GetDrive().GetCounters().reads[reg::kSpeed], 2);
+    m_host.SetTreeLink(nullptr);
+}
+
+} // namespace
+} // namespace krt550
