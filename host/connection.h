@@ -4,8 +4,6 @@
 #include "hostlib/tolvbo32/parameter_description.h"
 #include "hostlib/tolvbo32/parameter_link.h"
 
-#include <vector>
-
 namespace krt550 {
 
 /// A drive that the tool has connected, whatever its kind.
@@ -13,14 +11,18 @@ class CConnection {
 public:
     virtual ~CConnection() = default;
     virtual CHostDrive& GetDrive() = 0;
+    /// The drive's own line; every access of its parameter tree ends here.
     virtual CParameterLink& GetLink() = 0;
-    /// The parameters that this drive has.
-    virtual std::vector<ParameterDescription> GetParameters() const = 0;
+    /// Lets the drive's parameter tree reach the drive through `link`, which passes on to GetLink. Borrowed; null takes
+    /// it back.
+    virtual void SetTreeLink(CParameterLink* link) = 0;
 
-    /// Reads and changes a register past the link, as if the drive itself did. False when that cannot be.
-    virtual bool PeekWord(quint16 reg, quint16& word) const = 0;
-    virtual bool PokeWord(quint16 reg, quint16 word) = 0;
-    /// Switches a fault on. Returns what went wrong, or an empty text.
+    /// Description of a register that the drive has, or null.
+    virtual const ParameterDescription* FindParameter(quint16 reg) = 0;
+    /// Reads and changes a register that the drive has past the line, as if the drive itself did.
+    virtual quint16 PeekWord(quint16 reg) = 0;
+    virtual void PokeWord(quint16 reg, quint16 word) = 0;
+    /// Switches a fault on, or all of them off: "none". Returns what went wrong, or an empty text.
     virtual QString SwitchFault(const QString& name) = 0;
 };
 

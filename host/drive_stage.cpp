@@ -12,36 +12,27 @@ QString NoSuchText(quint16 reg) {
 
 } // namespace
 
-CDriveStage::CDriveStage(CConnection& connection, CCallLog& log) : m_connection(connection), m_log(log) {
-    for (const ParameterDescription& parameter : connection.GetParameters())
-        m_parameters.insert(parameter.reg, parameter);
-}
-
 QString CDriveStage::ChangeDrive(quint16 reg, const QString& text) {
-    const auto parameter = m_parameters.constFind(reg);
-    if (parameter == m_parameters.constEnd())
+    const ParameterDescription* parameter = m_connection.FindParameter(reg);
+    if (!parameter)
         return NoSuchText(reg);
     QString error;
     const std::optional<quint16> word = WordOfText(*parameter, text, error);
-    if (!word)
-        return error;
-    return m_connection.PokeWord(reg, *word) ? QString()
-                                             : QStringLiteral("the drive does not let %1 be changed").arg(reg);
+    if (word)
+        m_connection.PokeWord(reg, *word);
+    return error;
 }
 
 std::optional<QString> CDriveStage::DriveText(quint16 reg) {
-    const auto parameter = m_parameters.constFind(reg);
-    quint16 word = 0;
-    if (parameter == m_parameters.constEnd() || !m_connection.PeekWord(reg, word))
-        return std::nullopt;
-    return ShownText(*parameter, word);
+    const ParameterDescription* parameter = m_connection.FindParameter(reg);
+    return parameter ? std::optional(ShownText(*parameter, m_connection.PeekWord(reg))) : std::nullopt;
 }
 
 QString CDriveStage::DescribeDrive(quint16 reg) {
     const std::optional<QString> text = DriveText(reg);
     if (!text)
         return NoSuchText(reg);
-    const ParameterDescription& parameter = m_parameters[reg];
+    const ParameterDescription& parameter = *m_connection.FindParameter(reg);
     return QStringLiteral("%1: %2 %3").arg(parameter.displayName(), *text, parameter.unit).trimmed();
 }
 

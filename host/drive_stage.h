@@ -3,8 +3,6 @@
 #include "host/connection.h"
 #include "host/play/stage.h"
 
-#include <QHash>
-
 namespace krt550 {
 
 class CCallLog;
@@ -13,7 +11,7 @@ class CCallLog;
 class CDriveStage : public CPlayStage {
 public:
     /// Both are borrowed.
-    CDriveStage(CConnection& connection, CCallLog& log);
+    CDriveStage(CConnection& connection, CCallLog& log) : m_connection(connection), m_log(log) {}
 
     QString ChangeDrive(quint16 reg, const QString& text) override;
     std::optional<QString> DriveText(quint16 reg) override;
@@ -25,7 +23,6 @@ public:
 private:
     CConnection& m_connection;
     CCallLog& m_log;
-    QHash<quint16, ParameterDescription> m_parameters;
 };
 
 } // namespace krt550

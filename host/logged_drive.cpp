@@ -55,10 +55,8 @@ quint32 CLoggedDrive::GetStatusWord() {
 }
 
 bool CLoggedDrive::GetParameterRoot(CParameterGroup** root) {
-    CParameterGroup* own = nullptr;
-    const bool succeeded = m_drive.GetParameterRoot(&own);
-    *root = succeeded && own ? m_root : nullptr;
-    m_log.Note("GetParameterRoot", succeeded && !own ? QStringLiteral("none") : QString(), Refusal(succeeded));
+    const bool succeeded = m_drive.GetParameterRoot(root);
+    m_log.Note("GetParameterRoot", succeeded && !*root ? QStringLiteral("none") : QString(), Refusal(succeeded));
     return succeeded;
 }
 

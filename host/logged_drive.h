@@ -6,12 +6,11 @@ namespace krt550 {
 
 class CCallLog;
 
-/// The drive as the tool hands it to the wizard: passes every call on to the connected drive and notes it, and
-/// answers with the tool's own parameter tree.
+/// The drive as the tool hands it to the wizard: passes every call on to the connected drive and notes it.
 class CLoggedDrive : public CHostDrive {
 public:
-    /// All are borrowed. `root` is the parameter tree to answer with.
-    CLoggedDrive(CHostDrive& drive, CParameterGroup* root, CCallLog& log) : m_drive(drive), m_root(root), m_log(log) {}
+    /// Both are borrowed.
+    CLoggedDrive(CHostDrive& drive, CCallLog& log) : m_drive(drive), m_log(log) {}
 
     quint16 ReadFaultBuffer(quint32& header, const FaultBufferRequest* request, quint32* byteCount,
                             QByteArray& record) override;
@@ -38,7 +37,6 @@ private:
     bool Query(const char* call, bool (CHostDrive::*operation)());
 
     CHostDrive& m_drive;
-    CParameterGroup* m_root;
     CCallLog& m_log;
 };
 

@@ -1,5 +1,6 @@
 #include "host/options.h"
 
+#include "drive/fault_modes.h"
 #include "host/play/vocabulary.h"
 
 #include <iterator>
@@ -86,12 +87,13 @@ QString HelpText() {
         text += head.leftJustified(22) + QLatin1String(option.help) + QLatin1Char('\n');
     }
     text += QStringLiteral(
-        "\n"
-        "Option of the simulated drive: fault=NAME, as often as needed (fault=missing:3016 is a drive without that\n"
-        "parameter).\n\n"
-        "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
-        "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed or the wizard did\n"
-        "not run; 2 a wrong option, or a file that cannot be read or written.\n\n");
+                "\n"
+                "The simulated drive has one option, fault=NAME, as often as needed. Its faults:\n%1\n"
+                "--drive sim,fault=missing:3016 is a drive without that parameter.\n\n"
+                "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
+                "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed or the wizard did\n"
+                "not run; 2 a wrong option, or a file that cannot be read or written.\n\n")
+                .arg(FaultModeNames().prepend(QLatin1String("  ")).replace(QLatin1String(", "), QLatin1String("\n  ")));
     return text + PlayHelpText();
 }
 

@@ -10,8 +10,6 @@
 #include "host/scaled_clock.h"
 #include "host/tool.h"
 #include "hostlib/tolvbo32/drive_description.h"
-#include "hostlib/tolvbo32/parameter_group.h"
-#include "hostlib/tolvbo32/parameter_tree.h"
 
 #include <QApplication>
 #include <QDir>
@@ -64,11 +62,11 @@ bool CSession::ReadScript() {
 
 bool CSession::Connect() {
     QStringList errors;
-    const auto parameters = ReadDriveDescriptionFile(m_options.parameterFile, errors);
+    auto parameters = ReadDriveDescriptionFile(m_options.parameterFile, errors);
     if (!parameters)
         return Complain(errors.join(QLatin1Char('\n')));
     QString error;
-    m_connection = ConnectDrive(m_options.drive, *parameters, m_options.wizardDirectory, error);
+    m_connection = ConnectDrive(m_options.drive, std::move(*parameters), m_options.wizardDirectory, error);
     return m_connection || Complain(error);
 }
 
@@ -91,8 +89,8 @@ bool CSession::Complain(const QString& text) {
 int CSession::RunWizard() {
     CCallLog log(m_logFile.isOpen() ? &m_logFile : nullptr, m_script.has_value());
     CLoggedLink link(m_connection->GetLink(), log);
-    const std::unique_ptr<CParameterGroup> root = BuildParameterTree(m_connection->GetParameters(), &link);
-    CLoggedDrive drive(m_connection->GetDrive(), root.get(), log);
+    m_connection->SetTreeLink(&link);
+    CLoggedDrive drive(m_connection->GetDrive(), log);
     CDriveStage stage(*m_connection, log);
     std::optional<CPlayer> player;
     if (m_script) {
@@ -105,6 +103,7 @@ int CSession::RunWizard() {
     const bool played = !player || player->Finish();
     // A help window may still be open.
     QApplication::closeAllWindows();
+    m_connection->SetTreeLink(nullptr);
     return result == 0 && played && !interrupt.HasCome() ? 0 : kExitFailure;
 }
 

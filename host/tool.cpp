@@ -30,10 +30,13 @@ bool HasDisplay() {
     return false;
 }
 
-/// The offscreen platform says for every window that it cannot constrain its size; nobody who plays a script cares.
+/// Passes Qt's messages on, except those about surroundings that a bare machine or the offscreen platform lacks and
+/// that nobody who runs a play can do anything about.
 void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    if (!message.contains(QLatin1String("propagateSizeHints")))
-        Print(stderr, qFormatLogMessage(type, context, message) + QLatin1Char('\n'));
+    for (const char* surroundings : {"This plugin does not support", "XDG_RUNTIME_DIR"})
+        if (message.contains(QLatin1String(surroundings)))
+            return;
+    Print(stderr, qFormatLogMessage(type, context, message) + QLatin1Char('\n'));
 }
 
 } // namespace

@@ -107,7 +107,7 @@ TEST_F(CallLog, PassesEveryDriveCallOnAndNotesIt) {
                               {"CheckCancelCondition", &CHostDrive::CheckCancelCondition, true},
                               {"CheckDiagnosisCondition", &CHostDrive::CheckDiagnosisCondition, true}};
     CYesNoDrive inner;
-    CLoggedDrive drive(inner, nullptr, m_log);
+    CLoggedDrive drive(inner, m_log);
     for (const bool answer : {true, false}) {
         inner.answer = answer;
         for (const Call& call : calls) {
@@ -124,7 +124,7 @@ TEST_F(CallLog, PassesEveryDriveCallOnAndNotesIt) {
 TEST_F(CallLog, NotesWhatQueriesAnswered) {
     CYesNoDrive inner;
     inner.errorCode = 2;
-    CLoggedDrive drive(inner, nullptr, m_log);
+    CLoggedDrive drive(inner, m_log);
     EXPECT_EQ(drive.GetReference(), QStringLiteral("100"));
     EXPECT_EQ(drive.GetStatusWord(), kStatusStopped);
     EXPECT_EQ(drive.GetDriveInfo(), nullptr);
@@ -142,21 +142,21 @@ TEST_F(CallLog, NotesWhatQueriesAnswered) {
     EXPECT_EQ(m_log.Lines(), expected);
 }
 
-// The tree is the tool's own, so that parameters are reached past the log; whether there is one is the drive's matter.
-TEST_F(CallLog, AnswersWithTheOwnTreeOnlyWhenTheDriveHasOne) {
-    CParameterGroup theirs(nullptr, QStringLiteral("theirs"), {});
-    CParameterGroup ours(nullptr, QStringLiteral("ours"), {});
+TEST_F(CallLog, TellsADriveWithoutParametersFromARefusal) {
+    CParameterGroup group(nullptr, QStringLiteral("drive"), {});
     CYesNoDrive inner;
-    CLoggedDrive drive(inner, &ours, m_log);
-    CParameterGroup* root = &theirs;
+    CLoggedDrive drive(inner, m_log);
+    CParameterGroup* root = &group;
     EXPECT_TRUE(drive.GetParameterRoot(&root));
     EXPECT_EQ(root, nullptr);
-    inner.ownRoot = &theirs;
+    inner.ownRoot = &group;
     EXPECT_TRUE(drive.GetParameterRoot(&root));
-    EXPECT_EQ(root, &ours);
+    EXPECT_EQ(root, &group);
     inner.answer = false;
     EXPECT_FALSE(drive.GetParameterRoot(&root));
-    EXPECT_EQ(root, nullptr);
+    EXPECT_EQ(m_log.Lines(), QStringList({QStringLiteral("0\tGetParameterRoot\t\tnone\tok"),
+                                          QStringLiteral("0\tGetParameterRoot\t\t\tok"),
+                                          QStringLiteral("0\tGetParameterRoot\t\t\tfailed: refused")}));
 }
 
 TEST(ScaledClock, RunsFasterAndLosesNoTime) {
