@@ -40,8 +40,9 @@ void CSimulatedDrive::Advance() {
         Integrate(static_cast<double>(slice) / 1000);
         if (m_contactorClosed != m_logic.WantsContactor(Inputs()))
             m_contactorAstray += slice;
-        Settle();
+        SettleLogic();
     }
+    ShowState();
 }
 
 /// The drive's continuous part. The fixed-step integration of motor, converter and controllers belongs here.
@@ -63,8 +64,13 @@ void CSimulatedDrive::Integrate(double seconds) {
     m_motor.Step(seconds, m_ramp.GetOutput());
 }
 
-/// Lets the logic come to rest with its inputs as they are.
 void CSimulatedDrive::Settle() {
+    SettleLogic();
+    ShowState();
+}
+
+/// Lets the logic come to rest with its inputs as they are.
+void CSimulatedDrive::SettleLogic() {
     const quint16 word = UsedControlWord();
     if ((word & control::kAcknowledge) && !(m_formerControlWord & control::kAcknowledge))
         Acknowledge();
@@ -83,7 +89,6 @@ void CSimulatedDrive::Settle() {
         }
     }
     SuperviseContactor();
-    ShowState();
 }
 
 void CSimulatedDrive::SuperviseContactor() {
@@ -115,6 +120,7 @@ void CSimulatedDrive::ShowState() {
 void CSimulatedDrive::Trip(quint16 code) {
     if (m_fault)
         return;
+    ShowState(); // the record holds what the registers show at this moment
     m_fault = m_lastFault = code;
     ++m_trips;
     m_faultFields = CaptureFault(m_registers, code, m_age);

@@ -82,6 +82,7 @@ public:
 private:
     void Integrate(double seconds);
     void Settle();
+    void SettleLogic();
     void SuperviseContactor();
     void ShowState();
     void Acknowledge();

@@ -1,0 +1,101 @@
+#include "tests/params/row_fixture.h"
+
+#include "hostlib/tolvbo32/parameter.h"
+#include "wizard/params/parameter_access.h"
+#include "wizard/params/validation.h"
+
+namespace krt550 {
+namespace {
+
+ParameterDescription Typed(int dataType, double minimum, double maximum) {
+    ParameterDescription parameter;
+    parameter.reg = 1205;
+    parameter.name = "Value";
+    parameter.dataType = static_cast<DataType>(dataType);
+    parameter.minimum = minimum;
+    parameter.maximum = maximum;
+    return parameter;
+}
+
+QString TypeMessage(const char* type, int value) {
+    return QString("Value entered for parameter 1205 is invalid for %1 data (value entered was %2).").arg(type).arg(value);
+}
+
+using Validation = RowFixture;
+
+TEST_F(Validation, GoesByLimitsFirstAndByDataTypeWithoutThem) {
+    const QString outside = "For parameter 1205 given value was invalid.\nPlease input valid value.";
+    struct {
+        int dataType;
+        double minimum;
+        double maximum;
+        const char* text;
+        QString box; ///< empty: valid
+    } const cases[] = {
+        {2, 10, 20, "12.5", ""},
+        {2, 10, 20, "12,5", ""},
+        {2, 10, 20, "  12 rpm", ""},
+        {2, 10, 20, "25", outside},
+        {1, 10, 20, "25", outside},
+        {99, 10, 20, "25", outside},
+        {2, 10, 20, "", outside},
+        {2, -5, 5, "abc", ""},
+        {2, -5, 5, "-5e0", ""},
+        {1, 0, 0, "255", ""},
+        {1, 0, 0, "0", ""},
+        {1, 0, 0, "256", TypeMessage("unsigned 8-bit", 256)},
+        {1, 0, 0, "-0.7", TypeMessage("unsigned 8-bit", 0)},
+        {2, 0, 0, "-32768", ""},
+        {2, 0, 0, "32767.5", TypeMessage("signed 16-bit", 32767)},
+        {8, 0, 0, "65535", ""},
+        {8, 0, 0, "-1", TypeMessage("unsigned 16-bit", -1)},
+        {8, 0, 0, "1e12", TypeMessage("unsigned 16-bit", 2147483647)},
+        {4, 0, 0, "1e9", ""},
+        {99, 0, 0, "1", "Unknown datatype!"},
+        {99, 0, 0, "0", ""},
+    };
+    for (const auto& c : cases) {
+        FakeDrive drive({Typed(c.dataType, c.minimum, c.maximum)});
+        const CParameter* typed = drive.Root().FindChildByRegister("1205");
+        if (!c.box.isEmpty())
+            m_boxes.Expect(c.box);
+        QString text = c.text;
+        EXPECT_EQ(ValidateValueText(typed, text), c.box.isEmpty()) << c.dataType << ' ' << c.text;
+        EXPECT_FALSE(text.contains(','));
+    }
+}
+
+TEST_F(Validation, LeavesTheControlsTextAsItIs) {
+    edit.setText("1,5");
+    EXPECT_TRUE(ValidateControlValue(m_drive.Root().FindChildByRegister("101"), &edit));
+    EXPECT_EQ(edit.text(), "1,5");
+    EXPECT_FALSE(ValidateControlValue(nullptr, &edit));
+    QString any = "anything";
+    EXPECT_TRUE(ValidateValueText(m_drive.Root().FindChildByRegister("201"), any));
+}
+
+TEST_F(Validation, FindsReadsAndWritesWithTheLibrarysWords) {
+    EXPECT_NE(FindParameter(&m_drive.Root(), "101"), nullptr);
+    m_boxes.Expect("Parameter 0101 not found from drive.\n\nUnable to use the specified parameter.");
+    EXPECT_EQ(FindParameter(&m_drive.Root(), "0101"), nullptr);
+
+    EXPECT_TRUE(SetAndWriteParameter(&m_drive.Root(), "102", 9));
+    EXPECT_EQ(m_drive.TakeLog(), QStringList{"write 102=9"});
+    EXPECT_FALSE(SetAndWriteParameter(&m_drive.Root(), "101", 2000)) << "refused silently";
+    EXPECT_EQ(m_drive.TakeLog(), QStringList());
+
+    CParameter* speed = m_drive.Root().FindChildByRegister("101");
+    m_drive.unreadable.insert(101);
+    edit.setText("as it was");
+    m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure");
+    EXPECT_FALSE(ShowParameterValue(speed, &edit));
+    EXPECT_EQ(edit.text(), "as it was");
+    EXPECT_FALSE(ReadParameter(nullptr) || WriteParameter(nullptr));
+    EXPECT_EQ(FormatValueText(nullptr), "");
+    EXPECT_EQ(GetParameterRoot(nullptr), nullptr);
+    m_drive.hasRoot = false;
+    EXPECT_EQ(GetParameterRoot(&m_drive), nullptr);
+}
+
+} // namespace
+} // namespace krt550

@@ -1,0 +1,150 @@
+#include "tests/platform/test_resources.h"
+#include "wizard/platform/control_text.h"
+#include "wizard/platform/dialog.h"
+#include "wizard/platform/dialog_units.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFontMetricsF>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace krt550 {
+namespace {
+
+/// A dialog that writes down what its controls and timers tell it.
+class CRecordingDialog : public CDialog {
+public:
+    CRecordingDialog() : CDialog(TestResources::kLayout) {
+        for (const int id : {TestResources::kEdit, TestResources::kOtherEdit}) {
+            Handle(id, ControlEvent::Changed, [this, id] { events += QString("change %1;").arg(id); });
+            Handle(id, ControlEvent::FocusLost, [this, id] { events += QString("left %1;").arg(id); });
+        }
+        Handle(TestResources::kDropDown, ControlEvent::Selected, [this] { events += "select;"; });
+        Handle(TestResources::kButton, ControlEvent::Clicked, [this] { events += "click;"; });
+    }
+
+    QString TakeEvents() { return std::exchange(events, {}); }
+
+    QString events;
+    QString destroyed;
+
+protected:
+    void OnTimer(int id) override { events += QString("timer %1;").arg(id); }
+    void OnDestroy() override { destroyed += "destroyed;"; }
+};
+
+class Window : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(m_dialog.Create());
+        m_dialog.show();
+        m_dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_dialog));
+    }
+
+    TestResources m_resources;
+    ResourceScope m_scope{m_resources};
+    CRecordingDialog m_dialog;
+    QLineEdit& Edit() { return *m_dialog.GetControl<QLineEdit>(TestResources::kEdit); }
+    QComboBox& DropDown() { return *m_dialog.GetControl<QComboBox>(TestResources::kDropDown); }
+};
+
+TEST_F(Window, FindsControlsByIdAndKnowsItsLayout) {
+    EXPECT_EQ(m_dialog.GetDlgItem(99), nullptr);
+    EXPECT_EQ(m_dialog.GetControl<QComboBox>(TestResources::kEdit), nullptr);
+    EXPECT_EQ(m_dialog.GetDlgCtrlID(&Edit()), TestResources::kEdit);
+    EXPECT_EQ(m_dialog.GetDlgCtrlID(&m_dialog), 0);
+    EXPECT_EQ(Edit().objectName(), "1");
+    EXPECT_EQ(Edit().property("register").toInt(), 101);
+    EXPECT_EQ(m_dialog.property("layout").toInt(), TestResources::kLayout);
+    EXPECT_FALSE(CDialog(12345).Create());
+}
+
+TEST_F(Window, WritesFromCodeNotifyForEditsAndNotForDropDowns) {
+    SetControlText(&Edit(), "12");
+    SetControlText(&Edit(), "12");
+    EXPECT_EQ(m_dialog.TakeEvents(), "change 1;change 1;");
+
+    DropDown().addItems({"Off", "On"});
+    EXPECT_TRUE(SelectChoice(&DropDown(), "on"));
+    EXPECT_FALSE(SelectChoice(&DropDown(), "o"));
+    EXPECT_EQ(DropDown().currentIndex(), -1);
+    EXPECT_EQ(m_dialog.TakeEvents(), "");
+
+    QTest::keyClick(&DropDown(), Qt::Key_Down);
+    EXPECT_EQ(m_dialog.TakeEvents(), "select;");
+}
+
+TEST_F(Window, ShowsAmpersandsAsTheyAre) {
+    QWidget* label = m_dialog.GetDlgItem(TestResources::kLabel);
+    EXPECT_EQ(GetControlText(label), "Torque & speed");
+    EXPECT_EQ(Edit().accessibleName(), "Torque & speed");
+    SetControlText(label, "U & I");
+    EXPECT_EQ(GetControlText(label), "U & I");
+    EXPECT_EQ(Edit().accessibleName(), "U & I");
+}
+
+TEST_F(Window, ReportsFocusLossOnlyWhenTheFocusReallyLeaves) {
+    Edit().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&Edit(), Qt::Key_Return);
+    EXPECT_EQ(m_dialog.TakeEvents(), "") << "Enter is no focus loss";
+    QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+    QApplication::sendEvent(&Edit(), &menu);
+    EXPECT_EQ(m_dialog.TakeEvents(), "") << "a menu borrows the focus";
+    m_dialog.GetDlgItem(TestResources::kOtherEdit)->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(m_dialog.TakeEvents(), "left 1;");
+}
+
+TEST_F(Window, LetsAClickThroughBeforeItReportsTheFocusLoss) {
+    Edit().setFocus(Qt::TabFocusReason);
+    QWidget* button = m_dialog.GetDlgItem(TestResources::kButton);
+    QTest::mousePress(button, Qt::LeftButton);
+    EXPECT_EQ(m_dialog.TakeEvents(), "");
+    QTest::mouseRelease(button, Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_dialog.events.contains("left"); }));
+    EXPECT_EQ(m_dialog.TakeEvents(), "click;left 1;");
+}
+
+TEST_F(Window, KillsTimersByHandle) {
+    const int handle = m_dialog.SetTimer(5, 1);
+    EXPECT_NE(handle, 0);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_dialog.events.startsWith("timer 5;"); }));
+    EXPECT_TRUE(m_dialog.KillTimer(handle));
+    EXPECT_FALSE(m_dialog.KillTimer(handle));
+    EXPECT_FALSE(m_dialog.KillTimer(4711));
+}
+
+TEST_F(Window, EndsModallyFromEveryDoor) {
+    struct {
+        const char* name;
+        std::function<void(QWidget*)> act;
+    } const doors[] = {
+        {"close button", [](QWidget* front) { front->close(); }},
+        {"escape", [](QWidget* front) { QTest::keyClick(front, Qt::Key_Escape); }},
+        {"end of the loop from outside", [](QWidget*) { QCoreApplication::exit(); }},
+    };
+    for (const auto& door : doors) {
+        CRecordingDialog dialog;
+        QTimer::singleShot(0, &dialog, [&] { door.act(QApplication::activeModalWidget()); });
+        EXPECT_EQ(dialog.DoModal(), CDialog::kCancel) << door.name;
+        EXPECT_EQ(dialog.destroyed, "destroyed;") << door.name;
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << door.name;
+    }
+}
+
+TEST(DialogUnits, FollowTheFontAndKeepNeighboursTouching) {
+    QFont font = QApplication::font();
+    font.setPixelSize(16);
+    const CDialogUnits units(font);
+    const QRect left = units.ToPixels({3, 5, 7, 9});
+    const QRect right = units.ToPixels({10, 5, 7, 9});
+    EXPECT_EQ(left.x() + left.width(), right.x());
+    EXPECT_EQ(units.ToPixels(400, 800).height(), qRound(QFontMetricsF(font).height() * 100));
+}
+
+} // namespace
+} // namespace krt550

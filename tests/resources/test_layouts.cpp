@@ -1,0 +1,110 @@
+// Every layout as it is drawn: nothing clipped, nothing overlapping, nothing outside, every id once.
+#include "wizard/page_factory.h"
+#include "wizard/platform/row_ids.h"
+#include "wizard/platform/window.h"
+#include "wizard/resources/module_resources.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace krt550 {
+namespace {
+
+constexpr int kLayouts[] = {100, 101, 103, 104, 107, 110, 111, 112, 133, 134, 135, 136, 137, 138, 139, 146, 147};
+
+class CLayoutWindow : public CWindow {
+public:
+    using CWindow::CWindow;
+};
+
+/// Room that a control's text needs; nothing for controls whose text may scroll or wrap.
+int NeededWidth(const QWidget* control) {
+    if (const auto* label = qobject_cast<const QLabel*>(control); label && !label->wordWrap())
+        return label->fontMetrics().horizontalAdvance(label->text());
+    if (const auto* button = qobject_cast<const QAbstractButton*>(control); button && !button->text().isEmpty())
+        return button->sizeHint().width();
+    if (const auto* group = qobject_cast<const QGroupBox*>(control))
+        return group->fontMetrics().horizontalAdvance(group->title());
+    return 0;
+}
+
+class Layouts : public testing::TestWithParam<int> {
+protected:
+    CModuleResources m_resources;
+    ResourceScope m_scope{m_resources};
+};
+
+TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
+    const auto layout = m_resources.GetLayout(GetParam());
+    ASSERT_TRUE(layout);
+    std::set<int> ids;
+    for (const ControlLayout& control : layout->controls)
+        EXPECT_TRUE(control.id > 0 && ids.insert(control.id).second) << "id " << control.id;
+
+    for (const int pointSize : {9, 13}) {
+        QFont font = QApplication::font();
+        font.setPointSize(pointSize);
+        CLayoutWindow window(GetParam());
+        window.setFont(font);
+        ASSERT_TRUE(window.Create());
+        const auto controls = window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        for (const QWidget* control : controls) {
+            const std::string name = "control " + control->objectName().toStdString() + " at " +
+                                     std::to_string(pointSize) + " pt";
+            EXPECT_TRUE(window.rect().contains(control->geometry())) << name;
+            EXPECT_LE(NeededWidth(control), control->width()) << name;
+            for (const QWidget* other : controls) {
+                const bool framed = qobject_cast<const QGroupBox*>(control) || qobject_cast<const QGroupBox*>(other);
+                if (other < control && !framed) {
+                    EXPECT_FALSE(control->geometry().intersects(other->geometry()))
+                        << name << " and " << other->objectName().toStdString();
+                }
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Layouts, testing::ValuesIn(kLayouts),
+                         [](const auto& layout) { return "Layout" + std::to_string(layout.param); });
+
+TEST_F(Layouts, NamePlateRowsAreNamedForScreenReadersAndStandInTabOrder) {
+    CLayoutWindow window(100);
+    ASSERT_TRUE(window.Create());
+    const auto* label = window.GetControl<QLabel>(LabelId(9902));
+    QWidget* edit = window.GetDlgItem(ValueId(9902));
+    ASSERT_TRUE(label && edit);
+    EXPECT_EQ(label->buddy(), edit);
+    EXPECT_EQ(edit->accessibleName(), "Motor 1 nominal voltage");
+    EXPECT_EQ(edit->property("register").toInt(), 9902);
+
+    QStringList order;
+    for (QWidget* next = window.GetDlgItem(ValueId(9901)); next && order.size() < 16; next = next->nextInFocusChain())
+        if (next->focusPolicy() != Qt::NoFocus && next->parentWidget() == &window)
+            order.append(next->objectName());
+    EXPECT_EQ(order.mid(0, 10).join(' '), "29901 29902 29903 29904 22001 22002 29911 23009 23016 29910");
+}
+
+TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {
+    struct {
+        int picture;
+        QSize size;
+    } const cases[] = {{86, {309, 419}}, {106, {91, 16}}, {108, {91, 16}}, {109, {91, 16}}, {10066, {54, 23}}};
+    for (const auto& [picture, size] : cases) {
+        EXPECT_EQ(m_resources.GetPicture(picture, {}, 1.0).size(), size) << picture;
+        EXPECT_EQ(m_resources.GetPicture(picture, {}, 2.0).deviceIndependentSize(), QSizeF(size)) << picture;
+    }
+    for (const int picture : {10046, 10047})
+        EXPECT_FALSE(m_resources.GetPicture(picture, {}, 1.0).isNull()) << picture;
+    EXPECT_TRUE(m_resources.GetPicture(1, {}, 1.0).isNull());
+}
+
+} // namespace
+} // namespace krt550

@@ -1,0 +1,113 @@
+#include "tests/shell/wizard_fixture.h"
+
+#include "wizard/page_factory.h"
+#include "wizard/resources/module_resources.h"
+#include "wizard/shell/sheet_wizard.h"
+#include "wizard/shell/wizard_property_page.h"
+
+namespace krt550 {
+namespace {
+
+class Chain : public testing::Test {
+protected:
+    Chain() {
+        InstallPages();
+        m_sheet.SetDriveObject(nullptr);
+    }
+    /// Walks the next-page indexes from the start page: "0 3 5 end".
+    QString Walk() const {
+        QString walk;
+        for (int index = 0, steps = 0; steps < 20; ++steps) {
+            walk += QString::number(index) + ' ';
+            const CWizardPropertyPage* page = m_sheet.GetWizardPage(index);
+            if (page->IsLastPage())
+                return walk + "end";
+            if (page->GetNextPage() == kNoPage)
+                return walk + "none";
+            EXPECT_EQ(m_sheet.GetWizardPage(page->GetNextPage())->GetPreviousPage(), index);
+            index = page->GetNextPage();
+        }
+        return walk + "...";
+    }
+    QString Digits() const {
+        QString digits;
+        for (int step = 1; step <= kStepCount; ++step)
+            digits += QString::number(int(GetStepState(step)));
+        return digits;
+    }
+
+    CModuleResources m_resources;
+    ResourceScope m_scope{m_resources};
+    CSheetWizard m_sheet{1, nullptr, 0};
+};
+
+TEST_F(Chain, HasSeventeenTitledPagesAndNoLinksAtFirst) {
+    const QStringList titles = {"Assistant menu",
+                                "1. Name plate data",
+                                "2. Macro assistant",
+                                "3. Autotuning field current controller",
+                                "4. Autotuning armature current controller",
+                                "5. Speed feedback assistant",
+                                "6. Autotuning speed controller",
+                                "7. Field weakening assistant",
+                                "I/O assistant",
+                                "Protections and limit assistant",
+                                "E-stop / el. disconnect assistant",
+                                "Field reversal assistant",
+                                "Field exciter assistant",
+                                "Master-follower / drive to drive assistant",
+                                "12-pulse assistant",
+                                "Serial communication assistant",
+                                "Configurable assistant"};
+    const QList<int> layouts = {107, 100, 101, 103, 104, 110, 111, 112, 134, 133, 135, 136, 137, 138, 139, 146, 147};
+    for (int index = 0; index < kPageCount; ++index) {
+        const CWizardPropertyPage* page = m_sheet.GetWizardPage(index);
+        EXPECT_EQ(page->GetTitle(), "[KRT550Wizard] " + titles[index]);
+        EXPECT_EQ(page->GetLayoutNumber(), layouts[index]) << index;
+        EXPECT_EQ(page->GetStepNumber(), kNoPage) << index;
+        EXPECT_FALSE(page->IsLastPage()) << index;
+    }
+    EXPECT_EQ(Walk(), "0 none");
+}
+
+TEST_F(Chain, LinksBasicCommissioning) {
+    m_sheet.StartBasicCommissioning();
+    EXPECT_EQ(Walk(), "0 1 2 3 4 5 6 7 end");
+    EXPECT_EQ(Digits(), "2222222");
+    EXPECT_EQ(m_sheet.GetWizardPage(0)->GetStepNumber(), 0);
+    EXPECT_EQ(m_sheet.GetWizardPage(7)->GetStepNumber(), 7);
+}
+
+TEST_F(Chain, LinksChosenPagesInTheListsOrder) {
+    struct {
+        std::vector<quint16> pages;
+        QString walk;
+        QString digits;
+    } const cases[] = {
+        {{3, 5, 9}, "0 3 5 9 end", "0020200"},
+        {{9, 15}, "0 9 15 end", "0000000"},
+        {{16}, "0 16 end", "0000000"},
+        {{0, 7, 17, 111}, "0 7 end", "0000002"}, // what is no page links nothing
+    };
+    for (const auto& c : cases) {
+        m_sheet.SetAssistantChain(c.pages);
+        EXPECT_EQ(Walk(), c.walk);
+        EXPECT_EQ(Digits(), c.digits) << c.walk.toStdString();
+    }
+    EXPECT_EQ(m_sheet.GetWizardPage(16)->GetStepNumber(), 16);
+}
+
+TEST(StepStates, AreKeptForSevenStepsOnly) {
+    EnsureStepStates();
+    SetStepState(3, StepState::Done);
+    for (const int step : {-1, 0, 8, 9, 16, 32, 111}) {
+        SetStepState(step, StepState::Done);
+        EXPECT_EQ(GetStepState(step), StepState::NotChosen) << step;
+    }
+    EnsureStepStates();
+    EXPECT_EQ(GetStepState(3), StepState::Done) << "made once";
+    SetStepState(3, StepState::NotChosen);
+}
+
+} // namespace
+} // namespace krt550

@@ -1,0 +1,113 @@
+#include "tests/shell/wizard_fixture.h"
+
+#include "wizard/resources/module_resources.h"
+#include "wizard/shell/row_page.h"
+#include "wizard/shell/sheet_wizard.h"
+
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+namespace krt550 {
+namespace {
+
+const QStringList kCommands = {"stop", "start", "open", "close", "take", "release", "reset"};
+
+using PageBase = WizardFixture;
+
+// Whichever way the wizard is left, a motor that it controls is stopped before control is given back.
+TEST_F(PageBase, MakesTheDriveSafeOnEveryWayOut) {
+    struct {
+        const char* name;
+        bool onPage;
+        std::function<void()> leave;
+        int layoutAfter;
+    } const ways[] = {
+        {"cancel on a page", true, [] { Robot::Press(kCancel); }, 107},
+        {"close on the start page", false, [] { Robot::Press(kCancel); }, 0},
+        {"the window's close button", true, [] { Robot::CloseWindow(); }, 0},
+        {"escape", true, [] { QTest::keyClick(Robot::Front(), Qt::Key_Escape); }, 0},
+        {"end of the application", true, [] { QCoreApplication::exit(); QCoreApplication::processEvents(); }, -1},
+    };
+    for (const auto& way : ways) {
+        for (const bool holdsControl : {true, false}) {
+            m_drive.cancelCondition = holdsControl;
+            EXPECT_EQ(Run([&] {
+                          if (way.onPage)
+                              Robot::Press(kStart);
+                          m_drive.localControl = true;
+                          m_drive.TakeLog();
+                          way.leave();
+                          if (way.layoutAfter >= 0)
+                              EXPECT_EQ(Robot::Layout(), way.layoutAfter) << way.name;
+                      }),
+                      0);
+            const QStringList safe = {"stop motor", "release local control"};
+            EXPECT_EQ(m_drive.TakeLog(kCommands), holdsControl ? safe : QStringList()) << way.name;
+        }
+    }
+}
+
+TEST_F(PageBase, ResetsAFaultFromEveryPage) {
+    Run([this] {
+        m_drive.TakeLog();
+        Robot::Press(kReset);
+        Robot::Press(kStart);
+        Robot::Press(kReset);
+        EXPECT_EQ(m_drive.TakeLog(kCommands), (QStringList{"reset fault", "reset fault"}));
+        EXPECT_EQ(Robot::Control(kReset)->toolTip(), "Reset faulted drive");
+        EXPECT_EQ(Robot::Control(kReset)->size(), QSize(27, 23)) << "one frame of the strip";
+    });
+}
+
+TEST_F(PageBase, StaysWhenApplyFails) {
+    Run([this] {
+        Robot::Press(kStart);
+        Robot::Type(29904, "1000");
+        m_drive.unwritable.insert(9904);
+        m_boxes.Expect("Writing parameter 99.04 Motor 1 base speed failed: simulated failure");
+        Robot::Press(kNext);
+        EXPECT_EQ(Robot::Layout(), 100);
+        EXPECT_EQ(Digits(), "2222222");
+    });
+}
+
+constexpr RowDef kNoRows[] = {{"9902"}};
+
+/// A page that has something to say after its next activation.
+class CTalkingPage : public CRowPage {
+public:
+    CTalkingPage() : CRowPage(100, "1.htm", kNoRows) {}
+    bool visibleWhenShown = false;
+    bool ShowPendingMessages() override {
+        visibleWhenShown = isVisible();
+        return CRowPage::ShowPendingMessages();
+    }
+};
+
+TEST_F(PageBase, ShowsAPendingMessageOnceWhenThePageIsVisible) {
+    const CModuleResources resources;
+    const ResourceScope scope(resources);
+    CTalkingPage* talking = nullptr;
+    SetPageFactory([&](int) -> std::unique_ptr<CWizardPropertyPage> {
+        auto page = std::make_unique<CTalkingPage>();
+        talking = page.get();
+        return page;
+    });
+    CSheetWizard sheet(1, nullptr, 0);
+    sheet.SetDriveObject(&m_drive);
+    talking->AppendPendingMessage("first ");
+    talking->AppendPendingMessage("second");
+    QTimer::singleShot(0, &sheet, [&] {
+        m_boxes.Expect("first second");
+        sheet.SetActivePage(kPageCount - 1);
+        EXPECT_TRUE(talking->visibleWhenShown);
+        sheet.SetActivePage(0);
+        sheet.SetActivePage(kPageCount - 1);
+        sheet.EndWizard(8);
+    });
+    EXPECT_EQ(sheet.DoModal(), 8);
+}
+
+} // namespace
+} // namespace krt550

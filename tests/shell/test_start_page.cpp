@@ -1,0 +1,119 @@
+#include "tests/shell/wizard_fixture.h"
+
+#include <QTest>
+
+namespace krt550 {
+namespace {
+
+/// Check boxes by page index.
+constexpr int kBoxes[] = {0,   160, 164, 165, 166, 167, 168, 169, 171, 173, 174, 175, 176, 177, 178, 179, 180};
+
+using StartPage = WizardFixture;
+
+TEST_F(StartPage, OpensWithItsTextsInTheBasicView) {
+    EXPECT_EQ(Run([] {
+                  EXPECT_EQ(Robot::Title(), "[KRT550Wizard] Assistant menu");
+                  EXPECT_EQ(Robot::Layout(), 107);
+                  const std::pair<int, const char*> texts[] = {
+                      {182, "Welcome to the KRT550 assistant"},
+                      {181, "Assistants"},
+                      {159, "Start basic commissioning (1 to 7):"},
+                      {158, "Start"},
+                      {161, "or choose specific assistants"},
+                      {162, "Basic:"},
+                      {170, "Advanced"},
+                      {163, "Basic commissioning steps done:"},
+                      {93, "Help"},
+                      {98, "Apply"},
+                      {96, "< Back"},
+                      {95, "Next >"},
+                      {91, "Close"},
+                      {60021, "Version: 2.0"},
+                      {166, "4. Autotuning armature current controller"},
+                  };
+                  for (const auto& [id, text] : texts)
+                      EXPECT_EQ(Robot::Text(id), text) << id;
+                  for (const int id : {kNext, kBack, kApply})
+                      EXPECT_FALSE(Robot::IsEnabled(id)) << id;
+                  for (int page = 1; page <= 16; ++page)
+                      EXPECT_EQ(Robot::Find(kBoxes[page]) != nullptr, page <= 7) << page;
+                  Robot::Press(kCancel);
+                  EXPECT_EQ(Robot::Front(), nullptr);
+              }),
+              0);
+    EXPECT_EQ(Digits(), "0000000") << "a fresh process";
+}
+
+TEST_F(StartPage, EnablesNextForTickedBoxesThatAreOffered) {
+    Run([] {
+        Robot::Press(kBoxes[4]);
+        EXPECT_TRUE(Robot::IsEnabled(kNext));
+        Robot::Press(kBoxes[4]);
+        EXPECT_FALSE(Robot::IsEnabled(kNext));
+        Robot::Press(kView);
+        EXPECT_EQ(Robot::Text(kView), "Basic");
+        Robot::Press(kBoxes[13]);
+        EXPECT_TRUE(Robot::IsEnabled(kNext));
+        Robot::Press(kView);
+        EXPECT_EQ(Robot::Text(kView), "Advanced");
+        EXPECT_FALSE(Robot::IsEnabled(kNext)) << "a hidden box does not count";
+        Robot::Press(kView);
+        EXPECT_TRUE(Robot::IsEnabled(kNext)) << "but keeps its mark";
+    });
+}
+
+TEST_F(StartPage, WalksTheTickedPagesInPageOrderAndComesBack) {
+    Run([this] {
+        Robot::Press(kView);
+        for (const int page : {7, 2, 12})
+            Robot::Press(kBoxes[page]);
+        Robot::Press(kNext);
+        EXPECT_EQ(Robot::Title(), "[KRT550Wizard] 2. Macro assistant");
+        EXPECT_EQ(Robot::Text(kNext), "Next >");
+        EXPECT_EQ(Digits(), "0200002");
+        Robot::Press(kNext);
+        EXPECT_EQ(Robot::Title(), "[KRT550Wizard] 7. Field weakening assistant");
+        EXPECT_EQ(Digits(), "0100002");
+        Robot::Press(kBack);
+        EXPECT_EQ(Digits(), "0100002");
+        Robot::Press(kBack);
+        EXPECT_EQ(Robot::Layout(), 107) << "back from the first page";
+        EXPECT_EQ(Digits(), "0200002") << "a step that was done is red again";
+        EXPECT_TRUE(Robot::IsEnabled(kNext));
+        for (int i = 0; i < 3; ++i)
+            Robot::Press(kNext);
+        EXPECT_EQ(Robot::Title(), "[KRT550Wizard] Field exciter assistant");
+        EXPECT_EQ(Robot::Text(kNext), "Finish");
+        Robot::Press(kNext);
+        EXPECT_EQ(Robot::Layout(), 107);
+        EXPECT_EQ(Digits(), "0100001");
+    });
+}
+
+TEST_F(StartPage, StartWalksBasicCommissioningWhateverIsTicked) {
+    Run([this] {
+        Robot::Press(kBoxes[5]);
+        Robot::Press(kStart);
+        for (int page = 1; page <= 7; ++page) {
+            EXPECT_TRUE(Robot::Title().startsWith(QString("[KRT550Wizard] %1.").arg(page))) << page;
+            EXPECT_EQ(Robot::Text(kNext), page == 7 ? "Finish" : "Next >");
+            Robot::Press(kNext);
+        }
+        EXPECT_EQ(Robot::Layout(), 107);
+        EXPECT_EQ(Digits(), "1111111");
+    });
+}
+
+TEST_F(StartPage, KeysDoWhatTheyDoInDialogs) {
+    EXPECT_EQ(Run([] {
+                  Robot::Press(kBoxes[3]);
+                  QTest::keyClick(Robot::Control(kBoxes[3]), Qt::Key_Return);
+                  EXPECT_EQ(Robot::Layout(), 103) << "Next is the default button";
+                  QTest::keyClick(Robot::Front(), Qt::Key_Escape);
+                  EXPECT_EQ(Robot::Front(), nullptr);
+              }),
+              0);
+}
+
+} // namespace
+} // namespace krt550

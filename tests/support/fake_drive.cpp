@@ -1,0 +1,107 @@
+#include "tests/support/fake_drive.h"
+
+#include "hostlib/tolvbo32/parameter_tree.h"
+#include "hostlib/tolvbo32/value_codec.h"
+
+namespace krt550 {
+
+FakeDrive::FakeDrive(std::vector<ParameterDescription> parameters) : m_root(BuildParameterTree(parameters, this)) {
+    QString error;
+    for (const ParameterDescription& parameter : parameters)
+        words[parameter.reg] = WordOfNumber(parameter, parameter.defaultValue, error).value_or(0);
+}
+
+QStringList FakeDrive::TakeLog() { return std::exchange(m_log, {}); }
+
+QStringList FakeDrive::TakeLog(const QStringList& beginnings) {
+    QStringList chosen;
+    for (const QString& entry : TakeLog())
+        for (const QString& beginning : beginnings)
+            if (entry.startsWith(beginning))
+                chosen.append(entry);
+    return chosen;
+}
+
+bool FakeDrive::ReadWord(quint16 reg, quint16& word) {
+    Note(QStringLiteral("read %1").arg(reg));
+    if (unreadable.contains(reg))
+        return false;
+    word = words[reg];
+    return true;
+}
+
+bool FakeDrive::WriteWord(quint16 reg, quint16 word) {
+    Note(QStringLiteral("write %1=%2").arg(reg).arg(word));
+    if (unwritable.contains(reg))
+        return false;
+    words[reg] = word;
+    return true;
+}
+
+quint16 FakeDrive::ReadFaultBuffer(quint32&, const FaultBufferRequest*, quint32*, QByteArray&) {
+    Note(QStringLiteral("read fault buffer"));
+    return 1;
+}
+
+bool FakeDrive::TakeLocalControl() {
+    localControl = true;
+    return Note(QStringLiteral("take local control"));
+}
+
+bool FakeDrive::ReleaseLocalControl() {
+    localControl = false;
+    return Note(QStringLiteral("release local control"));
+}
+
+bool FakeDrive::GetParameterRoot(CParameterGroup** root) {
+    *root = hasRoot ? m_root.get() : nullptr;
+    return hasRoot;
+}
+
+bool FakeDrive::Note(const QString& call) {
+    m_log.append(call);
+    return true;
+}
+
+ParameterDescription Number(quint16 reg, const QString& name, int decimals, double minimum, double maximum,
+                            const QString& unit) {
+    ParameterDescription parameter;
+    parameter.reg = reg;
+    parameter.name = name;
+    parameter.unit = unit;
+    parameter.decimals = decimals;
+    parameter.minimum = minimum;
+    parameter.maximum = maximum;
+    parameter.defaultValue = minimum > 0 ? minimum : 0;
+    parameter.dataType = minimum < 0 ? DataType::Signed16 : DataType::Unsigned16;
+    return parameter;
+}
+
+ParameterDescription List(quint16 reg, const QString& name, std::vector<std::pair<quint16, QString>> values) {
+    ParameterDescription parameter;
+    parameter.reg = reg;
+    parameter.name = name;
+    parameter.type = ParameterType::ValueList;
+    parameter.defaultValue = values.front().first;
+    parameter.values = std::move(values);
+    return parameter;
+}
+
+std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& missing) {
+    std::vector<ParameterDescription> parameters = {
+        List(9901, "Language", {{0, "English"}, {1, "Deutsch"}, {3, "Suomi"}}),
+        Number(9902, "Motor 1 nominal voltage", 0, 5, 2000, "V"),
+        Number(9903, "Motor 1 nominal current", 1, 0, 6553.5, "A"),
+        Number(9904, "Motor 1 base speed", 0, 10, 6500, "rpm"),
+        Number(2001, "Motor 1 minimum speed", 0, -10000, 10000, "rpm"),
+        Number(2002, "Motor 1 maximum speed", 0, -10000, 10000, "rpm"),
+        Number(9911, "Motor 1 nominal field current", 2, 0.3, 320, "A"),
+        Number(3009, "Armature overcurrent level", 0, 20, 400, "%"),
+        Number(3016, "Motor 1 overspeed", 0, 0, 10000, "rpm"),
+        Number(9910, "Nominal mains voltage", 0, 0, 1000, "V"),
+    };
+    std::erase_if(parameters, [&](const ParameterDescription& parameter) { return missing.contains(parameter.reg); });
+    return parameters;
+}
+
+} // namespace krt550

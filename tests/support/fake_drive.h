@@ -1,0 +1,85 @@
+#pragma once
+
+#include "hostlib/host_drive.h"
+#include "hostlib/tolvbo32/parameter_description.h"
+#include "hostlib/tolvbo32/parameter_group.h"
+#include "hostlib/tolvbo32/parameter_link.h"
+
+#include <QStringList>
+
+#include <map>
+#include <memory>
+#include <set>
+#include <vector>
+
+namespace krt550 {
+
+/// A drive made of words that writes every call into one readable log: "read 9902", "write 9902=2400", "stop motor".
+class FakeDrive : public CHostDrive, public CParameterLink, public CDriveInfo {
+public:
+    explicit FakeDrive(std::vector<ParameterDescription> parameters);
+
+    /// The log since the last call.
+    QStringList TakeLog();
+    /// Those entries of TakeLog that begin with one of these words.
+    QStringList TakeLog(const QStringList& beginnings);
+
+    std::map<quint16, quint16> words;
+    std::set<quint16> unreadable;
+    std::set<quint16> unwritable;
+    bool hasRoot = true;
+    bool hasInfo = true;
+    bool localControl = false;
+    bool cancelCondition = true;
+    quint32 statusWord = kStatusStopped;
+    QString wizardPath;
+
+    CParameterGroup& Root() { return *m_root; }
+
+    // CParameterLink
+    bool ReadWord(quint16 reg, quint16& word) override;
+    bool WriteWord(quint16 reg, quint16 word) override;
+    QString LastErrorText() const override { return QStringLiteral("simulated failure"); }
+
+    // CDriveInfo
+    QString GetWizardPath() const override { return wizardPath; }
+
+    // CHostDrive
+    quint16 ReadFaultBuffer(quint32& header, const FaultBufferRequest* request, quint32* byteCount,
+                            QByteArray& record) override;
+    CSAPDriveTexts* GetDriveTexts() override { return nullptr; }
+    bool SetReference(const QString& reference) override { return Note("set reference " + reference); }
+    bool IsLocalControlActive() override { return localControl; }
+    bool RefreshState() override { return true; }
+    CDriveInfo* GetDriveInfo() override { return hasInfo ? this : nullptr; }
+    bool StartMotor() override { return Note("start motor"); }
+    bool StopMotor() override { return Note("stop motor"); }
+    bool ResetFault() override { return Note("reset fault"); }
+    QString GetReference() override { return QStringLiteral("0"); }
+    quint32 GetStatusWord() override { return statusWord; }
+    bool OpenContactor() override { return Note("open contactor"); }
+    bool CloseContactor() override { return Note("close contactor"); }
+    bool TakeLocalControl() override;
+    bool ReleaseLocalControl() override;
+    bool GetParameterRoot(CParameterGroup** root) override;
+    bool CheckCancelCondition() override { return cancelCondition; }
+    bool CheckDiagnosisCondition() override { return true; }
+
+private:
+    bool Note(const QString& call);
+
+    QStringList m_log;
+    std::unique_ptr<CParameterGroup> m_root;
+};
+
+/// A number parameter of 16 bits, unsigned unless `minimum` is below 0.
+ParameterDescription Number(quint16 reg, const QString& name, int decimals, double minimum, double maximum,
+                            const QString& unit = {});
+
+/// A value-list parameter.
+ParameterDescription List(quint16 reg, const QString& name, std::vector<std::pair<quint16, QString>> values);
+
+/// The ten parameters of the name plate page, without the ones in `missing`.
+std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& missing = {});
+
+} // namespace krt550

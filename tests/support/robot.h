@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+namespace krt550 {
+
+class CHostDrive;
+
+/// Acts on the window in front by control id, as a person would: through real mouse and key events.
+class Robot {
+public:
+    /// The modal window in front; null when there is none.
+    static QWidget* Front();
+    /// The visible control with this id in the window in front; fails the test when there is none.
+    static QWidget* Control(int id);
+    /// The visible control with this id, or null.
+    static QWidget* Find(int id);
+
+    static void Press(int id);
+    /// Clicks into an edit, replaces its text and leaves it with the Tab key.
+    static void Type(int id, const QString& text);
+    /// The same without leaving the edit.
+    static void TypeOnly(int id, const QString& text);
+    static void Choose(int id, const QString& text);
+    static QString Text(int id);
+    static bool IsEnabled(int id);
+    static QString Title();
+    /// Number of the page's layout in front.
+    static int Layout();
+    /// Closes the window in front as its close button does.
+    static void CloseWindow();
+    /// Dispatches everything that waits.
+    static void Drain();
+    /// Dispatches events until the condition holds; false after five seconds.
+    static bool WaitUntil(const std::function<bool()>& condition);
+};
+
+/// Calls RunWizard for a drive; `script` runs inside its modal loop, and whatever is still open afterwards is closed.
+/// Returns RunWizard's result.
+int RunWizardWith(CHostDrive& drive, const std::function<void()>& script);
+
+} // namespace krt550

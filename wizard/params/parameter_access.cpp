@@ -1,0 +1,98 @@
+#include "wizard/params/parameter_access.h"
+
+#include "hostlib/host_drive.h"
+#include "hostlib/tolvbo32/parameter.h"
+#include "hostlib/tolvbo32/parameter_group.h"
+#include "wizard/platform/control_text.h"
+#include "wizard/platform/message_box.h"
+#include "wizard/platform/resources.h"
+
+namespace krt550 {
+namespace {
+
+constexpr int kNotFoundMessage = 5;
+
+} // namespace
+
+CParameterGroup* GetParameterRoot(CHostDrive* drive) {
+    CParameterGroup* root = nullptr;
+    return drive && drive->GetParameterRoot(&root) ? root : nullptr;
+}
+
+CParameter* FindParameter(CParameterGroup* root, const QString& registerText) {
+    CParameter* parameter = root->FindChildByRegister(registerText);
+    if (!parameter)
+        ShowMessageBox(MessageFor(kNotFoundMessage, registerText), MessageIcon::Stop);
+    return parameter;
+}
+
+bool ReadParameter(CParameter* parameter) {
+    if (!parameter)
+        return false;
+    const bool read = parameter->ReadFromDrive();
+    if (!read)
+        ShowLastError(parameter);
+    return read;
+}
+
+bool WriteParameter(CParameter* parameter) {
+    if (!parameter)
+        return false;
+    const bool written = parameter->WriteToDrive(0);
+    if (!written)
+        ShowLastError(parameter);
+    return written;
+}
+
+bool SetAndWriteParameter(CParameterGroup* root, const QString& registerText, quint16 word) {
+    CParameter* parameter = FindParameter(root, registerText);
+    return parameter && parameter->SetValue(word, false) && WriteParameter(parameter);
+}
+
+void ShowLastError(const CParameterSet* parameter) {
+    const QString text = parameter ? parameter->GetLastError(0) : QString();
+    if (!text.isEmpty())
+        ShowMessageBox(text, MessageIcon::Stop);
+}
+
+QString MessageFor(int message, const QString& registerText) {
+    return LoadText(message).replace(QLatin1String("REPLACE"), registerText);
+}
+
+QString RegisterText(const CParameterSet& parameter) {
+    const CParameterGroup* parent = parameter.GetParent();
+    return parent ? parent->GetIndex() + parameter.GetIndex() : parameter.GetIndex();
+}
+
+QString FormatValueText(const CParameter* parameter, const QString& registerText, TextSource source) {
+    if (!parameter)
+        return {};
+    if (!HasValueTexts(source, registerText))
+        return parameter->GetStringValue();
+    QString text;
+    if (FindValueText(source, registerText, parameter->GetValue(), text))
+        return text;
+    if (source == TextSource::WizardFile)
+        text = parameter->GetStringValue();
+    else
+        text.clear();
+    return text.isEmpty() ? QString::number(parameter->GetValue()) : text;
+}
+
+QString FormatValueText(const CParameter* parameter, TextSource source) {
+    return parameter ? FormatValueText(parameter, QString::number(parameter->GetRegister()), source) : QString();
+}
+
+bool ShowParameterValue(CParameter* parameter, QWidget* control) {
+    if (!control || !ReadParameter(parameter))
+        return false;
+    SetControlText(control, FormatValueText(parameter));
+    return true;
+}
+
+void SetControlTextFromString(QWidget* control, int stringId, const QString& suffix) {
+    if (const std::optional<QString> text = CResources::Current().GetString(stringId))
+        SetControlText(control, *text + suffix);
+}
+
+} // namespace krt550

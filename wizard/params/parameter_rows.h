@@ -1,0 +1,48 @@
+#pragma once
+
+#include "wizard/params/text_source.h"
+
+#include <QString>
+
+class QComboBox;
+class QLineEdit;
+class QWidget;
+
+namespace krt550 {
+
+class CParameter;
+class CParameterGroup;
+
+/// Statics at the end of a row; each may be null.
+struct RowStatics {
+    QWidget* unit = nullptr;
+    QWidget* minimum = nullptr;
+    QWidget* maximum = nullptr;
+};
+
+/// Each binding finds the parameter below `root`, keeps it in `parameter` and fills the row's controls from the drive. A
+/// parameter that the drive lacks disables the value control and adds a line "- message\n" to `errors`; that is no
+/// failure of the binding.
+
+/// False when reading failed (shown); the controls are filled all the same.
+bool BindEditRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
+                 QLineEdit* edit, QString& errors, const RowStatics& statics);
+
+/// False when reading failed (shown), or when the value can be neither found nor added as a choice.
+bool BindListRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
+                 QComboBox* dropDown, QString& errors, const RowStatics& statics = {},
+                 TextSource source = TextSource::WizardFile);
+
+/// Shows name, value and unit in statics. A parameter given is used, otherwise it is looked up.
+bool BindDisplayRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
+                    QWidget* value, QString& errors, QWidget* unit);
+
+/// Binds a value list into the drop-down, any other parameter into the edit.
+bool BindRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
+             QLineEdit* edit, QComboBox* dropDown, QString& errors, const RowStatics& statics);
+
+/// Writes what the control shows to the drive and reads it back, when the row is marked changed or `force` is set.
+/// Reports each failure once and then keeps the row marked. True also when there was nothing to write.
+bool WriteRow(CParameter* parameter, QWidget* control, bool force);
+
+} // namespace krt550

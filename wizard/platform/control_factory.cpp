@@ -1,0 +1,97 @@
+#include "wizard/platform/control_factory.h"
+
+#include "wizard/platform/control_text.h"
+#include "wizard/platform/picture.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+
+namespace krt550 {
+namespace {
+
+QWidget* MakeLabel(QWidget* parent, bool wrapped) {
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(wrapped);
+    label->setAlignment(Qt::AlignLeft | (wrapped ? Qt::AlignTop : Qt::AlignVCenter));
+    return label;
+}
+
+QWidget* MakeButton(QWidget* parent, bool isDefault) {
+    auto* button = new QPushButton(parent);
+    button->setDefault(isDefault);
+    return button;
+}
+
+QWidget* MakeDropDown(QWidget* parent) {
+    auto* dropDown = new QComboBox(parent);
+    dropDown->setFocusPolicy(Qt::StrongFocus);
+    return dropDown;
+}
+
+QWidget* MakeProgressBar(QWidget* parent) {
+    auto* bar = new QProgressBar(parent);
+    bar->setRange(0, 100);
+    return bar;
+}
+
+} // namespace
+
+QWidget* MakeControl(const ControlLayout& control, QWidget* parent) {
+    switch (control.kind) {
+    case ControlKind::Label:
+        return MakeLabel(parent, false);
+    case ControlKind::WrappedText:
+        return MakeLabel(parent, true);
+    case ControlKind::GroupBox:
+        return new QGroupBox(parent);
+    case ControlKind::Edit:
+        return new QLineEdit(parent);
+    case ControlKind::DropDown:
+        return MakeDropDown(parent);
+    case ControlKind::CheckBox:
+        return new QCheckBox(parent);
+    case ControlKind::PushButton:
+        return MakeButton(parent, false);
+    case ControlKind::DefaultButton:
+        return MakeButton(parent, true);
+    case ControlKind::Picture:
+        return new CPicture(control.picture, parent);
+    case ControlKind::ProgressBar:
+        return MakeProgressBar(parent);
+    case ControlKind::Slider:
+        return new QSlider(Qt::Horizontal, parent);
+    case ControlKind::Icon:
+    case ControlKind::Placeholder:
+    case ControlKind::Custom:
+        break;
+    }
+    return new QLabel(parent);
+}
+
+void DressControl(QWidget& widget, const ControlLayout& control) {
+    widget.setObjectName(QString::number(control.id));
+    if (!control.text.isEmpty())
+        SetControlText(&widget, control.text);
+    if (control.reg != 0)
+        widget.setProperty("register", int(control.reg));
+    if (control.bold) {
+        QFont font = widget.font();
+        font.setBold(true);
+        widget.setFont(font);
+    }
+}
+
+void NameControl(QLabel& label, QWidget* value) {
+    const QString text = GetControlText(&label);
+    label.setBuddy(value);
+    SetControlText(&label, text);
+}
+
+} // namespace krt550

@@ -1,0 +1,73 @@
+#include "wizard/platform/modal_frame.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+#include <vector>
+
+namespace krt550 {
+namespace {
+
+std::vector<CModalFrame*> g_running;
+
+QWidget* WindowBehind() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
+
+} // namespace
+
+CModalFrame::CModalFrame(QWidget& content, std::function<void()> onCancel)
+    : QDialog(WindowBehind()), m_content(content), m_onCancel(std::move(onCancel)) {
+    setWindowModality(Qt::ApplicationModal);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(&content);
+}
+
+CModalFrame::~CModalFrame() {
+    m_content.hide();
+    m_content.setParent(nullptr);
+}
+
+int CModalFrame::Run() {
+    m_running = true;
+    g_running.push_back(this);
+    if (!m_ended) {
+        show();
+        m_loop.exec(QEventLoop::DialogExec);
+    }
+    if (!m_ended)
+        m_onCancel();
+    std::erase(g_running, this);
+    return m_result;
+}
+
+void CModalFrame::End(int result) {
+    if (m_ended)
+        return;
+    m_ended = true;
+    m_result = result;
+    hide();
+    m_loop.quit();
+}
+
+void CModalFrame::reject() { m_onCancel(); }
+
+void CModalFrame::closeEvent(QCloseEvent* event) {
+    event->accept();
+    if (!m_ended)
+        m_onCancel();
+}
+
+void CModalFrame::CancelStoppedFrames() {
+    const std::vector<CModalFrame*> frames = g_running;
+    for (CModalFrame* frame : frames)
+        if (!frame->m_ended && !frame->m_loop.isRunning())
+            frame->m_onCancel();
+}
+
+} // namespace krt550

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDialog>
+#include <QEventLoop>
+
+#include <functional>
+
+namespace krt550 {
+
+/// The modal top-level window around a content widget, with a loop of its own. Close button, Escape and the end of
+/// the application all ask `onCancel`, which is expected to call End. End may be called from inside any handler that
+/// the loop dispatches: it hides the window at once, and Run returns when that handler has unwound.
+class CModalFrame : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `content` is borrowed: shown inside while the frame runs, given back without a parent afterwards.
+    CModalFrame(QWidget& content, std::function<void()> onCancel);
+    ~CModalFrame() override;
+
+    /// Shows the window and returns the result that End was given.
+    int Run();
+    void End(int result);
+    void reject() override;
+
+    /// Asks every running frame to cancel whose loop the end of the application has stopped from outside.
+    static void CancelStoppedFrames();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget& m_content;
+    std::function<void()> m_onCancel;
+    QEventLoop m_loop;
+    bool m_running = false;
+    bool m_ended = false;
+    int m_result = 0;
+};
+
+} // namespace krt550

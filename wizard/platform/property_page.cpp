@@ -1,0 +1,16 @@
+#include "wizard/platform/property_page.h"
+
+#include <QPushButton>
+
+namespace krt550 {
+
+CPropertyPage::CPropertyPage(int layoutNumber) : CWindow(layoutNumber) { hide(); }
+
+// A dialog has one default button; the page in front claims it.
+void CPropertyPage::RestoreDefaultButton() {
+    constexpr int kNextButton = 95;
+    if (auto* next = GetControl<QPushButton>(kNextButton))
+        next->setDefault(true);
+}
+
+} // namespace krt550

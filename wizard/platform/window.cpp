@@ -1,0 +1,158 @@
+#include "wizard/platform/window.h"
+
+#include "wizard/platform/control_factory.h"
+#include "wizard/platform/dialog_units.h"
+#include "wizard/platform/message_box.h"
+#include "wizard/platform/resources.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+#include <QTimer>
+
+namespace krt550 {
+
+CWindow::CWindow(int layoutNumber, QWidget* parent) : QWidget(parent), m_layoutNumber(layoutNumber) {}
+
+CWindow::~CWindow() = default;
+
+bool CWindow::Create() {
+    if (m_created)
+        return true;
+    const std::optional<DialogLayout> layout = CResources::Current().GetLayout(m_layoutNumber);
+    if (!layout)
+        return false;
+    m_created = true;
+    setProperty("layout", m_layoutNumber);
+    Place(*layout);
+    return true;
+}
+
+void CWindow::Place(const DialogLayout& layout) {
+    const CDialogUnits units(font());
+    setFixedSize(units.ToPixels(layout.width, layout.height));
+    QWidget* former = nullptr;
+    for (const ControlLayout& item : layout.controls) {
+        QWidget* control = CreateControl(item);
+        if (!control)
+            control = MakeControl(item, this);
+        DressControl(*control, item);
+        control->setGeometry(units.ToPixels(item.rect));
+        m_controls.insert(item.id, control);
+        Connect(control);
+        if (control->focusPolicy() != Qt::NoFocus) {
+            if (former)
+                setTabOrder(former, control);
+            former = control;
+        }
+    }
+    for (const ControlLayout& item : layout.controls) {
+        if (auto* label = GetControl<QLabel>(item.id); label && item.buddy)
+            NameControl(*label, GetDlgItem(item.buddy));
+    }
+}
+
+void CWindow::Connect(QWidget* control) {
+    if (auto* edit = qobject_cast<QLineEdit*>(control)) {
+        connect(edit, &QLineEdit::textChanged, this, [this, edit] { Notify(edit, ControlEvent::Changed); });
+        edit->installEventFilter(this);
+    } else if (auto* dropDown = qobject_cast<QComboBox*>(control)) {
+        connect(dropDown, &QComboBox::activated, this, [this, dropDown] { Notify(dropDown, ControlEvent::Selected); });
+        dropDown->installEventFilter(this);
+    } else if (auto* button = qobject_cast<QAbstractButton*>(control)) {
+        connect(button, &QAbstractButton::clicked, this, [this, button] { Notify(button, ControlEvent::Clicked); });
+    } else if (auto* slider = qobject_cast<QSlider*>(control)) {
+        connect(slider, &QSlider::sliderReleased, this, [this, slider] { Notify(slider, ControlEvent::Released); });
+    }
+}
+
+int CWindow::GetDlgCtrlID(const QWidget* control) const {
+    const int id = control ? control->objectName().toInt() : 0;
+    return id != 0 && GetDlgItem(id) == control ? id : 0;
+}
+
+void CWindow::Handle(int id, ControlEvent event, Handler handler) { m_handlers[{id, event}] = std::move(handler); }
+
+void CWindow::Notify(const QWidget* control, ControlEvent event) {
+    const auto found = m_handlers.find({GetDlgCtrlID(control), event});
+    if (found == m_handlers.end())
+        return;
+    // A copy: the handler may replace itself while it runs.
+    const Handler handler = found->second;
+    handler();
+}
+
+int CWindow::SetTimer(int id, int milliseconds) {
+    const int handle = startTimer(milliseconds);
+    m_timers.insert(handle, id);
+    return handle;
+}
+
+bool CWindow::KillTimer(int handle) {
+    if (m_timers.remove(handle) == 0)
+        return false;
+    killTimer(handle);
+    return true;
+}
+
+void CWindow::KillAllTimers() {
+    const QList<int> handles = m_timers.keys();
+    for (const int handle : handles)
+        KillTimer(handle);
+}
+
+CWindow* CWindow::OwnerOf(const QWidget* control) {
+    return control ? qobject_cast<CWindow*>(control->parentWidget()) : nullptr;
+}
+
+QWidget* CWindow::CreateControl(const ControlLayout&) { return nullptr; }
+
+void CWindow::OnTimer(int) {}
+
+void CWindow::timerEvent(QTimerEvent* event) {
+    const auto timer = m_timers.constFind(event->timerId());
+    if (timer != m_timers.cend())
+        OnTimer(*timer);
+    else
+        QWidget::timerEvent(event);
+}
+
+bool CWindow::eventFilter(QObject* watched, QEvent* event) {
+    auto* control = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::FocusOut && control) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        // A menu, or another window coming to the front, only borrows the focus.
+        const bool borrowed = reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+                              reason == Qt::ActiveWindowFocusReason;
+        if (!borrowed)
+            FocusLeft(control);
+    } else if (event->type() == QEvent::Wheel && qobject_cast<QComboBox*>(watched) && !control->hasFocus()) {
+        // Scrolling across a page must not change a drive setting by accident.
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void CWindow::FocusLeft(QWidget* control) {
+    ReportFocusLoss(control, MessageBoxCount());
+}
+
+void CWindow::ReportFocusLoss(QPointer<QWidget> control, int boxesBefore) {
+    if (!control)
+        return;
+    if (QGuiApplication::mouseButtons() == Qt::NoButton) {
+        if (MessageBoxCount() == boxesBefore && control->isVisible())
+            Notify(control, ControlEvent::FocusLost);
+        return;
+    }
+    // The focus left by a mouse press that another control is still to see through. A message box now would swallow
+    // the click; after it, a box is only wanted when the click itself has not brought one and the page is still there.
+    QTimer::singleShot(20, this, [this, control, boxesBefore] { ReportFocusLoss(control, boxesBefore); });
+}
+
+} // namespace krt550

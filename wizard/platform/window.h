@@ -1,0 +1,80 @@
+#pragma once
+
+#include "wizard/platform/dialog_layout.h"
+
+#include <QHash>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <map>
+
+namespace krt550 {
+
+/// What a control can tell its window.
+enum class ControlEvent {
+    Clicked,     ///< button or check box
+    Changed,     ///< text of an edit, typed or set from code
+    Selected,    ///< choice of a drop-down by the user
+    FocusLost,   ///< the focus went to another control
+    Released     ///< slider let go
+};
+
+/// A window built from a dialog layout: controls by id, handlers by id and event, timers by id and handle.
+class CWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The layout is taken from the current resources when the window is created.
+    explicit CWindow(int layoutNumber, QWidget* parent = nullptr);
+    ~CWindow() override;
+
+    /// Makes the controls. Does nothing the second time; false when the resources have no such layout.
+    bool Create();
+    bool IsCreated() const { return m_created; }
+    int GetLayoutNumber() const { return m_layoutNumber; }
+
+    /// The control with this id, or null.
+    QWidget* GetDlgItem(int id) const { return m_controls.value(id, nullptr); }
+    /// The control with this id when it is of this class, or null.
+    template <class Control> Control* GetControl(int id) const { return qobject_cast<Control*>(GetDlgItem(id)); }
+    /// Id of one of this window's controls, 0 for anything else.
+    int GetDlgCtrlID(const QWidget* control) const;
+
+    using Handler = std::function<void()>;
+    /// Sets what happens on an event of a control, in place of what was set before.
+    void Handle(int id, ControlEvent event, Handler handler);
+    /// Runs the handler of a control's event, if there is one.
+    void Notify(const QWidget* control, ControlEvent event);
+
+    /// Starts a timer that calls OnTimer with `id` every `milliseconds` (> 0). Returns its handle, never 0.
+    int SetTimer(int id, int milliseconds);
+    /// False when no timer of this window has this handle.
+    bool KillTimer(int handle);
+    void KillAllTimers();
+
+    /// The window that a control belongs to, or null.
+    static CWindow* OwnerOf(const QWidget* control);
+
+protected:
+    /// Makes a control that the layout alone cannot; null leaves it to the layout.
+    virtual QWidget* CreateControl(const ControlLayout& control);
+    virtual void OnTimer(int id);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    void Place(const DialogLayout& layout);
+    void Connect(QWidget* control);
+    void FocusLeft(QWidget* control);
+    void ReportFocusLoss(QPointer<QWidget> control, int boxesBefore);
+
+    int m_layoutNumber;
+    bool m_created = false;
+    QHash<int, QWidget*> m_controls;
+    std::map<std::pair<int, ControlEvent>, Handler> m_handlers;
+    QHash<int, int> m_timers; ///< handle to timer id
+};
+
+} // namespace krt550

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "wizard/platform/dialog_layout.h"
+
+namespace krt550 {
+
+/// Size of every page, in dialog units.
+inline constexpr int kPageWidth = 505;
+inline constexpr int kPageHeight = 326;
+
+/// Columns of the parameter rows of a page: left edges and widths in dialog units.
+struct RowColumns {
+    int label;
+    int labelWidth;
+    int value;
+    int valueWidth;
+    int unit;
+    int unitWidth;
+    int minimum;
+    int maximum;
+    int limitWidth;
+};
+
+/// Builds the layout of a page from parts.
+class CLayoutBuilder {
+public:
+    CLayoutBuilder(int number, int width, int height, const QString& caption = {});
+
+    CLayoutBuilder& Add(ControlLayout control);
+    /// Group box number `k` of the page, with its caption.
+    CLayoutBuilder& Group(int k, const DialogRect& rect, const QString& caption);
+    /// Headings "Actual", "Unit", "Min", "Max" of group `k`.
+    CLayoutBuilder& Headings(int k, int y, const RowColumns& columns);
+    /// Label, edit, unit, minimum and maximum of a register.
+    CLayoutBuilder& EditRow(quint16 reg, const QString& label, int y, const RowColumns& columns);
+    /// Label and drop-down list of a register.
+    CLayoutBuilder& ListRow(quint16 reg, const QString& label, int y, const RowColumns& columns, int listWidth);
+    /// Bottom row of every page; the digits of the steps only where `withDigits`.
+    CLayoutBuilder& BottomRow(bool withDigits, int resetX = 266);
+
+    DialogLayout Take() { return std::move(m_layout); }
+
+private:
+    DialogLayout m_layout;
+};
+
+} // namespace krt550

@@ -1,0 +1,45 @@
+#include "wizard/resources/layouts.h"
+
+#include "wizard/resources/control_ids.h"
+#include "wizard/resources/layout_parts.h"
+#include "wizard/resources/string_table.h"
+
+namespace krt550 {
+namespace {
+
+/// A page that has only its title and the bottom row so far.
+struct PlainPage {
+    int layout;
+    int title; ///< string number
+    bool isStep;
+};
+
+constexpr PlainPage kPlainPages[] = {
+    {101, 37, true},   {103, 38, true},   {104, 39, true},   {110, 40, true},   {111, 41, true},
+    {112, 42, true},   {133, 264, false}, {134, 274, false}, {135, 271, false}, {136, 278, false},
+    {137, 282, false}, {138, 286, false}, {139, 292, false}, {146, 298, false}, {147, 303, false},
+};
+
+DialogLayout PlainLayout(const PlainPage& page) {
+    CLayoutBuilder builder(page.layout, kPageWidth, kPageHeight);
+    builder.Add({.id = kIdPageTitle,
+                 .rect = {18, 10, 400, 14},
+                 .text = StringTableText(page.title).value_or(QString()),
+                 .bold = true});
+    return builder.BottomRow(page.isStep).Take();
+}
+
+} // namespace
+
+std::optional<DialogLayout> LayoutOfNumber(int number) {
+    if (number == 100)
+        return NamePlateLayout();
+    if (number == 107)
+        return StartPageLayout();
+    for (const PlainPage& page : kPlainPages)
+        if (page.layout == number)
+            return PlainLayout(page);
+    return std::nullopt;
+}
+
+} // namespace krt550

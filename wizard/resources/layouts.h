@@ -1,0 +1,16 @@
+#pragma once
+
+#include "wizard/platform/dialog_layout.h"
+
+#include <optional>
+
+namespace krt550 {
+
+/// One function for each dialog layout that is more than its bottom row.
+DialogLayout NamePlateLayout(); ///< 100
+DialogLayout StartPageLayout(); ///< 107
+
+/// Layout by number.
+std::optional<DialogLayout> LayoutOfNumber(int number);
+
+} // namespace krt550

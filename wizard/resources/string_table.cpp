@@ -1,0 +1,92 @@
+#include "wizard/resources/string_table.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace krt550 {
+namespace {
+
+struct Entry {
+    int number;
+    const char16_t* text;
+};
+
+// In ascending order of the numbers.
+constexpr Entry kStrings[] = {
+    {1, u"KRT 550 Wizard"},
+    {2, u"Assistant menu"},
+    {3, u"Reset faulted drive"},
+    {4, u"For parameter REPLACE given value was invalid.\nPlease input valid value."},
+    {5, u"Parameter REPLACE not found from drive.\n\nUnable to use the specified parameter."},
+    {8, u"Value entered for parameter REPLACE_PARAM is invalid for unsigned 8-bit data (value entered was REPLACE_VALUE)."},
+    {9, u"Value entered for parameter REPLACE_PARAM is invalid for signed 16-bit data (value entered was REPLACE_VALUE)."},
+    {10, u"Value entered for parameter REPLACE_PARAM is invalid for unsigned 16-bit data (value entered was REPLACE_VALUE)."},
+    {13, u"1. Name plate data"},
+    {14, u"Advanced"},
+    {15, u"Basic"},
+    {16, u"Basic commissioning steps done:"},
+    {17, u"Assistants"},
+    {18, u"Welcome to the KRT550 assistant"},
+    {19, u"Start basic commissioning (1 to 7):"},
+    {20, u"Start"},
+    {21, u"or choose specific assistants"},
+    {22, u"I/O assistant"},
+    {23, u"Protection and limit assistant"},
+    {24, u"E-stop / el. disconnect assistant"},
+    {25, u"Field exciter assistant"},
+    {26, u"Master-follower / drive to drive assistant"},
+    {27, u"12-pulse assistant"},
+    {28, u"Serial communication assistant"},
+    {29, u"Configurable assistant"},
+    {30, u"Help"},
+    {31, u"Field reversal assistant"},
+    {32, u"Apply"},
+    {33, u"Next >"},
+    {34, u"< Back"},
+    {35, u"Close"},
+    {36, u"Cancel"},
+    {37, u"2. Macro assistant"},
+    {38, u"3. Autotuning field current controller"},
+    {39, u"4. Autotuning armature current controller"},
+    {40, u"5. Speed feedback assistant"},
+    {41, u"6. Autotuning speed controller"},
+    {42, u"7. Field weakening assistant"},
+    {43, u"Finish"},
+    {45, u"Set general parameters"},
+    {46, u"Set motor nameplate data"},
+    {220, u"Protections"},
+    {222, u"Set mains / supply data"},
+    {223, u"Actual"},
+    {224, u"Unit"},
+    {225, u"Min"},
+    {227, u"Max"},
+    {228, u"Other"},
+    {229, u"Parameter REPLACE valuelist not found from drive.\n\nUnable to use the specified parameter."},
+    {264, u"Protections and limit assistant"},
+    {271, u"E-stop / el. disconnect assistant"},
+    {274, u"I/O assistant"},
+    {278, u"Field reversal assistant"},
+    {282, u"Field exciter assistant"},
+    {286, u"Master-follower / drive to drive assistant"},
+    {292, u"12-pulse assistant"},
+    {298, u"Serial communication assistant"},
+    {303, u"Configurable assistant"},
+    {358, u"Error while updating parameters\n Stopping parameter update."},
+    {359, u"Unable to stop parameter update."},
+    {360, u"Parameters that should be updated did not found\nCan not start parameter update!"},
+};
+
+static_assert(std::is_sorted(std::begin(kStrings), std::end(kStrings),
+                             [](const Entry& a, const Entry& b) { return a.number < b.number; }));
+
+} // namespace
+
+std::optional<QString> StringTableText(int number) {
+    const auto* entry = std::lower_bound(std::begin(kStrings), std::end(kStrings), number,
+                                         [](const Entry& e, int wanted) { return e.number < wanted; });
+    if (entry == std::end(kStrings) || entry->number != number)
+        return std::nullopt;
+    return QString::fromUtf16(entry->text);
+}
+
+} // namespace krt550

@@ -1,0 +1,51 @@
+#include "wizard/shell/row_page.h"
+
+#include "wizard/params/changed_registers.h"
+#include "wizard/params/cyclic_update.h"
+#include "wizard/platform/control_text.h"
+#include "wizard/resources/control_ids.h"
+#include "wizard/shell/sheet_wizard.h"
+
+namespace krt550 {
+
+CRowPage::CRowPage(int layoutNumber, QString helpTopic, std::span<const RowDef> rows)
+    : CWizardPropertyPage(layoutNumber, std::move(helpTopic)), m_rows(*this, rows) {}
+
+bool CRowPage::ApplyParameters() { return m_rows.Write(); }
+
+bool CRowPage::LoadParameters() {
+    UpdateStepIcons();
+    InitResetButton();
+    UpdateNextCaption();
+    EnableControl(GetDlgItem(kIdNext), true);
+    m_rows.AttachToolTips([this](int label, const QString& text) { AddToolTip(label, text); });
+    CParameterGroup* root = GetPageParameterRoot(GetSheet());
+    if (!root)
+        return false;
+    QString errors;
+    const bool bound = BindRows(root, errors);
+    // Filling the controls raised change notifications.
+    ClearChanged();
+    if (!errors.isEmpty())
+        ReportLoadErrors(errors);
+    StopParameterUpdate(*this, m_updateTimer);
+    if (bound && errors.isEmpty())
+        m_updateTimer = StartParameterUpdate(*this, GetStepNumber());
+    return bound;
+}
+
+bool CRowPage::BindRows(CParameterGroup* root, QString& errors) { return m_rows.Bind(root, errors); }
+
+bool CRowPage::LeavePage() {
+    StopParameterUpdate(*this, m_updateTimer);
+    return true;
+}
+
+void CRowPage::OnTimer(int id) {
+    if (id == GetStepNumber())
+        UpdateParameters(*this, m_updateTimer);
+    else
+        CWizardPropertyPage::OnTimer(id);
+}
+
+} // namespace krt550

@@ -1,0 +1,75 @@
+#include "wizard/shell/strip_bitmap_button.h"
+
+#include "wizard/platform/picture.h"
+#include "wizard/platform/resources.h"
+
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+
+#include <algorithm>
+#include <iterator>
+
+namespace krt550 {
+namespace {
+
+constexpr int kThreeFrameStrips[] = {116, 10070, 10071, 10072};
+/// The local/remote button stays down until it is pressed again.
+constexpr int kLatchingButton = 8312;
+
+} // namespace
+
+void CToolTipButton::SetToolTipText(const QString& text, bool active) {
+    setToolTip(active ? text : QString());
+    setAccessibleName(text);
+}
+
+CStripBitmapButton::CStripBitmapButton(QWidget* parent) : CToolTipButton(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void CStripBitmapButton::LoadStripBitmap(int number) {
+    const QPixmap strip = CResources::Current().GetPicture(number, {}, 1.0);
+    m_number = number;
+    m_frames = std::ranges::find(kThreeFrameStrips, number) != std::end(kThreeFrameStrips) ? 3 : 2;
+    m_frame = QSize(strip.width() / m_frames, strip.height());
+    resize(m_frame);
+    m_loaded = true;
+    update();
+}
+
+int CStripBitmapButton::GetShownFrame() const {
+    if (!isEnabled())
+        return 2;
+    return isDown() || (Latches() && m_latched) ? 1 : 0;
+}
+
+bool CStripBitmapButton::Latches() const { return objectName().toInt() == kLatchingButton; }
+
+void CStripBitmapButton::nextCheckState() {
+    if (Latches())
+        m_latched = !m_latched;
+}
+
+void CStripBitmapButton::paintEvent(QPaintEvent*) {
+    if (!m_loaded)
+        return;
+    const QPixmap strip = CResources::Current().GetPicture(m_number, {}, devicePixelRatioF());
+    const QList<QPixmap> frames = FramesOfStrip(strip, m_frames);
+    QPainter painter(this);
+    const int frame = GetShownFrame();
+    if (frame < frames.size()) {
+        painter.drawPixmap(0, 0, frames[frame]);
+    } else {
+        // A strip without a disabled frame shows its first one, faded.
+        painter.setOpacity(0.4);
+        painter.drawPixmap(0, 0, frames[0]);
+    }
+    if (hasFocus()) {
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        option.rect = rect().adjusted(2, 2, -2, -2);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+}
+
+} // namespace krt550

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "wizard/texts/text_records.h"
+#include "wizard/texts/text_table.h"
+
+#include <array>
+#include <optional>
+
+namespace krt550 {
+
+/// A word that stands for "none" in the connection tables.
+inline constexpr quint16 kNoWord = 0xFFFF;
+
+/// One entry of a connection table: the selector parameter that ties an input to a function.
+struct InputConnection {
+    quint16 selector = 0;
+    quint16 target = kNoWord;      ///< analogue inputs: parameter with the converted value
+    std::array<quint16, 8> select; ///< by input: selecting value
+    quint16 disconnect = kNoWord;
+    std::vector<std::string_view> names; ///< by language
+};
+
+/// The inputs of one kind.
+struct InputTable {
+    std::vector<InputConnection> connections;
+    std::vector<quint16> selectors; ///< distinct, in order of their first entry
+    CKeyIndex selectorIndex;
+};
+
+/// Allowed values of a register before a page may start.
+struct StartCondition {
+    quint16 reg = 0;
+    std::vector<quint16> allowed;
+};
+
+/// The start conditions of all pages.
+class CStartConditions {
+public:
+    void Allow(quint16 step, quint16 reg, quint16 value);
+    /// The condition of a register for a step, or null.
+    const StartCondition* Find(quint16 step, quint16 reg) const;
+    /// Registers with a condition for a step, in file order.
+    QList<quint16> RegistersOf(quint16 step) const;
+
+private:
+    CKeyIndex m_index; ///< by step and register
+    std::vector<StartCondition> m_conditions;
+    QHash<quint16, QList<quint16>> m_registers; ///< by step
+};
+
+/// A module type and the fieldbus list that it takes.
+struct FieldbusType {
+    std::string_view moduleType;
+    std::string_view fieldbusKey;
+};
+
+/// The tables of the wizard text file.
+struct WizardTables {
+    CTextArena arena;
+    CTextTable toolTips{arena};
+    CTextTable parameterNames{arena};
+    CValueTextTable valueTexts{arena};
+    CTextTable macroDescriptions{arena};
+    QHash<quint16, std::vector<std::string_view>> macroRegisters;
+    InputTable digitalInputs;
+    InputTable analogueInputs;
+    CTextTable digitalOutputs{arena};
+    CTextTable analogueOutputs{arena};
+    CStartConditions startConditions;
+    QHash<int, int> updatePeriods;
+    std::optional<SpeedResponse> speedResponse;
+    std::vector<SliderValue> sliderValues;
+    std::vector<FieldbusType> fieldbusTypes;
+    std::array<std::vector<RegisterValue>, 6> fieldbusDefaults; ///< in the order of kFieldbusKeys
+    std::optional<GainAdjustment> gainUp;
+    std::optional<GainAdjustment> gainDown;
+    CTextTable mailBoxTransmit{arena};
+    CTextTable mailBoxReceive{arena};
+    CTextTable dataSetReceive{arena};
+    CTextTable dataSetTransmit{arena};
+
+    WizardTables() = default;
+    WizardTables(const WizardTables&) = delete;
+    WizardTables& operator=(const WizardTables&) = delete;
+};
+
+inline constexpr std::array<std::string_view, 6> kFieldbusKeys = {"PROFIBUS",   "CANOPEN",  "DEVICENET",
+                                                                  "CONTROLNET", "ETHERNET", "PROFINET"};
+
+/// Reads a line of the wizard text file into its table. Lines with an unknown key are ignored.
+void ReadWizardLine(WizardTables& tables, std::string_view line);
+
+} // namespace krt550
