@@ -18,7 +18,7 @@ CPropertySheet::CPropertySheet(const QString& caption, int firstPage) : m_captio
 
 CPropertySheet::~CPropertySheet() {
     // The pages are borrowed: without this Qt would delete them as children.
-    for (CPropertyPage* page : m_pages)
+    for (CPropertyPage* page : findChildren<CPropertyPage*>(Qt::FindDirectChildrenOnly))
         page->setParent(nullptr);
 }
 
