@@ -163,14 +163,12 @@ QString Act(const PlayAction& action, const ActingContext& context) {
     case Verb::Show:
         context.print(QLatin1String("  ") + context.stage.DescribeDrive(reg));
         return {};
-    case Verb::Say:
-        context.print(QLatin1String("  ") + arguments.text);
-        return {};
     case Verb::ClearLog:
         context.stage.ClearLog();
         return {};
     case Verb::Close:
         return Close(arguments);
+    case Verb::Say: // has been said when the line was printed
     case Verb::Wait:
     case Verb::Expect:
         break;

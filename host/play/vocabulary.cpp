@@ -41,7 +41,7 @@ constexpr VerbDef kVerbs[] = {
      "change a parameter behind the wizard's back"},
     {"fault", Verb::Fault, {Kind::Text, Kind::None}, "fault NAME", "switch a fault of the simulated drive on"},
     {"show", Verb::Show, {Kind::Register, Kind::None}, "show REG", "print a parameter of the drive"},
-    {"say", Verb::Say, {Kind::Text, Kind::None}, "say TEXT", "print a text"},
+    {"say", Verb::Say, {Kind::Text, Kind::None}, "say TEXT", "nothing but be printed, as every line is"},
     {"clear",
      Verb::ClearLog,
      {Kind::Text, Kind::None},

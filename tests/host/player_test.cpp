@@ -201,7 +201,7 @@ TEST(Player, TakesPicturesOfTheWindowInFront) {
 TEST(Player, PrintsEachLineAsItIsDone) {
     const Played played = Play(QStringLiteral("# a comment\n\n  start   # go\nshow 102\nsay Well done\n"));
     EXPECT_EQ(played.printed, QStringLiteral("toy.play:3  start   # go\ntoy.play:4  show 102\n  Speed: 0\n"
-                                             "toy.play:5  say Well done\n  Well done\n"
+                                             "toy.play:5  say Well done\n"
                                              "toy.play: the script is over, the wizard is closed\n"));
 }
 
