@@ -5,6 +5,7 @@
 #include "tests/support/robot.h"
 #include "tests/support/wizard_files.h"
 #include "wizard/shell/step_states.h"
+#include "wizard/texts/wizard_directory.h"
 
 namespace krt550 {
 
@@ -23,6 +24,7 @@ protected:
     WizardFixture() : m_drive(NamePlateParameters()) {
         static const WizardFiles files("UPDATE\t1\t5\nTOOLTIP\t9902\tVoltage of the name plate\n");
         m_drive.wizardPath = files.WizardPath();
+        SetWizardDirectory(files.Directory());
         EnsureStepStates();
         for (int step = 1; step <= kStepCount; ++step)
             SetStepState(step, StepState::NotChosen);

@@ -73,11 +73,11 @@ CLayoutBuilder& CLayoutBuilder::BottomRow(bool withDigits, int resetX) {
     if (withDigits) {
         Add({.id = kIdStepsDoneGroup, .kind = ControlKind::GroupBox, .rect = {83, 281, 174, 38}});
         Add({.id = kIdStepsDoneLabel,
-             .rect = {91, 287, 160, 10},
+             .rect = {91, 289, 160, 10},
              .text = StringTableText(16).value_or(QString())});
         constexpr int kDigitX[7] = {103, 123, 143, 164, 183, 203, 223};
         for (int i = 0; i < 7; ++i)
-            Add({.id = kStepIconIds[i], .kind = ControlKind::Icon, .rect = {kDigitX[i], 298, 20, 20}});
+            Add({.id = kStepIconIds[i], .kind = ControlKind::Icon, .rect = {kDigitX[i], 300, 20, 20}});
     }
     Add({.id = kIdReset, .kind = ControlKind::Custom, .rect = {resetX, 299, 18, 14}});
     button(kIdApply, 288, 32);

@@ -1,0 +1,44 @@
+#include "host/connect_drive.h"
+
+#include "host/drive_name.h"
+#include "host/simulated_connection.h"
+
+namespace krt550 {
+namespace {
+
+/// The first thing in the name that the simulated drive does not know; empty when there is none.
+QString UnknownTo(const DriveName& name) {
+    if (!name.motor.isEmpty())
+        return QStringLiteral("motor \"%1\"").arg(name.motor);
+    return name.options.isEmpty() ? QString() : QStringLiteral("option \"%1\"").arg(name.options.first().first);
+}
+
+} // namespace
+
+std::unique_ptr<CConnection> ConnectDrive(const QString& text, std::vector<ParameterDescription> parameters,
+                                          const QString& wizardDirectory, QString& error) {
+    const std::optional<DriveName> name = ParseDriveName(text, error);
+    if (!name)
+        return nullptr;
+    if (name->kind != QLatin1String("sim")) {
+        error = QStringLiteral("drive \"%1\": there is no such drive; the drives are: sim").arg(text);
+        return nullptr;
+    }
+    if (const QString unknown = UnknownTo(*name); !unknown.isEmpty()) {
+        error = QStringLiteral("drive \"%1\": the simulated drive has no %2").arg(text, unknown);
+        return nullptr;
+    }
+    // The information names a file in the wizard directory, as a host does that knows where its module lies.
+    auto connection = std::make_unique<CSimulatedConnection>(std::move(parameters),
+                                                             wizardDirectory + QLatin1String("/KRT550Wizard.so"));
+    for (const QString& fault : name->faults) {
+        error = connection->SwitchFault(fault);
+        if (!error.isEmpty()) {
+            error = QStringLiteral("drive \"%1\": %2").arg(text, error);
+            return nullptr;
+        }
+    }
+    return connection;
+}
+
+} // namespace krt550

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "hostlib/host_drive.h"
+#include "hostlib/tolvbo32/parameter_description.h"
+#include "hostlib/tolvbo32/parameter_link.h"
+
+namespace krt550 {
+
+/// A drive that the tool has connected, whatever its kind.
+class CConnection {
+public:
+    virtual ~CConnection() = default;
+    virtual CHostDrive& GetDrive() = 0;
+    /// The drive's own line; every access of its parameter tree ends here.
+    virtual CParameterLink& GetLink() = 0;
+    /// Lets the drive's parameter tree reach the drive through `link`, which passes on to GetLink. Borrowed; null takes
+    /// it back.
+    virtual void SetTreeLink(CParameterLink* link) = 0;
+
+    /// Description of a register that the drive has, or null.
+    virtual const ParameterDescription* FindParameter(quint16 reg) = 0;
+    /// Reads and changes a register that the drive has past the line, as if the drive itself did.
+    virtual quint16 PeekWord(quint16 reg) = 0;
+    virtual void PokeWord(quint16 reg, quint16 word) = 0;
+    /// Switches a fault on, or all of them off: "none". Returns what went wrong, or an empty text.
+    virtual QString SwitchFault(const QString& name) = 0;
+};
+
+} // namespace krt550

@@ -1,0 +1,47 @@
+#include "host/drive_stage.h"
+
+#include "host/call_log.h"
+#include "hostlib/tolvbo32/value_codec.h"
+
+namespace krt550 {
+namespace {
+
+QString NoSuchText(quint16 reg) {
+    return QStringLiteral("the drive has no parameter %1").arg(reg);
+}
+
+} // namespace
+
+QString CDriveStage::ChangeDrive(quint16 reg, const QString& text) {
+    const ParameterDescription* parameter = m_connection.FindParameter(reg);
+    if (!parameter)
+        return NoSuchText(reg);
+    QString error;
+    const std::optional<quint16> word = WordOfText(*parameter, text, error);
+    if (word)
+        m_connection.PokeWord(reg, *word);
+    return error;
+}
+
+std::optional<QString> CDriveStage::DriveText(quint16 reg) {
+    const ParameterDescription* parameter = m_connection.FindParameter(reg);
+    return parameter ? std::optional(ShownText(*parameter, m_connection.PeekWord(reg))) : std::nullopt;
+}
+
+QString CDriveStage::DescribeDrive(quint16 reg) {
+    const std::optional<QString> text = DriveText(reg);
+    if (!text)
+        return NoSuchText(reg);
+    const ParameterDescription& parameter = *m_connection.FindParameter(reg);
+    return QStringLiteral("%1: %2 %3").arg(parameter.displayName(), *text, parameter.unit).trimmed();
+}
+
+const QStringList& CDriveStage::LogLines() const {
+    return m_log.Lines();
+}
+
+void CDriveStage::ClearLog() {
+    m_log.Clear();
+}
+
+} // namespace krt550

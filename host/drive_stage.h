@@ -1,0 +1,28 @@
+#pragma once
+
+#include "host/connection.h"
+#include "host/play/stage.h"
+
+namespace krt550 {
+
+class CCallLog;
+
+/// A play's way to the connected drive, past the wizard, in the units that people read.
+class CDriveStage : public CPlayStage {
+public:
+    /// Both are borrowed.
+    CDriveStage(CConnection& connection, CCallLog& log) : m_connection(connection), m_log(log) {}
+
+    QString ChangeDrive(quint16 reg, const QString& text) override;
+    std::optional<QString> DriveText(quint16 reg) override;
+    QString DescribeDrive(quint16 reg) override;
+    QString SwitchFault(const QString& name) override { return m_connection.SwitchFault(name); }
+    const QStringList& LogLines() const override;
+    void ClearLog() override;
+
+private:
+    CConnection& m_connection;
+    CCallLog& m_log;
+};
+
+} // namespace krt550

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace krt550 {
+
+/// What the command line asks for.
+struct ToolOptions {
+    enum class Task { Run, Help, Version, Complain };
+
+    Task task = Task::Run;
+    QString complaint; ///< one line, for Task::Complain
+
+    QString drive = QStringLiteral("sim");
+    QString wizardDirectory; ///< these three: empty = beside the program
+    QString parameterFile;
+    QString moduleFile;
+    QString playFile; ///< empty: a person works
+    QString logFile;  ///< empty: none, "-": standard output
+    QString shotDirectory = QStringLiteral(".");
+    int speed = 1;
+};
+
+/// Reads the arguments, the program's name not among them.
+ToolOptions ParseOptions(const QStringList& arguments);
+
+/// Text of --help.
+QString HelpText();
+
+/// Text of --version.
+QString VersionText();
+
+} // namespace krt550

@@ -1,0 +1,204 @@
+#include "host/play/act.h"
+
+#include "host/play/front_window.h"
+#include "host/play/input.h"
+#include "host/play/stage.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QTabBar>
+
+namespace krt550 {
+namespace {
+
+constexpr int kStartButton = 158;
+constexpr int kViewButton = 170;
+constexpr int kFirstAdvancedPage = 8;
+/// Box of each page on the start page; the index is the page's.
+constexpr int kPageBoxes[] = {0, 160, 164, 165, 166, 167, 168, 169, 171, 173, 174, 175, 176, 177, 178, 179, 180};
+
+QString Describe(const Arguments& arguments) {
+    return (arguments.byRegister ? QStringLiteral("the row of %1") : QStringLiteral("control %1"))
+        .arg(arguments.number);
+}
+
+/// The control that an action is about, ready for input; null and the reason in `error` when it is not.
+QWidget* ControlToUse(const Arguments& arguments, QString& error) {
+    QWidget* front = FrontWindow();
+    QWidget* control =
+        arguments.byRegister ? FindRowControl(front, arguments.number) : FindControl(front, arguments.number);
+    if (!control)
+        error = QStringLiteral("%1 is not on screen").arg(Describe(arguments));
+    else if (!control->isEnabled())
+        error = QStringLiteral("%1 (\"%2\") is disabled").arg(Describe(arguments), ShownText(control));
+    return error.isEmpty() ? control : nullptr;
+}
+
+QString Press(int id) {
+    Arguments arguments;
+    arguments.number = id;
+    QString error;
+    QWidget* control = ControlToUse(arguments, error);
+    return control ? Click(control) : error;
+}
+
+QString Tick(int page, bool tick) {
+    const int id = kPageBoxes[page];
+    if (page >= kFirstAdvancedPage && !FindControl(FrontWindow(), id))
+        if (const QString error = Press(kViewButton); !error.isEmpty())
+            return error;
+    const auto* box = qobject_cast<QAbstractButton*>(FindControl(FrontWindow(), id));
+    if (box && box->isChecked() == tick)
+        return {};
+    return Press(id);
+}
+
+QString Set(const Arguments& arguments) {
+    QString error;
+    QWidget* control = ControlToUse(arguments, error);
+    if (!control)
+        return error;
+    if (!control->inherits("QLineEdit") && !control->inherits("QTextEdit") && !control->inherits("QPlainTextEdit"))
+        return QStringLiteral("%1 is no field to type into").arg(Describe(arguments));
+    return TypeAndLeave(control, arguments.text);
+}
+
+QString Choose(const Arguments& arguments) {
+    QString error;
+    QWidget* control = ControlToUse(arguments, error);
+    auto* list = qobject_cast<QComboBox*>(control);
+    if (control && !list)
+        error = QStringLiteral("%1 has no list").arg(Describe(arguments));
+    return list ? PickEntry(list, arguments.text) : error;
+}
+
+QString Key(const Arguments& arguments) {
+    QString error;
+    QWidget* control = ControlToUse(arguments, error);
+    return control ? PressKey(control, arguments.text) : error;
+}
+
+QMessageBox::StandardButton ButtonOf(BoxAnswer answer) {
+    switch (answer) {
+    case BoxAnswer::Cancel:
+        return QMessageBox::Cancel;
+    case BoxAnswer::Yes:
+        return QMessageBox::Yes;
+    case BoxAnswer::No:
+        return QMessageBox::No;
+    case BoxAnswer::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+QString Answer(BoxAnswer answer) {
+    const QMessageBox* box = BoxInFront();
+    QAbstractButton* button = box ? box->button(ButtonOf(answer)) : nullptr;
+    if (!button)
+        return QStringLiteral("there is no message box with such a button");
+    return Click(button);
+}
+
+QString BringTabToFront(const QString& text) {
+    const QList<QTabBar*> bars = FrontWindow()->findChildren<QTabBar*>();
+    QString error = QStringLiteral("there are no tabs on screen");
+    for (QTabBar* tabs : bars) {
+        if (!tabs->isVisible())
+            continue;
+        error = ClickTab(tabs, text);
+        if (error.isEmpty())
+            break;
+    }
+    return error;
+}
+
+QString Shoot(const QString& directory, const QString& name) {
+    const QString path = QDir(directory).filePath(name);
+    if (!QDir().mkpath(QFileInfo(path).path()) || !FrontWindow()->grab().save(path))
+        return QStringLiteral("the picture %1 cannot be written").arg(path);
+    return {};
+}
+
+QString Close(const Arguments& arguments) {
+    QWidget* window = arguments.hasText ? FindWindow(arguments.text) : FrontWindow();
+    if (!window)
+        return QStringLiteral("there is no window \"%1\", but %2").arg(arguments.text, VisibleTitles());
+    window->close();
+    return {};
+}
+
+} // namespace
+
+QString Act(const PlayAction& action, const ActingContext& context) {
+    const Arguments& arguments = action.arguments;
+    const auto reg = static_cast<quint16>(arguments.number);
+    switch (action.verb) {
+    case Verb::Start:
+        return Press(kStartButton);
+    case Verb::Tick:
+    case Verb::Untick:
+        return Tick(arguments.number, action.verb == Verb::Tick);
+    case Verb::Press:
+        return Press(arguments.number);
+    case Verb::Set:
+        return Set(arguments);
+    case Verb::Choose:
+        return Choose(arguments);
+    case Verb::Key:
+        return Key(arguments);
+    case Verb::Answer:
+        return Answer(arguments.answer);
+    case Verb::Tab:
+        return BringTabToFront(arguments.text);
+    case Verb::Shot:
+        return Shoot(context.shotDirectory, arguments.text);
+    case Verb::Drive:
+        return context.stage.ChangeDrive(reg, arguments.text);
+    case Verb::Fault:
+        return context.stage.SwitchFault(arguments.text);
+    case Verb::Show:
+        context.print(QLatin1String("  ") + context.stage.DescribeDrive(reg));
+        return {};
+    case Verb::ClearLog:
+        context.stage.ClearLog();
+        return {};
+    case Verb::Close:
+        return Close(arguments);
+    case Verb::Say: // has been said when the line was printed
+    case Verb::Wait:
+    case Verb::Expect:
+        break;
+    }
+    return {};
+}
+
+bool LooksPastBoxes(Verb verb) {
+    switch (verb) {
+    case Verb::Answer:
+    case Verb::Shot:
+    case Verb::Drive:
+    case Verb::Fault:
+    case Verb::Show:
+    case Verb::Say:
+    case Verb::ClearLog:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool NeedsWindow(Verb verb) {
+    switch (verb) {
+    case Verb::Wait:
+    case Verb::Expect:
+        return false;
+    default:
+        return verb == Verb::Answer || verb == Verb::Shot || !LooksPastBoxes(verb);
+    }
+}
+
+} // namespace krt550

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+namespace krt550 {
+
+/// What one line of a play does.
+enum class Verb {
+    Start,
+    Tick,
+    Untick,
+    Press,
+    Set,
+    Choose,
+    Key,
+    Answer,
+    Tab,
+    Wait,
+    Expect,
+    Shot,
+    Drive,
+    Fault,
+    Show,
+    Say,
+    ClearLog,
+    Close
+};
+
+/// What a line expects or waits for.
+enum class ConditionKind {
+    Title,
+    Page,
+    Value,
+    Text,
+    Box,
+    Window,
+    Enabled,
+    Disabled,
+    Visible,
+    Hidden,
+    Ticked,
+    Unticked,
+    Focus,
+    Progress,
+    Drive,
+    Log,
+    Calls,
+    Idle,
+    Closed,
+    Seconds
+};
+
+/// A person's answer to a message box.
+enum class BoxAnswer { Ok, Cancel, Yes, No };
+
+/// The arguments of a verb or a condition, read and checked.
+struct Arguments {
+    int number = 0;          ///< control id, register, page index, layout, count or per cent
+    bool byRegister = false; ///< `number` is the register of a parameter row
+    double seconds = 0;
+    BoxAnswer answer = BoxAnswer::Ok;
+    QString text;
+    bool hasText = false;
+};
+
+struct Condition {
+    ConditionKind kind = ConditionKind::Idle;
+    bool negated = false;
+    Arguments arguments;
+};
+
+/// One line of a play.
+struct PlayAction {
+    int line = 0;
+    QString source; ///< the line as it stands in the file
+    Verb verb = Verb::Wait;
+    Arguments arguments;
+    Condition condition;       ///< of Wait and Expect
+    double withinSeconds = 60; ///< how long a Wait, or an Answer, stays patient
+};
+
+struct PlayScript {
+    QString name; ///< file name without directories
+    std::vector<PlayAction> actions;
+};
+
+} // namespace krt550

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace krt550 {
+
+/// What a play can reach behind the windows: the drive itself and the log of the wizard's calls to it.
+class CPlayStage {
+public:
+    virtual ~CPlayStage() = default;
+    /// Changes a parameter of the drive past the wizard's link. Returns what went wrong, or an empty text.
+    virtual QString ChangeDrive(quint16 reg, const QString& text) = 0;
+    /// Value that the drive holds, as text in shown units; nothing when it has no such parameter.
+    virtual std::optional<QString> DriveText(quint16 reg) = 0;
+    /// "99.06 Service mode: Normal", or why there is no such text.
+    virtual QString DescribeDrive(quint16 reg) = 0;
+    /// Switches a fault of the drive on. Returns what went wrong, or an empty text.
+    virtual QString SwitchFault(const QString& name) = 0;
+    virtual const QStringList& LogLines() const = 0;
+    virtual void ClearLog() = 0;
+};
+
+} // namespace krt550

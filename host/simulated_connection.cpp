@@ -1,0 +1,19 @@
+#include "host/simulated_connection.h"
+
+namespace krt550 {
+
+QString CSimulatedConnection::SwitchFault(const QString& name) {
+    QString error;
+    if (name == QLatin1String("none"))
+        m_drive.ClearFaultModes();
+    else
+        m_drive.SetFaultMode(name, error);
+    return error;
+}
+
+CRegisterFile& CSimulatedConnection::Registers() {
+    m_drive.GetDrive().Advance();
+    return m_drive.GetDrive().GetRegisters();
+}
+
+} // namespace krt550

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "drive/simulated_host_drive.h"
+#include "host/connection.h"
+
+namespace krt550 {
+
+/// The simulated drive as the tool connects it.
+class CSimulatedConnection : public CConnection {
+public:
+    CSimulatedConnection(std::vector<ParameterDescription> parameters, const QString& wizardFile)
+        : m_drive(std::move(parameters), wizardFile) {}
+
+    CHostDrive& GetDrive() override { return m_drive; }
+    CParameterLink& GetLink() override { return m_drive.GetLink(); }
+    void SetTreeLink(CParameterLink* link) override { m_drive.SetTreeLink(link); }
+    const ParameterDescription* FindParameter(quint16 reg) override { return Registers().FindDescription(reg); }
+    quint16 PeekWord(quint16 reg) override { return Registers().GetWord(reg); }
+    void PokeWord(quint16 reg, quint16 word) override { Registers().SetWord(reg, word); }
+    QString SwitchFault(const QString& name) override;
+
+private:
+    /// Registers of this moment: the drive has gone on since it was last asked.
+    CRegisterFile& Registers();
+
+    CSimulatedHostDrive m_drive;
+};
+
+} // namespace krt550

@@ -1,0 +1,77 @@
+#include "host/tool.h"
+
+#include "host/options.h"
+#include "host/session.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace krt550 {
+namespace {
+
+void Print(FILE* stream, const QString& text) {
+    std::fputs(text.toLocal8Bit().constData(), stream);
+    std::fflush(stream);
+}
+
+QStringList ArgumentsOf(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+bool HasDisplay() {
+    for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        if (!qEnvironmentVariableIsEmpty(variable))
+            return true;
+    return false;
+}
+
+/// Passes Qt's messages on, except those about surroundings that a bare machine or the offscreen platform lacks and
+/// that nobody who runs a play can do anything about.
+void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    for (const char* surroundings : {"This plugin does not support", "XDG_RUNTIME_DIR"})
+        if (message.contains(QLatin1String(surroundings)))
+            return;
+    Print(stderr, qFormatLogMessage(type, context, message) + QLatin1Char('\n'));
+}
+
+} // namespace
+
+int RunTool(int argc, char** argv) {
+    const ToolOptions options = ParseOptions(ArgumentsOf(argc, argv));
+    switch (options.task) {
+    case ToolOptions::Task::Help:
+        Print(stdout, HelpText());
+        return 0;
+    case ToolOptions::Task::Version:
+        Print(stdout, VersionText());
+        return 0;
+    case ToolOptions::Task::Complain:
+        Print(stderr, QStringLiteral("krt550tool: %1\n").arg(options.complaint));
+        return kExitUsage;
+    case ToolOptions::Task::Run:
+        break;
+    }
+    if (!HasDisplay() && options.playFile.isEmpty()) {
+        Print(stderr, QStringLiteral("krt550tool: there is no display; only a play (--play FILE) runs without one\n"));
+        return kExitFailure;
+    }
+    if (!HasDisplay())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(PassOnMessage);
+    // The command line is the tool's own: Qt gets the program name alone.
+    int qtArgumentCount = 1;
+    QApplication application(qtArgumentCount, argv);
+    application.setApplicationDisplayName({});
+    application.setQuitOnLastWindowClosed(false);
+    CSession session(
+        options, [](const QString& line) { Print(stdout, line + QLatin1Char('\n')); },
+        [](const QString& line) { Print(stderr, line + QLatin1Char('\n')); });
+    return session.Run();
+}
+
+} // namespace krt550
