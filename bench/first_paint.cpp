@@ -1,0 +1,53 @@
+// Linked into a program whose start-up is measured: prints the time from START (nanoseconds of the epoch, in the
+// environment) to the first painted window and the resident memory then, and ends the process.
+#include <QCoreApplication>
+#include <QEvent>
+#include <QWidget>
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+long ResidentKilobytes() {
+    long pages = 0;
+    long resident = 0;
+    if (std::FILE* file = std::fopen("/proc/self/statm", "r")) {
+        if (std::fscanf(file, "%ld %ld", &pages, &resident) != 2)
+            resident = 0;
+        std::fclose(file);
+    }
+    return resident * sysconf(_SC_PAGESIZE) / 1024;
+}
+
+class CFirstPaint : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto* widget = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Paint && widget && widget->isWindow())
+            QMetaObject::invokeMethod(this, &CFirstPaint::Report, Qt::QueuedConnection);
+        return false;
+    }
+
+private:
+    void Report() {
+        const auto now = std::chrono::system_clock::now().time_since_epoch();
+        const long long start = std::atoll(qgetenv("START").constData());
+        const long long passed = std::chrono::duration_cast<std::chrono::nanoseconds>(now).count() - start;
+        std::printf("%lld %ld\n", passed / 1000, ResidentKilobytes());
+        std::fflush(stdout);
+        std::_Exit(0);
+    }
+};
+
+void WatchFirstPaint() { qApp->installEventFilter(new CFirstPaint(qApp)); }
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(WatchFirstPaint)
