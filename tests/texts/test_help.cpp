@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextCursor>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -106,6 +107,20 @@ TEST_F(ContextHelpTest, ShowsATopicOverAModalOwnerAndIsUsable) {
     }
     QTest::keyClick(Viewer(), Qt::Key_Escape);
     EXPECT_FALSE(Viewer()->isVisible());
+}
+
+TEST_F(ContextHelpTest, LinksAreReadableOnDarkAndLight) {
+    ShowHelp(m_button, U("default.htm"));
+    for (const QColor& base : {QColor(Qt::black), QColor(Qt::white), QColor(45, 45, 48)}) {
+        QPalette palette(base);
+        palette.setColor(QPalette::Base, base);
+        palette.setColor(QPalette::Link, Qt::blue);
+        Browser().setPalette(palette);
+        const QTextCursor link = Browser().document()->find(U("Step 1"));
+        ASSERT_FALSE(link.isNull());
+        const int contrast = link.charFormat().foreground().color().lightness() - base.lightness();
+        EXPECT_GT(std::abs(contrast), 100) << base.name().toStdString();
+    }
 }
 
 TEST_F(ContextHelpTest, OneViewerFollowsItsOwners) {

@@ -2,16 +2,28 @@
 
 #include "wizard/texts/help_file.h"
 
+#include <QEvent>
+
 namespace krt550 {
 namespace {
 
 constexpr QLatin1String kScheme("help");
+
+/// The palette's link colour, lightened where it would be lost on a dark background.
+QColor ReadableLinkColor(const QPalette& palette) {
+    constexpr int kMiddle = 128;
+    constexpr int kLight = 180;
+    const QColor link = palette.color(QPalette::Link);
+    const bool lost = palette.color(QPalette::Base).lightness() < kMiddle && link.lightness() < kLight;
+    return lost ? QColor::fromHsl(link.hslHue(), link.hslSaturation(), kLight) : link;
+}
 
 } // namespace
 
 CHelpBrowser::CHelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     setOpenExternalLinks(false);
     document()->setDocumentMargin(fontMetrics().height());
+    StyleLinks();
 }
 
 CHelpBrowser::~CHelpBrowser() = default;
@@ -33,6 +45,19 @@ QUrl CHelpBrowser::UrlOf(const QString& topic) {
     if (hash >= 0)
         url.setFragment(topic.mid(hash + 1));
     return url;
+}
+
+void CHelpBrowser::StyleLinks() {
+    document()->setDefaultStyleSheet(QStringLiteral("a { color: %1 }").arg(ReadableLinkColor(palette()).name()));
+}
+
+void CHelpBrowser::changeEvent(QEvent* event) {
+    QTextBrowser::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    StyleLinks();
+    if (!source().isEmpty())
+        reload();
 }
 
 QVariant CHelpBrowser::loadResource(int type, const QUrl& url) {

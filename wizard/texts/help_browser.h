@@ -28,9 +28,12 @@ public:
     QVariant loadResource(int type, const QUrl& url) override;
 
 protected:
+    void changeEvent(QEvent* event) override;
     void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override;
 
 private:
+    void StyleLinks();
+
     std::shared_ptr<const CHelpFile> m_file;
 };
 

@@ -26,6 +26,10 @@ quint32 CKeyIndex::Find(quint32 key) const {
 }
 
 std::pair<quint32, bool> CKeyIndex::Add(quint32 key) {
+    // Lines of one register stand together, and files repeat their keys in the same order.
+    for (const quint32 guess : {m_last, m_last + 1})
+        if (guess < m_keys.size() && m_keys[guess] == key)
+            return {m_last = guess, false};
     if (2 * (m_keys.size() + 1) > m_slots.size())
         Grow();
     quint32& slot = m_slots[SlotOf(key)];
@@ -34,7 +38,8 @@ std::pair<quint32, bool> CKeyIndex::Add(quint32 key) {
         m_keys.push_back(key);
         slot = static_cast<quint32>(m_keys.size());
     }
-    return {slot - 1, isNew};
+    m_last = slot - 1;
+    return {m_last, isNew};
 }
 
 void CKeyIndex::Grow() {

@@ -28,6 +28,7 @@ private:
 
     std::vector<quint32> m_slots; ///< number + 1, 0 for a free slot; a power of two, at most half full
     std::vector<quint32> m_keys;
+    quint32 m_last = 0; ///< number of the key added last
 };
 
 } // namespace krt550

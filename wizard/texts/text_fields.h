@@ -2,7 +2,6 @@
 
 #include <QString>
 
-#include <optional>
 #include <string_view>
 
 namespace krt550 {

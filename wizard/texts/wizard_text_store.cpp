@@ -14,22 +14,11 @@ CWizardTextStore& CWizardTextStore::Instance() {
     return store;
 }
 
-bool CWizardTextStore::EnsureWizardTexts() {
-    return Ensure(m_wizardLoaded, QStringLiteral("Wzkrt550.txt"), QStringLiteral("Error while reading wizard texts"),
-                  [this](std::string_view line) { ReadWizardLine(m_wizard, line); });
-}
-
-bool CWizardTextStore::EnsureConfigurableTexts() {
-    return Ensure(m_configurableLoaded, QStringLiteral("KRT550ConfigurableAssistant.txt"),
-                  QStringLiteral("Error while reading configurable assistant texts"),
-                  [this](std::string_view line) { ReadConfigurableLine(m_configurable, line); });
-}
-
-bool CWizardTextStore::Ensure(bool& loaded, const QString& fileName, const QString& failure,
-                              const LineReader& readLine) {
+template <auto ReadLine, class Tables>
+bool CWizardTextStore::Ensure(bool& loaded, Tables& tables, const QString& fileName, const QString& failure) {
     // A message box lets timers run, and their queries must not stack up further boxes on top of it.
-    if (loaded || m_reporting)
-        return loaded;
+    if (m_reporting)
+        return false;
     const QScopedValueRollback reporting(m_reporting, true);
     const QString path = WizardFilePath(fileName);
     QFile file(MachinePath(path));
@@ -42,10 +31,22 @@ bool CWizardTextStore::Ensure(bool& loaded, const QString& fileName, const QStri
     CLineReader reader(file);
     std::string_view line;
     while (reader.NextLine(line))
-        readLine(line);
+        ReadLine(tables, line);
     if (reader.HasFailed()) // what has been read so far stays in use
         ShowMessageBox(QStringLiteral("%1\n%2: %3").arg(failure, path, file.errorString()), MessageIcon::Stop);
     return true;
+}
+
+bool CWizardTextStore::EnsureWizardTexts() {
+    return m_wizardLoaded || Ensure<ReadWizardLine>(m_wizardLoaded, m_wizard, QStringLiteral("Wzkrt550.txt"),
+                                                    QStringLiteral("Error while reading wizard texts"));
+}
+
+bool CWizardTextStore::EnsureConfigurableTexts() {
+    return m_configurableLoaded ||
+           Ensure<ReadConfigurableLine>(m_configurableLoaded, m_configurable,
+                                        QStringLiteral("KRT550ConfigurableAssistant.txt"),
+                                        QStringLiteral("Error while reading configurable assistant texts"));
 }
 
 } // namespace krt550

@@ -4,8 +4,6 @@
 #include "wizard/texts/text_records.h"
 #include "wizard/texts/wizard_tables.h"
 
-#include <functional>
-
 namespace krt550 {
 
 /// The texts and tables of the two text files in the wizard directory. Each file is read once, on the first query that
@@ -93,8 +91,8 @@ public:
     bool GetAllConfigurableValueTexts(const QString& registerText, QList<ValueText>& texts);
 
 private:
-    using LineReader = std::function<void(std::string_view)>;
-    bool Ensure(bool& loaded, const QString& fileName, const QString& failure, const LineReader& readLine);
+    template <auto ReadLine, class Tables>
+    bool Ensure(bool& loaded, Tables& tables, const QString& fileName, const QString& failure);
     QString TextOf(const CTextTable& table, quint32 key);
     IndexList ListOf(const CTextTable& table);
 
