@@ -49,7 +49,7 @@ TEST_F(RowFixture, AListRowOffersItsChoicesInOrder) {
         QString selected;
     } const cases[] = {
         {"201", 2, {"Off", "On"}, "On"},                          // without the excluded entry
-        {"201", 1, {"Off", "On", "#excl#"}, "#excl#"},            // unless the drive holds just that
+        {"201", 1, {"Off", "On", "1"}, "1"},                      // even when the drive holds just that
         {"201", 7, {"Off", "On", "7"}, "7"},                      // a value without text
         {"301", 1, {"Three", "One", "Twenty"}, "One"},            // file order inside a group of sixteen
         {"301", 3, {"Three", "One", "Twenty"}, "Three"},

@@ -1,4 +1,5 @@
 #include "tests/platform/test_resources.h"
+#include "tests/support/application_end.h"
 #include "wizard/platform/message_queue.h"
 #include "wizard/platform/property_page.h"
 #include "wizard/platform/property_sheet.h"
@@ -83,7 +84,7 @@ TEST_F(PropertySheet, ClosesUnderABlockingHandler) {
         std::function<void()> close;
     } const ways[] = {
         {"close button", [] { QApplication::activeModalWidget()->close(); }},
-        {"end of the application", [] { QCoreApplication::exit(); }},
+        {"end of the application", EndApplication},
     };
     for (const auto& way : ways) {
         TakeLog();
@@ -98,6 +99,7 @@ TEST_F(PropertySheet, ClosesUnderABlockingHandler) {
         });
         EXPECT_EQ(m_sheet.DoModal(), CPropertySheet::kCancel) << way.name;
         EXPECT_TRUE(unwound) << way.name;
+        RestartApplication();
     }
 }
 

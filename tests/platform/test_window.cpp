@@ -1,4 +1,5 @@
 #include "tests/platform/test_resources.h"
+#include "tests/support/application_end.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/dialog.h"
 #include "wizard/platform/dialog_units.h"
@@ -125,7 +126,7 @@ TEST_F(Window, EndsModallyFromEveryDoor) {
     } const doors[] = {
         {"close button", [](QWidget* front) { front->close(); }},
         {"escape", [](QWidget* front) { QTest::keyClick(front, Qt::Key_Escape); }},
-        {"end of the loop from outside", [](QWidget*) { QCoreApplication::exit(); }},
+        {"end of the loop from outside", [](QWidget*) { EndApplication(); }},
     };
     for (const auto& door : doors) {
         CRecordingDialog dialog;
@@ -133,6 +134,7 @@ TEST_F(Window, EndsModallyFromEveryDoor) {
         EXPECT_EQ(dialog.DoModal(), CDialog::kCancel) << door.name;
         EXPECT_EQ(dialog.destroyed, "destroyed;") << door.name;
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << door.name;
+        RestartApplication();
     }
 }
 

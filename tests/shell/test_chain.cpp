@@ -42,6 +42,7 @@ protected:
 };
 
 TEST_F(Chain, HasSeventeenTitledPagesAndNoLinksAtFirst) {
+    EXPECT_EQ(Digits(), "0000000") << "a fresh process";
     const QStringList titles = {"Assistant menu",
                                 "1. Name plate data",
                                 "2. Macro assistant",

@@ -10,7 +10,9 @@
 namespace krt550 {
 namespace {
 
-TEST(Module, ExportsRunWizardAndNothingElse) {
+using Module = WizardFixture;
+
+TEST_F(Module, ExportsRunWizardAndNothingElse) {
     QProcess nm;
     nm.start("nm", {"-D", "--defined-only", KRT550_MODULE});
     ASSERT_TRUE(nm.waitForFinished());
@@ -20,8 +22,6 @@ TEST(Module, ExportsRunWizardAndNothingElse) {
         symbols.append(line.section(' ', -1));
     EXPECT_EQ(symbols, QStringList{"RunWizard"});
 }
-
-using Module = WizardFixture;
 
 TEST_F(Module, RefusesANullDrive) {
     EXPECT_EQ(RunWizard(nullptr), 2);

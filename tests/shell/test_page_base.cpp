@@ -1,5 +1,6 @@
 #include "tests/shell/wizard_fixture.h"
 
+#include "tests/support/application_end.h"
 #include "wizard/resources/module_resources.h"
 #include "wizard/shell/row_page.h"
 #include "wizard/shell/sheet_wizard.h"
@@ -27,7 +28,7 @@ TEST_F(PageBase, MakesTheDriveSafeOnEveryWayOut) {
         {"close on the start page", false, [] { Robot::Press(kCancel); }, 0},
         {"the window's close button", true, [] { Robot::CloseWindow(); }, 0},
         {"escape", true, [] { QTest::keyClick(Robot::Front(), Qt::Key_Escape); }, 0},
-        {"end of the application", true, [] { QCoreApplication::exit(); QCoreApplication::processEvents(); }, -1},
+        {"end of the application", true, EndApplication, -1},
     };
     for (const auto& way : ways) {
         for (const bool holdsControl : {true, false}) {
@@ -38,10 +39,12 @@ TEST_F(PageBase, MakesTheDriveSafeOnEveryWayOut) {
                           m_drive.localControl = true;
                           m_drive.TakeLog();
                           way.leave();
-                          if (way.layoutAfter >= 0)
+                          if (way.layoutAfter >= 0) {
                               EXPECT_EQ(Robot::Layout(), way.layoutAfter) << way.name;
+                          }
                       }),
                       0);
+            RestartApplication();
             const QStringList safe = {"stop motor", "release local control"};
             EXPECT_EQ(m_drive.TakeLog(kCommands), holdsControl ? safe : QStringList()) << way.name;
         }

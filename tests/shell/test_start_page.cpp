@@ -41,7 +41,6 @@ TEST_F(StartPage, OpensWithItsTextsInTheBasicView) {
                   EXPECT_EQ(Robot::Front(), nullptr);
               }),
               0);
-    EXPECT_EQ(Digits(), "0000000") << "a fresh process";
 }
 
 TEST_F(StartPage, EnablesNextForTickedBoxesThatAreOffered) {

@@ -23,6 +23,9 @@ protected:
     WizardFixture() : m_drive(NamePlateParameters()) {
         static const WizardFiles files("UPDATE\t1\t5\nTOOLTIP\t9902\tVoltage of the name plate\n");
         m_drive.wizardPath = files.WizardPath();
+        EnsureStepStates();
+        for (int step = 1; step <= kStepCount; ++step)
+            SetStepState(step, StepState::NotChosen);
     }
 
     int Run(const std::function<void()>& script) { return RunWizardWith(m_drive, script); }

@@ -1,49 +1,102 @@
 #include "tests/support/message_boxes.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QMessageBox>
-#include <QPointer>
+#include <QEvent>
+#include <QPushButton>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace krt550 {
+namespace {
 
-MessageBoxes::MessageBoxes() { qApp->installEventFilter(this); }
+/// The innermost object answers; a robot around it stays out of the way.
+std::vector<MessageBoxes*> g_listeners;
 
-MessageBoxes::~MessageBoxes() { ExpectNoMore(); }
+bool Matches(const QString& expected, const QString& text) {
+    return expected.endsWith(u'*') ? text.startsWith(expected.chopped(1)) : text == expected;
+}
 
-void MessageBoxes::Expect(const QString& text, Answer answer) { m_expected.push_back({text, answer}); }
+void Press(QMessageBox& box, Answer answer) {
+    QAbstractButton* button = answer == Answer::Ok       ? box.button(QMessageBox::Ok)
+                              : answer == Answer::Cancel ? box.button(QMessageBox::Cancel)
+                                                         : nullptr;
+    if (answer != Answer::Close && !button)
+        ADD_FAILURE() << "the message box has no such button: " << box.text().toStdString();
+    if (button)
+        button->click();
+    else
+        box.close();
+}
 
-void MessageBoxes::ExpectNoMore() {
-    for (const Expectation& missing : m_expected)
-        ADD_FAILURE() << "message box did not come: \"" << missing.text.toStdString() << '"';
+} // namespace
+
+MessageBoxes::Expected& MessageBoxes::Expected::WithIcon(QMessageBox::Icon icon) {
+    m_icon = icon;
+    return *this;
+}
+
+MessageBoxes::Expected& MessageBoxes::Expected::WithCaption(const QString& caption) {
+    m_caption = caption;
+    return *this;
+}
+
+MessageBoxes::Expected& MessageBoxes::Expected::Then(std::function<void(QMessageBox&)> action) {
+    m_action = std::move(action);
+    return *this;
+}
+
+MessageBoxes::MessageBoxes() {
+    g_listeners.push_back(this);
+    qApp->installEventFilter(this);
+}
+
+MessageBoxes::~MessageBoxes() {
+    std::erase(g_listeners, this);
+    Verify();
+}
+
+MessageBoxes::Expected& MessageBoxes::Expect(const QString& text, Answer answer) {
+    Expected& expected = m_expected.emplace_back();
+    expected.m_text = text;
+    expected.m_answer = answer;
+    return expected;
+}
+
+void MessageBoxes::Verify() {
+    for (const Expected& expected : m_expected)
+        ADD_FAILURE() << "expected message box did not come: " << expected.m_text.toStdString();
     m_expected.clear();
 }
 
 bool MessageBoxes::eventFilter(QObject* watched, QEvent* event) {
-    if (auto* box = qobject_cast<QMessageBox*>(watched); box && event->type() == QEvent::Show) {
-        // Answered from its own loop, once it runs.
-        const QPointer<QMessageBox> shown(box);
-        QMetaObject::invokeMethod(
-            box, [this, shown] { if (shown) Take(*shown); }, Qt::QueuedConnection);
-    }
-    return QObject::eventFilter(watched, event);
+    auto* box = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
+    if (box && g_listeners.back() == this) // answered once its own loop runs
+        QTimer::singleShot(0, box, [this, box] { Take(*box); });
+    return false;
 }
 
 void MessageBoxes::Take(QMessageBox& box) {
-    Answer answer = Answer::Cancel;
-    if (m_expected.empty()) {
-        ADD_FAILURE() << "unexpected message box: \"" << box.text().toStdString() << '"';
-    } else {
-        EXPECT_EQ(box.text().toStdString(), m_expected.front().text.toStdString());
-        answer = m_expected.front().answer;
-        m_expected.erase(m_expected.begin());
+    m_seen.append(box.text());
+    if (m_expected.empty() || !Matches(m_expected.front().m_text, box.text())) {
+        ADD_FAILURE() << "unexpected message box: " << box.text().toStdString()
+                      << "\n  expected: " << (m_expected.empty() ? "none" : m_expected.front().m_text.toStdString());
+        box.done(QMessageBox::Cancel);
+        return;
     }
-    QAbstractButton* button = box.button(answer == Answer::Cancel ? QMessageBox::Cancel : QMessageBox::Ok);
-    if (!button)
-        button = box.button(QMessageBox::Ok);
-    button->click();
+    const Expected expected = m_expected.front();
+    m_expected.pop_front();
+    if (expected.m_icon >= 0) {
+        EXPECT_EQ(box.icon(), expected.m_icon) << box.text().toStdString();
+    }
+    if (!expected.m_caption.isEmpty()) {
+        EXPECT_EQ(box.windowTitle().toStdString(), expected.m_caption.toStdString());
+    }
+    if (expected.m_action)
+        expected.m_action(box);
+    Press(box, expected.m_answer);
 }
 
 } // namespace krt550

@@ -1,38 +1,65 @@
 #pragma once
 
+#include <QMessageBox>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
-#include <vector>
-
-class QMessageBox;
+#include <functional>
+#include <list>
 
 namespace krt550 {
 
-enum class Answer { Ok, Cancel };
+enum class Answer { Ok, Cancel, Close };
 
-/// Answers the message boxes of a test, in the order in which they are expected. A box that nobody expected, one with
-/// another text, and an expected one that never comes fail the test.
+/// Answers the message boxes of a test as a person would, in the order in which they are expected. A box that nobody
+/// expected fails the test (and is answered with Cancel, so that nothing hangs); so does an expected one that has not
+/// come when the object goes away.
+///
+///     MessageBoxes boxes;
+///     boxes.Expect("Start the motor?", Answer::Cancel).WithIcon(QMessageBox::Warning);
+///     page.Start();
+///
+/// A text ending in "*" stands for any text that begins so.
 class MessageBoxes : public QObject {
 public:
+    /// One box that is to come.
+    class Expected {
+    public:
+        Expected& WithIcon(QMessageBox::Icon icon);
+        Expected& WithCaption(const QString& caption);
+        /// Called while the box is on the screen, before it is answered.
+        Expected& Then(std::function<void(QMessageBox&)> action);
+
+    private:
+        friend class MessageBoxes;
+        QString m_text;
+        Answer m_answer = Answer::Ok;
+        int m_icon = -1;
+        QString m_caption;
+        std::function<void(QMessageBox&)> m_action;
+    };
+
     MessageBoxes();
     ~MessageBoxes() override;
 
-    void Expect(const QString& text, Answer answer = Answer::Ok);
-    /// Fails the test for every box that is still expected, and forgets them.
-    void ExpectNoMore();
+    Expected& Expect(const QString& text, Answer answer = Answer::Ok);
+    Expected& Expect(const char* text, Answer answer = Answer::Ok) { return Expect(QString::fromUtf8(text), answer); }
+
+    /// Fails the test when an expected box has not come yet; none is expected afterwards.
+    void Verify();
+
+    /// Texts of all boxes that came, in order.
+    const QStringList& Seen() const { return m_seen; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Expectation {
-        QString text;
-        Answer answer;
-    };
     void Take(QMessageBox& box);
 
-    std::vector<Expectation> m_expected;
+    std::list<Expected> m_expected;
+    QStringList m_seen;
 };
 
 } // namespace krt550

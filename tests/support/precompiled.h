@@ -1,6 +1,8 @@
 // What every test includes, and how a failed comparison shows Qt's texts.
 #pragma once
 
+#include "tests/support/print_qt.h"
+
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -8,11 +10,5 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
-
-inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
-
-inline void PrintTo(const QStringList& texts, std::ostream* out) {
-    *out << "[" << texts.join(QStringLiteral(", ")).toStdString() << "]";
-}
 
 inline void PrintTo(const QSize& size, std::ostream* out) { *out << size.width() << " x " << size.height(); }

@@ -99,6 +99,8 @@ bool Robot::WaitUntil(const std::function<bool()>& condition) {
 
 int RunWizardWith(CHostDrive& drive, const std::function<void()>& script) {
     QTimer::singleShot(0, [&script] {
+        // Focus changes are only told to the widgets of an active window.
+        EXPECT_TRUE(QTest::qWaitForWindowActive(Robot::Front()));
         script();
         for (int windows = 0; Robot::Front() && windows < 10; ++windows)
             Robot::CloseWindow();

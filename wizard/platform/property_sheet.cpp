@@ -17,8 +17,9 @@ CPropertySheet::CPropertySheet(const QString& caption, int firstPage) : m_captio
 }
 
 CPropertySheet::~CPropertySheet() {
-    // The pages are borrowed: without this Qt would delete them as children.
-    for (CPropertyPage* page : findChildren<CPropertyPage*>(Qt::FindDirectChildrenOnly))
+    // The pages are borrowed: without this Qt would delete those that are still there as children.
+    const auto pages = findChildren<CPropertyPage*>(Qt::FindDirectChildrenOnly);
+    for (CPropertyPage* page : pages)
         page->setParent(nullptr);
 }
 

@@ -2,6 +2,8 @@
 
 #include "wizard/texts/text_table.h"
 
+#include <QHash>
+
 #include <array>
 
 namespace krt550 {

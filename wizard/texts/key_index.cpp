@@ -5,9 +5,10 @@
 namespace krt550 {
 namespace {
 
-/// Spreads the upper half (a register) and keeps the lower half (its values) together.
+/// Spreads the upper half (a register) evenly and keeps the lower half (its values) together.
 std::size_t Spread(quint32 key) {
-    return (key >> 16) * 0x9E3779B1U + ((key & 0xFFFF) ^ (key >> 20));
+    constexpr quint64 kGolden = 0x9E3779B97F4A7C15; // 2^64 divided by the golden ratio
+    return static_cast<std::size_t>(((key >> 16) * kGolden) >> 32) + (key & 0xFFFF);
 }
 
 } // namespace
@@ -15,31 +16,39 @@ std::size_t Spread(quint32 key) {
 std::size_t CKeyIndex::SlotOf(quint32 key) const {
     const std::size_t mask = m_slots.size() - 1;
     std::size_t slot = Spread(key) & mask;
-    while (m_slots[slot].number != kNone && m_slots[slot].key != key)
+    while (m_slots[slot] != 0 && m_keys[m_slots[slot] - 1] != key)
         slot = (slot + 1) & mask;
     return slot;
 }
 
 quint32 CKeyIndex::Find(quint32 key) const {
-    return m_slots.empty() ? kNone : m_slots[SlotOf(key)].number;
+    return m_slots.empty() ? kNone : m_slots[SlotOf(key)] - 1;
 }
 
 std::pair<quint32, bool> CKeyIndex::Add(quint32 key) {
-    if (2 * (m_count + std::size_t{1}) > m_slots.size())
+    if (2 * (m_keys.size() + 1) > m_slots.size())
         Grow();
-    Slot& slot = m_slots[SlotOf(key)];
-    if (slot.number != kNone)
-        return {slot.number, false};
-    slot = {key, m_count};
-    return {m_count++, true};
+    quint32& slot = m_slots[SlotOf(key)];
+    const bool isNew = slot == 0;
+    if (isNew) {
+        m_keys.push_back(key);
+        slot = static_cast<quint32>(m_keys.size());
+    }
+    return {slot - 1, isNew};
 }
 
 void CKeyIndex::Grow() {
     constexpr std::size_t kSmallest = 16;
-    const std::vector<Slot> former = std::exchange(m_slots, std::vector<Slot>(std::max(kSmallest, 2 * m_slots.size())));
-    for (const Slot& slot : former)
-        if (slot.number != kNone)
-            m_slots[SlotOf(slot.key)] = slot;
+    const std::size_t size = std::max(kSmallest, 2 * m_slots.size());
+    m_slots.clear();
+    m_slots.resize(size);
+    const std::size_t mask = size - 1;
+    for (quint32 number = 0; number < m_keys.size(); ++number) {
+        std::size_t slot = Spread(m_keys[number]) & mask;
+        while (m_slots[slot] != 0)
+            slot = (slot + 1) & mask;
+        m_slots[slot] = number + 1;
+    }
 }
 
 } // namespace krt550

@@ -7,8 +7,8 @@
 
 namespace krt550 {
 
-/// Numbers keys in the order in which they first come: 0, 1, 2 ... One cache line for a look-up, which is what makes
-/// loading large files cheap.
+/// Numbers keys in the order in which they first come: 0, 1, 2 ... Small, because loading a large file waits for little
+/// but the memory of its indexes.
 class CKeyIndex {
 public:
     static constexpr quint32 kNone = 0xFFFFFFFF;
@@ -19,16 +19,15 @@ public:
     /// Number of a key and whether it is new.
     std::pair<quint32, bool> Add(quint32 key);
 
+    /// The keys by number.
+    const std::vector<quint32>& Keys() const { return m_keys; }
+
 private:
-    struct Slot {
-        quint32 key = 0;
-        quint32 number = kNone;
-    };
     std::size_t SlotOf(quint32 key) const;
     void Grow();
 
-    std::vector<Slot> m_slots; ///< a power of two, at most half full
-    quint32 m_count = 0;
+    std::vector<quint32> m_slots; ///< number + 1, 0 for a free slot; a power of two, at most half full
+    std::vector<quint32> m_keys;
 };
 
 } // namespace krt550

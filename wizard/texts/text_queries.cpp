@@ -15,33 +15,32 @@ QString Other() {
 }
 
 bool FindValueText(const CValueTextTable& table, quint16 reg, quint16 value, QString& text) {
-    const std::string_view* found = table.Find(reg, value);
-    text = found ? TextOfField(*found) : QStringLiteral("N/A");
-    return found;
+    const std::string_view found = table.Find(reg, value);
+    text = found.empty() ? QStringLiteral("N/A") : TextOfField(found);
+    return !found.empty();
 }
 
 bool CollectValueTexts(const CValueTextTable& table, quint16 reg, QList<ValueText>& texts) {
     for (const quint16 value : table.ValuesOf(reg))
-        texts.append({value, TextOfField(*table.Find(reg, value))});
+        texts.append({value, TextOfField(table.Find(reg, value))});
     return !texts.isEmpty();
 }
 
 } // namespace
 
 QString CWizardTextStore::TextOf(const CTextTable& table, quint32 key) {
-    const std::string_view* found = EnsureWizardTexts() ? table.Find(key) : nullptr;
-    return found ? TextOfField(*found) : QString();
+    return EnsureWizardTexts() ? TextOfField(table.Find(key)) : QString();
 }
 
 IndexList CWizardTextStore::ListOf(const CTextTable& table) {
     IndexList list;
     if (!EnsureWizardTexts())
         return list;
-    std::vector<CTextTable::Entry> entries(table.Entries().begin(), table.Entries().end());
-    std::ranges::sort(entries, {}, &CTextTable::Entry::key);
-    for (const CTextTable::Entry& entry : entries) {
-        list.keys.append(entry.key);
-        list.texts.append(TextOfField(entry.text));
+    std::vector<quint32> keys = table.Keys();
+    std::ranges::sort(keys);
+    for (const quint32 key : keys) {
+        list.keys.append(key);
+        list.texts.append(TextOfField(table.Find(key)));
     }
     return list;
 }
@@ -72,7 +71,7 @@ bool CWizardTextStore::GetValueOfText(const QString& registerText, const QString
     const quint16 reg = RegisterOfText(registerText);
     const std::vector<quint16> values = m_wizard.valueTexts.ValuesOf(reg);
     const auto found = std::ranges::find_if(
-        values, [&](quint16 candidate) { return FieldIs(*m_wizard.valueTexts.Find(reg, candidate), text); });
+        values, [&](quint16 candidate) { return FieldIs(m_wizard.valueTexts.Find(reg, candidate), text); });
     if (found == values.end())
         return false;
     value = *found;

@@ -11,7 +11,7 @@ using Reader = void (*)(WizardTables&, CTextTokenizer&);
 /// Number, texts.
 template <CTextTable WizardTables::*Table> void ReadTexts(WizardTables& tables, CTextTokenizer& fields) {
     const quint16 key = WordOfField(fields.NextFilledToken());
-    (tables.*Table).Read(key, fields);
+    (tables.*Table).Read(key, fields.Rest());
 }
 
 void ReadValueText(WizardTables& tables, CTextTokenizer& fields) {
@@ -22,7 +22,7 @@ void ReadValueText(WizardTables& tables, CTextTokenizer& fields) {
 void ReadDigitalOutput(WizardTables& tables, CTextTokenizer& fields) {
     const quint32 index = WordOfField(fields.NextFilledToken());
     const quint32 bit = WordOfField(fields.NextFilledToken());
-    tables.digitalOutputs.Read((index << 16) | bit, fields);
+    tables.digitalOutputs.Read((index << 16) | bit, fields.Rest());
 }
 
 std::string WithLineFeeds(std::string_view text) {
@@ -39,9 +39,7 @@ std::string WithLineFeeds(std::string_view text) {
 /// the line is split changes nothing else.
 void ReadMacroDescription(WizardTables& tables, CTextTokenizer& fields) {
     const quint16 macro = WordOfField(fields.NextFilledToken());
-    const std::string texts = WithLineFeeds(fields.Rest());
-    CTextTokenizer split(texts, '\t');
-    tables.macroDescriptions.Read(macro, split);
+    tables.macroDescriptions.Read(macro, WithLineFeeds(fields.Rest()));
 }
 
 /// Macro, any number of register texts.

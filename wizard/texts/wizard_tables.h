@@ -3,6 +3,8 @@
 #include "wizard/texts/text_records.h"
 #include "wizard/texts/text_table.h"
 
+#include <QHash>
+
 #include <array>
 #include <optional>
 

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tests/support/message_boxes.h"
+#include "tests/support/print_qt.h"
+#include "wizard/texts/wizard_directory.h"
+#include "wizard/texts/wizard_text_store.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace krt550 {
+
+/// A store of its own over files of its own; nobody expects a message box.
+class TextFixture : public testing::Test {
+protected:
+    TextFixture() { SetWizardDirectory(m_directory.path()); }
+    ~TextFixture() override { SetWizardDirectory({}); }
+
+    void Write(const QString& name, const QByteArray& content) {
+        QFile file(m_directory.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    void WriteWizardTexts(const QByteArray& content) { Write(QStringLiteral("Wzkrt550.txt"), content); }
+    void WriteConfigurable(const QByteArray& content) {
+        Write(QStringLiteral("KRT550ConfigurableAssistant.txt"), content);
+    }
+
+    QString ValueTextOf(const char* reg, quint16 value) {
+        QString text;
+        m_store.GetValueText(QString::fromLatin1(reg), value, text);
+        return text;
+    }
+
+    QTemporaryDir m_directory;
+    MessageBoxes m_boxes;
+    CWizardTextStore m_store;
+};
+
+} // namespace krt550
