@@ -41,7 +41,8 @@ class Wizard {
 public:
     Wizard() {
         QStringList errors;
-        auto description = ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
+        auto description =
+            ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
         m_drive = std::make_unique<CSimulatedHostDrive>(std::move(*description), QString());
         SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
         InstallPages();

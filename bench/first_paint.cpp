@@ -46,7 +46,9 @@ private:
     }
 };
 
-void WatchFirstPaint() { qApp->installEventFilter(new CFirstPaint(qApp)); }
+void WatchFirstPaint() {
+    qApp->installEventFilter(new CFirstPaint(qApp));
+}
 
 } // namespace
 

@@ -22,7 +22,9 @@
 namespace krt550 {
 namespace {
 
-template <class Page> std::unique_ptr<CWizardPropertyPage> Make() { return std::make_unique<Page>(); }
+template <class Page> std::unique_ptr<CWizardPropertyPage> Make() {
+    return std::make_unique<Page>();
+}
 
 using Maker = std::unique_ptr<CWizardPropertyPage> (*)();
 

@@ -24,11 +24,12 @@ TEST_F(NamePlateData, ReadsEveryRowOnceInOrderAndShowsIt) {
         EXPECT_EQ(Robot::Text(LabelId(9902)), "9902 Motor 1 nominal voltage");
         EXPECT_EQ(Robot::Text(ValueId(9901)), "Suomi");
         EXPECT_EQ(Robot::Text(ValueId(9911)), "1.07");
-        EXPECT_EQ(Robot::Text(UnitId(9911)) + Robot::Text(MinimumId(9911)) + Robot::Text(MaximumId(9911)), "A0.30320.00");
+        EXPECT_EQ(Robot::Text(UnitId(9911)) + Robot::Text(MinimumId(9911)) + Robot::Text(MaximumId(9911)),
+                  "A0.30320.00");
         EXPECT_TRUE(Robot::Control(LabelId(9902))->toolTip().contains("Voltage of the name plate"));
         for (const int group : {1, 2, 3})
-            EXPECT_EQ(Robot::Text(60101 + 10 * group) + Robot::Text(60102 + 10 * group) + Robot::Text(60103 + 10 * group) +
-                          Robot::Text(60104 + 10 * group),
+            EXPECT_EQ(Robot::Text(60101 + 10 * group) + Robot::Text(60102 + 10 * group) +
+                          Robot::Text(60103 + 10 * group) + Robot::Text(60104 + 10 * group),
                       "ActualUnitMinMax");
     });
 }

@@ -30,8 +30,8 @@ class RowFixture : public testing::Test {
 protected:
     RowFixture()
         : m_drive({Number(101, "Speed", 1, -10, 10, "rpm"), Number(102, "Count", 0, 0, 0),
-                   List(201, "Switch", {{0, "Off"}, {1, "#excl#"}, {2, "On"}}), List(301, "Texts", {{1, "x"}, {3, "y"}}),
-                   Number(302, "Number with texts", 0, 0, 100)}) {
+                   List(201, "Switch", {{0, "Off"}, {1, "#excl#"}, {2, "On"}}),
+                   List(301, "Texts", {{1, "x"}, {3, "y"}}), Number(302, "Number with texts", 0, 0, 100)}) {
         SetWizardDirectory(ParamsFiles().Directory());
         ClearChanged();
         ClearUpdateList();

@@ -30,8 +30,11 @@ TEST(DriveCommands, WaitForTheStopAtMost250Polls) {
         bool stops;
         int polls;
         int milliseconds;
-    } const cases[] = {
-        {0, true, 1, 0}, {1, true, 2, 100}, {249, true, 250, 24900}, {250, false, 251, 25000}, {9999, false, 251, 25000}};
+    } const cases[] = {{0, true, 1, 0},
+                       {1, true, 2, 100},
+                       {249, true, 250, 24900},
+                       {250, false, 251, 25000},
+                       {9999, false, 251, 25000}};
     for (const auto& c : cases) {
         CSteppedClock clock;
         const ClockScope scope(clock);

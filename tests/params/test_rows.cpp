@@ -48,12 +48,12 @@ TEST_F(RowFixture, AListRowOffersItsChoicesInOrder) {
         QStringList choices;
         QString selected;
     } const cases[] = {
-        {"201", 2, {"Off", "On"}, "On"},                          // without the excluded entry
-        {"201", 1, {"Off", "On", "1"}, "1"},                      // even when the drive holds just that
-        {"201", 7, {"Off", "On", "7"}, "7"},                      // a value without text
-        {"301", 1, {"Three", "One", "Twenty"}, "One"},            // file order inside a group of sixteen
+        {"201", 2, {"Off", "On"}, "On"},               // without the excluded entry
+        {"201", 1, {"Off", "On", "1"}, "1"},           // even when the drive holds just that
+        {"201", 7, {"Off", "On", "7"}, "7"},           // a value without text
+        {"301", 1, {"Three", "One", "Twenty"}, "One"}, // file order inside a group of sixteen
         {"301", 3, {"Three", "One", "Twenty"}, "Three"},
-        {"302", 5, {"Five", "Forty"}, "Five"},                    // groups in ascending order
+        {"302", 5, {"Five", "Forty"}, "Five"}, // groups in ascending order
         {"302", 6, {"Five", "Forty", "6"}, "6"},
     };
     for (const auto& c : cases) {
@@ -83,7 +83,8 @@ TEST_F(RowFixture, ADisplayRowShowsTheNameAlone) {
     EXPECT_TRUE(BindDisplayRow(&m_drive.Root(), shown, "101", &label, &maximum, errors, &unit));
     EXPECT_EQ(label.text() + "|" + maximum.text() + "|" + unit.text(), "Motor speed|0.0|rpm");
     CParameter* given = shown;
-    EXPECT_TRUE(BindDisplayRow(&m_drive.Root(), given, "999", nullptr, &maximum, errors, nullptr)) << "given: no look-up";
+    EXPECT_TRUE(BindDisplayRow(&m_drive.Root(), given, "999", nullptr, &maximum, errors, nullptr))
+        << "given: no look-up";
     EXPECT_EQ(errors, "");
 }
 

@@ -18,7 +18,9 @@ ParameterDescription Typed(int dataType, double minimum, double maximum) {
 }
 
 QString TypeMessage(const char* type, int value) {
-    return QString("Value entered for parameter 1205 is invalid for %1 data (value entered was %2).").arg(type).arg(value);
+    return QString("Value entered for parameter 1205 is invalid for %1 data (value entered was %2).")
+        .arg(type)
+        .arg(value);
 }
 
 using Validation = RowFixture;

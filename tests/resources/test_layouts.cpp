@@ -60,8 +60,8 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
         ASSERT_TRUE(window.Create());
         const auto controls = window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
         for (const QWidget* control : controls) {
-            const std::string name = "control " + control->objectName().toStdString() + " at " +
-                                     std::to_string(pointSize) + " pt";
+            const std::string name =
+                "control " + control->objectName().toStdString() + " at " + std::to_string(pointSize) + " pt";
             EXPECT_TRUE(window.rect().contains(control->geometry())) << name;
             EXPECT_LE(NeededWidth(control), control->width()) << name;
             for (const QWidget* other : controls) {

@@ -6,7 +6,7 @@ namespace krt550 {
 namespace {
 
 /// Check boxes by page index.
-constexpr int kBoxes[] = {0,   160, 164, 165, 166, 167, 168, 169, 171, 173, 174, 175, 176, 177, 178, 179, 180};
+constexpr int kBoxes[] = {0, 160, 164, 165, 166, 167, 168, 169, 171, 173, 174, 175, 176, 177, 178, 179, 180};
 
 using StartPage = WizardFixture;
 

@@ -5,7 +5,9 @@
 
 namespace krt550 {
 
-void EndApplication() { QCoreApplication::exit(); }
+void EndApplication() {
+    QCoreApplication::exit();
+}
 
 void RestartApplication() {
     // Only a new main loop takes the request to quit back.

@@ -11,7 +11,9 @@ FakeDrive::FakeDrive(std::vector<ParameterDescription> parameters) : m_root(Buil
         words[parameter.reg] = WordOfNumber(parameter, parameter.defaultValue, error).value_or(0);
 }
 
-QStringList FakeDrive::TakeLog() { return std::exchange(m_log, {}); }
+QStringList FakeDrive::TakeLog() {
+    return std::exchange(m_log, {});
+}
 
 QStringList FakeDrive::TakeLog(const QStringList& beginnings) {
     QStringList chosen;

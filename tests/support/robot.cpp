@@ -14,7 +14,9 @@
 
 namespace krt550 {
 
-QWidget* Robot::Front() { return QApplication::activeModalWidget(); }
+QWidget* Robot::Front() {
+    return QApplication::activeModalWidget();
+}
 
 QWidget* Robot::Find(int id) {
     if (!Front())
@@ -69,23 +71,31 @@ void Robot::Choose(int id, const QString& text) {
         QTest::keyClick(dropDown, dropDown->currentIndex() < wanted ? Qt::Key_Down : Qt::Key_Up);
 }
 
-QString Robot::Text(int id) { return GetControlText(Control(id)); }
+QString Robot::Text(int id) {
+    return GetControlText(Control(id));
+}
 
 bool Robot::IsEnabled(int id) {
     const QWidget* control = Control(id);
     return control && control->isEnabled();
 }
 
-QString Robot::Title() { return Front() ? Front()->windowTitle() : QString(); }
+QString Robot::Title() {
+    return Front() ? Front()->windowTitle() : QString();
+}
 
-int Robot::Layout() { return Front() ? Front()->property("layout").toInt() : 0; }
+int Robot::Layout() {
+    return Front() ? Front()->property("layout").toInt() : 0;
+}
 
 void Robot::CloseWindow() {
     if (Front())
         Front()->close();
 }
 
-void Robot::Drain() { QCoreApplication::processEvents(); }
+void Robot::Drain() {
+    QCoreApplication::processEvents();
+}
 
 bool Robot::WaitUntil(const std::function<bool()>& condition) {
     const QDeadlineTimer deadline(5000);

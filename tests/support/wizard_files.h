@@ -6,8 +6,8 @@
 
 namespace krt550 {
 
-/// A wizard directory of the tests' own. The text store loads a file once in a process, so every test of a binary shares
-/// the same texts.
+/// A wizard directory of the tests' own. The text store loads a file once in a process, so every test of a binary
+/// shares the same texts.
 class WizardFiles {
 public:
     explicit WizardFiles(const QByteArray& wizardTexts) {

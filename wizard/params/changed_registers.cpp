@@ -15,16 +15,28 @@ void MarkChanged(quint16 reg) {
         g_changed.insert(reg);
 }
 
-bool IsChanged(quint16 reg) { return g_changed.contains(reg); }
+bool IsChanged(quint16 reg) {
+    return g_changed.contains(reg);
+}
 
-void UnmarkChanged(quint16 reg) { g_changed.remove(reg); }
+void UnmarkChanged(quint16 reg) {
+    g_changed.remove(reg);
+}
 
-void ClearChanged() { g_changed.clear(); }
+void ClearChanged() {
+    g_changed.clear();
+}
 
-UpdatingScope::UpdatingScope() { g_updating = true; }
+UpdatingScope::UpdatingScope() {
+    g_updating = true;
+}
 
-UpdatingScope::~UpdatingScope() { g_updating = false; }
+UpdatingScope::~UpdatingScope() {
+    g_updating = false;
+}
 
-bool UpdatingScope::IsActive() { return g_updating; }
+bool UpdatingScope::IsActive() {
+    return g_updating;
+}
 
 } // namespace krt550

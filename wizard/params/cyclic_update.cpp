@@ -67,7 +67,9 @@ void RegisterForUpdate(CParameter* parameter, const QWidget* control) {
         g_updateList.push_back(pair);
 }
 
-void ClearUpdateList() { std::vector<UpdatePair>().swap(g_updateList); }
+void ClearUpdateList() {
+    std::vector<UpdatePair>().swap(g_updateList);
+}
 
 int StartParameterUpdate(CWindow& window, int key) {
     int period = 0;

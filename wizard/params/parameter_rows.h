@@ -20,8 +20,8 @@ struct RowStatics {
     QWidget* maximum = nullptr;
 };
 
-/// Each binding finds the parameter below `root`, keeps it in `parameter` and fills the row's controls from the drive. A
-/// parameter that the drive lacks disables the value control and adds a line "- message\n" to `errors`; that is no
+/// Each binding finds the parameter below `root`, keeps it in `parameter` and fills the row's controls from the drive.
+/// A parameter that the drive lacks disables the value control and adds a line "- message\n" to `errors`; that is no
 /// failure of the binding.
 
 /// False when reading failed (shown); the controls are filled all the same.

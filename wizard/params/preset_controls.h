@@ -25,7 +25,8 @@ public:
 
 protected:
     ~CPresetHolder() = default;
-    /// Opens the popup menu of the presets for `control` and carries the chosen command out; `toPreset` is the first one.
+    /// Opens the popup menu of the presets for `control` and carries the chosen command out; `toPreset` is the first
+    /// one.
     void RunMenu(QWidget& control, const QPoint& position, const std::function<void()>& toPreset);
 
     QString m_preset;

@@ -18,7 +18,9 @@ QString TextOf(const RowDef& row) {
     return QString::fromLatin1(row.reg.data(), static_cast<qsizetype>(row.reg.size()));
 }
 
-quint16 RegisterOf(const RowDef& row) { return TextOf(row).toUShort(); }
+quint16 RegisterOf(const RowDef& row) {
+    return TextOf(row).toUShort();
+}
 
 } // namespace
 
@@ -37,7 +39,9 @@ CRowTable::CRowTable(CWindow& window, std::span<const RowDef> rows)
     }
 }
 
-bool CRowTable::Bind(CParameterGroup* root, QString& errors) { return Bind(root, errors, 0, m_rows.size()); }
+bool CRowTable::Bind(CParameterGroup* root, QString& errors) {
+    return Bind(root, errors, 0, m_rows.size());
+}
 
 bool CRowTable::Bind(CParameterGroup* root, QString& errors, std::size_t first, std::size_t count) {
     bool success = true;
@@ -84,7 +88,9 @@ void CRowTable::AttachToolTips(const std::function<void(int labelId, const QStri
         addToolTip(IdsOf(row).label, CWizardTextStore::Instance().GetToolTip(RegisterOf(m_rows[row])));
 }
 
-QWidget* CRowTable::GetValueControl(std::size_t row) const { return m_window.GetDlgItem(IdsOf(row).value); }
+QWidget* CRowTable::GetValueControl(std::size_t row) const {
+    return m_window.GetDlgItem(IdsOf(row).value);
+}
 
 RowIds CRowTable::IdsOf(std::size_t row) const {
     const RowDef& definition = m_rows[row];

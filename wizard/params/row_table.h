@@ -46,8 +46,8 @@ constexpr bool HasUniqueRegisters(std::span<const RowDef> rows) {
     return true;
 }
 
-/// The parameter rows of one window, from its table: bound and written in the table's order, marked when the user changes
-/// them, checked when an edit loses the focus.
+/// The parameter rows of one window, from its table: bound and written in the table's order, marked when the user
+/// changes them, checked when an edit loses the focus.
 class CRowTable {
 public:
     /// Sets the window's handlers for its rows. `rows` and `window` outlive the table.

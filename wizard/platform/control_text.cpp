@@ -12,9 +12,13 @@ namespace krt550 {
 namespace {
 
 // An ampersand marks a shortcut for Qt, and is just a character in parameter names and captions.
-QString Escaped(QString text) { return text.replace(QLatin1Char('&'), QLatin1String("&&")); }
+QString Escaped(QString text) {
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
 
-QString Unescaped(QString text) { return text.replace(QLatin1String("&&"), QLatin1String("&")); }
+QString Unescaped(QString text) {
+    return text.replace(QLatin1String("&&"), QLatin1String("&"));
+}
 
 void SetLabelText(QLabel& label, const QString& text) {
     label.setText(label.buddy() ? Escaped(text) : text);

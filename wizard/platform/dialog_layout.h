@@ -37,9 +37,9 @@ struct ControlLayout {
     ControlKind kind = ControlKind::Label;
     DialogRect rect;
     QString text = {};
-    int picture = 0;   ///< Picture: its number
-    int buddy = 0;     ///< Label: id of the value control that it names
-    quint16 reg = 0;   ///< value control of a parameter row: the register
+    int picture = 0; ///< Picture: its number
+    int buddy = 0;   ///< Label: id of the value control that it names
+    quint16 reg = 0; ///< value control of a parameter row: the register
     bool bold = false;
 };
 

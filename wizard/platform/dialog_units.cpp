@@ -17,6 +17,8 @@ QRect CDialogUnits::ToPixels(const DialogRect& rect) const {
     return {topLeft, QSize(bottomRight.x() - topLeft.x(), bottomRight.y() - topLeft.y())};
 }
 
-QSize CDialogUnits::ToPixels(int width, int height) const { return {qRound(width * m_x), qRound(height * m_y)}; }
+QSize CDialogUnits::ToPixels(int width, int height) const {
+    return {qRound(width * m_x), qRound(height * m_y)};
+}
 
 } // namespace krt550

@@ -50,6 +50,8 @@ bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons button
     return box.exec() == QMessageBox::Ok;
 }
 
-int MessageBoxCount() { return g_count; }
+int MessageBoxCount() {
+    return g_count;
+}
 
 } // namespace krt550

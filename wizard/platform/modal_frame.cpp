@@ -55,7 +55,9 @@ void CModalFrame::End(int result) {
     m_loop.quit();
 }
 
-void CModalFrame::reject() { m_onCancel(); }
+void CModalFrame::reject() {
+    m_onCancel();
+}
 
 void CModalFrame::closeEvent(QCloseEvent* event) {
     event->accept();

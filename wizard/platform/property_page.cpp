@@ -4,7 +4,9 @@
 
 namespace krt550 {
 
-CPropertyPage::CPropertyPage(int layoutNumber) : CWindow(layoutNumber) { hide(); }
+CPropertyPage::CPropertyPage(int layoutNumber) : CWindow(layoutNumber) {
+    hide();
+}
 
 // A dialog has one default button; the page in front claims it.
 void CPropertyPage::RestoreDefaultButton() {

@@ -133,6 +133,8 @@ void CPropertySheet::SetTitle(const QString& title) {
         m_frame->setWindowTitle(title);
 }
 
-bool CPropertySheet::OnInitDialog() { return true; }
+bool CPropertySheet::OnInitDialog() {
+    return true;
+}
 
 } // namespace krt550

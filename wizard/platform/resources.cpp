@@ -20,10 +20,16 @@ const CResources& CResources::Current() {
     return g_current ? *g_current : none;
 }
 
-QString LoadText(int number) { return CResources::Current().GetString(number).value_or(QString()); }
+QString LoadText(int number) {
+    return CResources::Current().GetString(number).value_or(QString());
+}
 
-ResourceScope::ResourceScope(const CResources& resources) : m_former(g_current) { g_current = &resources; }
+ResourceScope::ResourceScope(const CResources& resources) : m_former(g_current) {
+    g_current = &resources;
+}
 
-ResourceScope::~ResourceScope() { g_current = m_former; }
+ResourceScope::~ResourceScope() {
+    g_current = m_former;
+}
 
 } // namespace krt550

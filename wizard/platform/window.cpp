@@ -75,7 +75,9 @@ int CWindow::GetDlgCtrlID(const QWidget* control) const {
     return id != 0 && GetDlgItem(id) == control ? id : 0;
 }
 
-void CWindow::Handle(int id, ControlEvent event, Handler handler) { m_handlers[{id, event}] = std::move(handler); }
+void CWindow::Handle(int id, ControlEvent event, Handler handler) {
+    m_handlers[{id, event}] = std::move(handler);
+}
 
 void CWindow::Notify(const QWidget* control, ControlEvent event) {
     const auto found = m_handlers.find({GetDlgCtrlID(control), event});
@@ -109,7 +111,9 @@ CWindow* CWindow::OwnerOf(const QWidget* control) {
     return control ? qobject_cast<CWindow*>(control->parentWidget()) : nullptr;
 }
 
-QWidget* CWindow::CreateControl(const ControlLayout&) { return nullptr; }
+QWidget* CWindow::CreateControl(const ControlLayout&) {
+    return nullptr;
+}
 
 void CWindow::OnTimer(int) {}
 
@@ -126,8 +130,8 @@ bool CWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut && control) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         // A menu, or another window coming to the front, only borrows the focus.
-        const bool borrowed = reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
-                              reason == Qt::ActiveWindowFocusReason;
+        const bool borrowed =
+            reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason || reason == Qt::ActiveWindowFocusReason;
         if (!borrowed)
             FocusLeft(control);
     } else if (event->type() == QEvent::Wheel && qobject_cast<QComboBox*>(watched) && !control->hasFocus()) {

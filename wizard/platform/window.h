@@ -13,11 +13,11 @@ namespace krt550 {
 
 /// What a control can tell its window.
 enum class ControlEvent {
-    Clicked,     ///< button or check box
-    Changed,     ///< text of an edit, typed or set from code
-    Selected,    ///< choice of a drop-down by the user
-    FocusLost,   ///< the focus went to another control
-    Released     ///< slider let go
+    Clicked,   ///< button or check box
+    Changed,   ///< text of an edit, typed or set from code
+    Selected,  ///< choice of a drop-down by the user
+    FocusLost, ///< the focus went to another control
+    Released   ///< slider let go
 };
 
 /// A window built from a dialog layout: controls by id, handlers by id and event, timers by id and handle.

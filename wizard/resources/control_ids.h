@@ -19,10 +19,20 @@ enum ControlId : int {
 inline constexpr int kStepIconIds[7] = {151, 152, 157, 153, 154, 155, 156};
 
 /// Ids of the column headings of the k-th group of rows on a page (k from 0), and of the group box around it.
-constexpr int GroupId(int k) { return 60100 + 10 * k; }
-constexpr int ActualHeadingId(int k) { return GroupId(k) + 1; }
-constexpr int UnitHeadingId(int k) { return GroupId(k) + 2; }
-constexpr int MinimumHeadingId(int k) { return GroupId(k) + 3; }
-constexpr int MaximumHeadingId(int k) { return GroupId(k) + 4; }
+constexpr int GroupId(int k) {
+    return 60100 + 10 * k;
+}
+constexpr int ActualHeadingId(int k) {
+    return GroupId(k) + 1;
+}
+constexpr int UnitHeadingId(int k) {
+    return GroupId(k) + 2;
+}
+constexpr int MinimumHeadingId(int k) {
+    return GroupId(k) + 3;
+}
+constexpr int MaximumHeadingId(int k) {
+    return GroupId(k) + 4;
+}
 
 } // namespace krt550

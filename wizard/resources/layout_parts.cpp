@@ -72,9 +72,7 @@ CLayoutBuilder& CLayoutBuilder::BottomRow(bool withDigits, int resetX) {
     button(kIdHelp, 18, 30);
     if (withDigits) {
         Add({.id = kIdStepsDoneGroup, .kind = ControlKind::GroupBox, .rect = {83, 281, 174, 38}});
-        Add({.id = kIdStepsDoneLabel,
-             .rect = {91, 289, 160, 10},
-             .text = StringTableText(16).value_or(QString())});
+        Add({.id = kIdStepsDoneLabel, .rect = {91, 289, 160, 10}, .text = StringTableText(16).value_or(QString())});
         constexpr int kDigitX[7] = {103, 123, 143, 164, 183, 203, 223};
         for (int i = 0; i < 7; ++i)
             Add({.id = kStepIconIds[i], .kind = ControlKind::Icon, .rect = {kDigitX[i], 300, 20, 20}});

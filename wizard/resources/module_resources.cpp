@@ -7,14 +7,20 @@
 
 namespace krt550 {
 
-std::optional<DialogLayout> CModuleResources::GetLayout(int number) const { return LayoutOfNumber(number); }
+std::optional<DialogLayout> CModuleResources::GetLayout(int number) const {
+    return LayoutOfNumber(number);
+}
 
-std::optional<QString> CModuleResources::GetString(int number) const { return StringTableText(number); }
+std::optional<QString> CModuleResources::GetString(int number) const {
+    return StringTableText(number);
+}
 
 QPixmap CModuleResources::GetPicture(int number, QSize size, qreal pixelRatio) const {
     return DrawPicture(number, size, pixelRatio);
 }
 
-std::optional<MenuLayout> CModuleResources::GetMenu(int number) const { return MenuOfNumber(number); }
+std::optional<MenuLayout> CModuleResources::GetMenu(int number) const {
+    return MenuOfNumber(number);
+}
 
 } // namespace krt550

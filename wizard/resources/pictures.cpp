@@ -4,7 +4,9 @@
 #include <QSvgRenderer>
 
 // The pictures are linked into a static library, so that somebody has to ask for them.
-static void RegisterPictures() { Q_INIT_RESOURCE(pictures); }
+static void RegisterPictures() {
+    Q_INIT_RESOURCE(pictures);
+}
 
 namespace krt550 {
 

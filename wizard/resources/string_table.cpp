@@ -18,9 +18,12 @@ constexpr Entry kStrings[] = {
     {3, u"Reset faulted drive"},
     {4, u"For parameter REPLACE given value was invalid.\nPlease input valid value."},
     {5, u"Parameter REPLACE not found from drive.\n\nUnable to use the specified parameter."},
-    {8, u"Value entered for parameter REPLACE_PARAM is invalid for unsigned 8-bit data (value entered was REPLACE_VALUE)."},
-    {9, u"Value entered for parameter REPLACE_PARAM is invalid for signed 16-bit data (value entered was REPLACE_VALUE)."},
-    {10, u"Value entered for parameter REPLACE_PARAM is invalid for unsigned 16-bit data (value entered was REPLACE_VALUE)."},
+    {8, u"Value entered for parameter REPLACE_PARAM is invalid for unsigned 8-bit data (value entered was "
+        u"REPLACE_VALUE)."},
+    {9,
+     u"Value entered for parameter REPLACE_PARAM is invalid for signed 16-bit data (value entered was REPLACE_VALUE)."},
+    {10, u"Value entered for parameter REPLACE_PARAM is invalid for unsigned 16-bit data (value entered was "
+         u"REPLACE_VALUE)."},
     {13, u"1. Name plate data"},
     {14, u"Advanced"},
     {15, u"Basic"},

@@ -19,7 +19,9 @@ const QColor kLightGrey(192, 192, 192);
 
 } // namespace
 
-CColorStatic::CColorStatic(QWidget* parent) : QLabel(parent) { setTextFormat(Qt::PlainText); }
+CColorStatic::CColorStatic(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
 
 void CColorStatic::Show(int look, std::optional<QColor> brush) {
     m_look = look;

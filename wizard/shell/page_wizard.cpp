@@ -21,7 +21,9 @@ constexpr int kCloseText = 35;
 constexpr int kBoxIds[] = {160, 164, 165, 166, 167, 168, 169, 171, 173, 174, 175, 176, 177, 178, 179, 180};
 constexpr quint16 kFirstAssistant = 8;
 
-constexpr quint16 PageOfBox(std::size_t box) { return static_cast<quint16>(box + 1); }
+constexpr quint16 PageOfBox(std::size_t box) {
+    return static_cast<quint16>(box + 1);
+}
 
 } // namespace
 
@@ -72,7 +74,9 @@ void CPageWizard::OnButtonAdvanced() {
     UpdateNextButton();
 }
 
-void CPageWizard::UpdateNextButton() { EnableControl(GetDlgItem(kIdNext), !GetTickedPages().empty()); }
+void CPageWizard::UpdateNextButton() {
+    EnableControl(GetDlgItem(kIdNext), !GetTickedPages().empty());
+}
 
 void CPageWizard::ShowAssistantBoxes(bool show) {
     for (std::size_t box = 0; box < std::size(kBoxIds); ++box)

@@ -11,7 +11,9 @@ namespace krt550 {
 CRowPage::CRowPage(int layoutNumber, QString helpTopic, std::span<const RowDef> rows)
     : CWizardPropertyPage(layoutNumber, std::move(helpTopic)), m_rows(*this, rows) {}
 
-bool CRowPage::ApplyParameters() { return m_rows.Write(); }
+bool CRowPage::ApplyParameters() {
+    return m_rows.Write();
+}
 
 bool CRowPage::LoadParameters() {
     UpdateStepIcons();
@@ -34,7 +36,9 @@ bool CRowPage::LoadParameters() {
     return bound;
 }
 
-bool CRowPage::BindRows(CParameterGroup* root, QString& errors) { return m_rows.Bind(root, errors); }
+bool CRowPage::BindRows(CParameterGroup* root, QString& errors) {
+    return m_rows.Bind(root, errors);
+}
 
 bool CRowPage::LeavePage() {
     StopParameterUpdate(*this, m_updateTimer);

@@ -20,7 +20,9 @@ PageFactory& Factory() {
 
 } // namespace
 
-void SetPageFactory(PageFactory factory) { Factory() = std::move(factory); }
+void SetPageFactory(PageFactory factory) {
+    Factory() = std::move(factory);
+}
 
 CSheetWizard::CSheetWizard(int captionString, QWidget* parent, int firstPage)
     : CPropertySheet(LoadText(captionString), firstPage) {

@@ -7,7 +7,9 @@ namespace {
 
 std::vector<StepState> g_states;
 
-bool IsStep(int step) { return step >= 1 && step <= static_cast<int>(g_states.size()); }
+bool IsStep(int step) {
+    return step >= 1 && step <= static_cast<int>(g_states.size());
+}
 
 } // namespace
 

@@ -43,7 +43,9 @@ int CStripBitmapButton::GetShownFrame() const {
     return isDown() || (Latches() && m_latched) ? 1 : 0;
 }
 
-bool CStripBitmapButton::Latches() const { return objectName().toInt() == kLatchingButton; }
+bool CStripBitmapButton::Latches() const {
+    return objectName().toInt() == kLatchingButton;
+}
 
 void CStripBitmapButton::nextCheckState() {
     if (Latches())

@@ -57,7 +57,9 @@ bool CWizardPropertyPage::ShowPendingMessages() {
     return true;
 }
 
-bool CWizardPropertyPage::OnInitDialog() { return CPropertyPage::OnInitDialog(); }
+bool CWizardPropertyPage::OnInitDialog() {
+    return CPropertyPage::OnInitDialog();
+}
 
 bool CWizardPropertyPage::OnSetActive() {
     ClearUpdateList();
@@ -67,7 +69,9 @@ bool CWizardPropertyPage::OnSetActive() {
     return CPropertyPage::OnSetActive();
 }
 
-void CWizardPropertyPage::OnShown() { ShowPendingMessages(); }
+void CWizardPropertyPage::OnShown() {
+    ShowPendingMessages();
+}
 
 bool CWizardPropertyPage::OnKillActive() {
     LeavePage();
@@ -144,7 +148,9 @@ void CWizardPropertyPage::OnButtonReset() {
         drive->ResetFault();
 }
 
-CHostDrive* CWizardPropertyPage::GetDrive() const { return m_sheet ? m_sheet->GetDriveObject() : nullptr; }
+CHostDrive* CWizardPropertyPage::GetDrive() const {
+    return m_sheet ? m_sheet->GetDriveObject() : nullptr;
+}
 
 void CWizardPropertyPage::AddToolTip(int controlId, const QString& text) {
     m_toolTips.AddTool(GetDlgItem(controlId), text);

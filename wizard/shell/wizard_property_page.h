@@ -18,8 +18,8 @@ inline constexpr int kLastPage = 111;
 /// Step number, next-page or previous-page index of a page that no chain has linked.
 inline constexpr int kNoPage = 32;
 
-/// Base of the start page and of every assistant page: the buttons that all pages share, the digits of the seven steps, and
-/// the fixed order of the page's hooks.
+/// Base of the start page and of every assistant page: the buttons that all pages share, the digits of the seven steps,
+/// and the fixed order of the page's hooks.
 class CWizardPropertyPage : public CPropertyPage {
     Q_OBJECT
 
