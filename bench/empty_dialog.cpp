@@ -1,9 +1,13 @@
-// The least that a Qt dialog program can be: what the wizard's start-up is compared with.
+// The least that a Qt dialog program can be: what the wizard's start-up is compared with. With an argument the dialog shows it
+// as a text, which makes Qt load its fonts.
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QDialog dialog;
+    if (argc > 1)
+        new QLabel(QString::fromLocal8Bit(argv[1]), &dialog);
     return dialog.exec();
 }

@@ -37,7 +37,7 @@ constexpr TextItem kItems[] = {
 DialogLayout StartPageLayout() {
     CLayoutBuilder layout(107, kPageWidth, kPageHeight);
     layout.Add({.id = kIdPicture, .kind = ControlKind::Picture, .rect = {7, 7, 176, 242}, .picture = 86});
-    layout.Add({.id = kIdVersion, .rect = {9, 254, 170, 12}, .text = QStringLiteral("Version: 2.0")});
+    layout.Add({.id = kIdVersion, .rect = {11, 254, 170, 12}, .text = QStringLiteral("Version: 2.0")});
     for (const TextItem& item : kItems)
         layout.Add({.id = item.id,
                     .kind = item.kind,
