@@ -18,13 +18,19 @@ inline constexpr int kBack = 96;
 inline constexpr int kApply = 98;
 inline constexpr int kReset = 99;
 
+/// Texts that the tests of pages count on.
+inline const WizardFiles& PageFiles() {
+    static const WizardFiles files("UPDATE\t1\t5\nUPDATE\t3\t5\nTOOLTIP\t9902\tVoltage of the name plate\n"
+                                   "ENABLESTART\t3\t9912\t1,\"2\",,3\nENABLESTART\t7\t4401\t1\n");
+    return files;
+}
+
 /// A name plate drive and the whole wizard on it.
 class WizardFixture : public testing::Test {
 protected:
-    WizardFixture() : m_drive(NamePlateParameters()) {
-        static const WizardFiles files("UPDATE\t1\t5\nTOOLTIP\t9902\tVoltage of the name plate\n");
-        m_drive.wizardPath = files.WizardPath();
-        SetWizardDirectory(files.Directory());
+    WizardFixture() : m_drive(WizardParameters()) {
+        m_drive.wizardPath = PageFiles().WizardPath();
+        SetWizardDirectory(PageFiles().Directory());
         EnsureStepStates();
         for (int step = 1; step <= kStepCount; ++step)
             SetStepState(step, StepState::NotChosen);

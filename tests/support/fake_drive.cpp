@@ -40,14 +40,16 @@ bool FakeDrive::WriteWord(quint16 reg, quint16 word) {
     return true;
 }
 
-quint16 FakeDrive::ReadFaultBuffer(quint32&, const FaultBufferRequest*, quint32*, QByteArray&) {
+quint16 FakeDrive::ReadFaultBuffer(quint32&, const FaultBufferRequest*, quint32*, QByteArray& record) {
     Note(QStringLiteral("read fault buffer"));
-    return 1;
+    record = faultRecord;
+    return faultBufferError;
 }
 
 bool FakeDrive::TakeLocalControl() {
-    localControl = true;
-    return Note(QStringLiteral("take local control"));
+    Note(QStringLiteral("take local control"));
+    localControl = grantsLocalControl;
+    return localControl;
 }
 
 bool FakeDrive::ReleaseLocalControl() {
@@ -62,6 +64,8 @@ bool FakeDrive::GetParameterRoot(CParameterGroup** root) {
 
 bool FakeDrive::Note(const QString& call) {
     m_log.append(call);
+    if (onCall)
+        onCall(call);
     return true;
 }
 
@@ -103,6 +107,14 @@ std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& m
         Number(9910, "Nominal mains voltage", 0, 0, 1000, "V"),
     };
     std::erase_if(parameters, [&](const ParameterDescription& parameter) { return missing.contains(parameter.reg); });
+    return parameters;
+}
+
+std::vector<ParameterDescription> WizardParameters() {
+    std::vector<ParameterDescription> parameters = NamePlateParameters();
+    parameters.push_back(Number(9906, "Service mode", 0, 0, 14));
+    parameters.push_back(Number(424, "Progress", 0, 0, 100));
+    parameters.push_back(Number(911, "Diagnosis", 0, 0, 100));
     return parameters;
 }
 

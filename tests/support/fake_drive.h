@@ -7,6 +7,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -19,6 +20,9 @@ class FakeDrive : public CHostDrive, public CParameterLink, public CDriveInfo {
 public:
     explicit FakeDrive(std::vector<ParameterDescription> parameters);
 
+    /// Called with every call's log entry before the call has its effect.
+    std::function<void(const QString& call)> onCall;
+
     /// The log since the last call.
     QStringList TakeLog();
     /// Those entries of TakeLog that begin with one of these words.
@@ -30,6 +34,9 @@ public:
     bool hasRoot = true;
     bool hasInfo = true;
     bool localControl = false;
+    bool grantsLocalControl = true;
+    quint16 faultBufferError = 1;
+    QByteArray faultRecord;
     bool cancelCondition = true;
     quint32 statusWord = kStatusStopped;
     QString wizardPath;
@@ -50,7 +57,7 @@ public:
     CSAPDriveTexts* GetDriveTexts() override { return nullptr; }
     bool SetReference(const QString& reference) override { return Note("set reference " + reference); }
     bool IsLocalControlActive() override { return localControl; }
-    bool RefreshState() override { return true; }
+    bool RefreshState() override { return Note("refresh"); }
     CDriveInfo* GetDriveInfo() override { return hasInfo ? this : nullptr; }
     bool StartMotor() override { return Note("start motor"); }
     bool StopMotor() override { return Note("stop motor"); }
@@ -81,5 +88,8 @@ ParameterDescription List(quint16 reg, const QString& name, std::vector<std::pai
 
 /// The ten parameters of the name plate page, without the ones in `missing`.
 std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& missing = {});
+
+/// Those and what the pages of the other steps ask for when they become active.
+std::vector<ParameterDescription> WizardParameters();
 
 } // namespace krt550

@@ -69,8 +69,12 @@ bool CRowTable::BindRow(CParameterGroup* root, QString& errors, std::size_t row)
 }
 
 bool CRowTable::Write() {
+    return Write(0, m_rows.size());
+}
+
+bool CRowTable::Write(std::size_t first, std::size_t count) {
     bool success = true;
-    for (std::size_t row = 0; row < m_rows.size(); ++row)
+    for (std::size_t row = first; row < first + count; ++row)
         if (m_rows[row].kind != RowKind::Display)
             success = WriteRow(m_parameters[row], GetValueControl(row), false) && success;
     return success;

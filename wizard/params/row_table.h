@@ -59,6 +59,8 @@ public:
     bool Bind(CParameterGroup* root, QString& errors, std::size_t first, std::size_t count);
     /// Writes every changed row, each attempted; true when all succeeded.
     bool Write();
+    /// The same for `count` rows from row `first`.
+    bool Write(std::size_t first, std::size_t count);
     /// Reads rows from the drive into their controls; true when all succeeded.
     bool Reread(std::size_t first, std::size_t count);
     /// Gives every label the wizard text file's tool tip of its register.

@@ -12,7 +12,12 @@ enum ControlId : int {
     kIdReset = 99,
     kIdStepsDoneGroup = 60001,
     kIdPageTitle = 60002,
-    kIdStepsDoneLabel = 163
+    kIdStepsDoneLabel = 163,
+    // Of the autotuning pages.
+    kIdAutotuningLabel = 60201,
+    kIdAutotuningStart = 60202,
+    kIdAutotuningProgress = 60203,
+    kIdAutotuningDiagnosis = 60204
 };
 
 /// Ids of the digits of steps 1 to 7, in order.

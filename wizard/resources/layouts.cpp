@@ -14,10 +14,19 @@ struct PlainPage {
     bool isStep;
 };
 
+struct FullLayout {
+    int number;
+    DialogLayout (*make)();
+};
+
+constexpr FullLayout kFullLayouts[] = {
+    {100, NamePlateLayout}, {103, FieldCurrentLayout},   {104, ArmatureLayout},
+    {107, StartPageLayout}, {112, FieldWeakeningLayout}, {122, DiagnosisLayout},
+};
+
 constexpr PlainPage kPlainPages[] = {
-    {101, 37, true},   {103, 38, true},   {104, 39, true},   {110, 40, true},   {111, 41, true},
-    {112, 42, true},   {133, 264, false}, {134, 274, false}, {135, 271, false}, {136, 278, false},
-    {137, 282, false}, {138, 286, false}, {139, 292, false}, {146, 298, false}, {147, 303, false},
+    {101, 37, true},   {110, 40, true},   {111, 41, true},   {133, 264, false}, {134, 274, false}, {135, 271, false},
+    {136, 278, false}, {137, 282, false}, {138, 286, false}, {139, 292, false}, {146, 298, false}, {147, 303, false},
 };
 
 DialogLayout PlainLayout(const PlainPage& page) {
@@ -32,10 +41,9 @@ DialogLayout PlainLayout(const PlainPage& page) {
 } // namespace
 
 std::optional<DialogLayout> LayoutOfNumber(int number) {
-    if (number == 100)
-        return NamePlateLayout();
-    if (number == 107)
-        return StartPageLayout();
+    for (const FullLayout& layout : kFullLayouts)
+        if (layout.number == number)
+            return layout.make();
     for (const PlainPage& page : kPlainPages)
         if (page.layout == number)
             return PlainLayout(page);

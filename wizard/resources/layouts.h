@@ -7,8 +7,12 @@
 namespace krt550 {
 
 /// One function for each dialog layout that is more than its bottom row.
-DialogLayout NamePlateLayout(); ///< 100
-DialogLayout StartPageLayout(); ///< 107
+DialogLayout NamePlateLayout();      ///< 100
+DialogLayout FieldCurrentLayout();   ///< 103
+DialogLayout ArmatureLayout();       ///< 104
+DialogLayout StartPageLayout();      ///< 107
+DialogLayout FieldWeakeningLayout(); ///< 112
+DialogLayout DiagnosisLayout();      ///< 122
 
 /// Layout by number.
 std::optional<DialogLayout> LayoutOfNumber(int number);

@@ -28,16 +28,20 @@ bool CRowPage::LoadParameters() {
     const bool bound = BindRows(root, errors);
     // Filling the controls raised change notifications.
     ClearChanged();
-    if (!errors.isEmpty())
-        ReportLoadErrors(errors);
+    const bool refreshed = errors.isEmpty() || ReportLoadErrors(errors);
     StopParameterUpdate(*this, m_updateTimer);
-    if (bound && errors.isEmpty())
+    if (bound && refreshed)
         m_updateTimer = StartParameterUpdate(*this, GetStepNumber());
     return bound;
 }
 
 bool CRowPage::BindRows(CParameterGroup* root, QString& errors) {
     return m_rows.Bind(root, errors);
+}
+
+bool CRowPage::ReportLoadErrors(const QString& errors) {
+    AppendPendingMessage(errors);
+    return false;
 }
 
 bool CRowPage::LeavePage() {

@@ -21,13 +21,15 @@ public:
 protected:
     /// Binds what the page shows; false keeps the update timer from starting.
     virtual bool BindRows(CParameterGroup* root, QString& errors);
-    /// What becomes of a load's errors; the base has them shown once the page is visible.
-    virtual void ReportLoadErrors(const QString& errors) { AppendPendingMessage(errors); }
+    /// What becomes of a load's errors: the base has them shown once the page is visible, and nothing refreshed.
+    /// Returns whether the page is refreshed cyclically all the same.
+    virtual bool ReportLoadErrors(const QString& errors);
 
     void OnTimer(int id) override;
     void OnDestroy() override { OnButtonCancel(); }
 
     CRowTable& GetRows() { return m_rows; }
+    bool IsUpdating() const { return m_updateTimer != 0; }
 
 private:
     CRowTable m_rows;

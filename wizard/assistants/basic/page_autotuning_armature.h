@@ -1,15 +1,15 @@
 #pragma once
 
-#include "wizard/shell/plain_page.h"
+#include "wizard/assistants/basic/autotuning_page.h"
 
 namespace krt550 {
 
-/// Step 4: autotuning of the armature current controller. Without rows so far.
-class CPageAutotuningArmature : public CPlainPage {
+/// Step 4: autotuning of the armature current controller.
+class CPageAutotuningArmature : public CAutotuningPage {
     Q_OBJECT
 
 public:
-    CPageAutotuningArmature() : CPlainPage(104, QStringLiteral("4.htm")) {}
+    CPageAutotuningArmature();
 };
 
 } // namespace krt550

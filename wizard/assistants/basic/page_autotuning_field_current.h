@@ -1,15 +1,19 @@
 #pragma once
 
-#include "wizard/shell/plain_page.h"
+#include "wizard/assistants/basic/autotuning_page.h"
 
 namespace krt550 {
 
-/// Step 3: autotuning of the field current controller. Without rows so far.
-class CPageAutotuningFieldCurrent : public CPlainPage {
+/// Step 3: autotuning of the field current controller.
+class CPageAutotuningFieldCurrent : public CAutotuningPage {
     Q_OBJECT
 
 public:
-    CPageAutotuningFieldCurrent() : CPlainPage(103, QStringLiteral("3.htm")) {}
+    CPageAutotuningFieldCurrent();
+
+protected:
+    bool BindRows(CParameterGroup* root, QString& errors) override;
+    void OnTimer(int id) override;
 };
 
 } // namespace krt550

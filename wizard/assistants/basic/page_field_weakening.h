@@ -1,15 +1,18 @@
 #pragma once
 
-#include "wizard/shell/plain_page.h"
+#include "wizard/assistants/basic/autotuning_page.h"
 
 namespace krt550 {
 
-/// Step 7: field weakening. Without rows so far.
-class CPageFieldWeakening : public CPlainPage {
+/// Step 7: autotuning of the EMF controller and the flux linearization.
+class CPageFieldWeakening : public CAutotuningPage {
     Q_OBJECT
 
 public:
-    CPageFieldWeakening() : CPlainPage(112, QStringLiteral("7.htm")) {}
+    CPageFieldWeakening();
+
+protected:
+    bool WriteRows() override;
 };
 
 } // namespace krt550

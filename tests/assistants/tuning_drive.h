@@ -1,0 +1,55 @@
+#pragma once
+
+#include "tests/support/fake_drive.h"
+
+namespace krt550 {
+
+/// A drive that tunes itself: started in a service mode it advances its progress with every look at the mode, and ends
+/// it.
+class TuningDrive : public FakeDrive {
+public:
+    TuningDrive() : FakeDrive(Parameters()) {
+        words[801] = 1;
+        onCall = [this](const QString& call) { Advance(call); };
+    }
+
+    int looksUntilDone = 3; ///< how often 9906 is read before it is 0 again; 0: never
+    quint16 outcome = 0;    ///< value of 911 afterwards
+    std::function<void(int look)> onLook;
+
+    static std::vector<ParameterDescription> Parameters() {
+        std::vector<ParameterDescription> parameters;
+        for (const int reg : {9902, 9903, 9904, 9911, 2001, 2002, 2005, 2006, 2012, 2013, 3012, 4306, 4307, 4308,
+                              4309, 4310, 4402, 4403, 4502, 9408, 4409, 4410, 4412, 4413, 4414, 406,  801,  424})
+            parameters.push_back(
+                Number(static_cast<quint16>(reg), QStringLiteral("Parameter %1").arg(reg), 0, 0, 10000));
+        for (const int reg : {9912, 4401})
+            parameters.push_back(
+                List(static_cast<quint16>(reg), QStringLiteral("List %1").arg(reg), {{0, "Off"}, {1, "On"}}));
+        parameters.push_back(Number(9906, "Service mode", 0, 0, 14));
+        parameters.push_back(List(911, "Diagnosis", {{0, "No message"}, {7, "Motor turned"}}));
+        return parameters;
+    }
+
+private:
+    void Advance(const QString& call) {
+        if (call == "start motor")
+            m_looks = 0;
+        if (call != "read 9906" || m_looks < 0)
+            return;
+        ++m_looks;
+        if (onLook)
+            onLook(m_looks);
+        words[424] = static_cast<quint16>(looksUntilDone > 0 ? 100 * m_looks / looksUntilDone : 50);
+        if (m_looks != looksUntilDone)
+            return;
+        words[9906] = 0;
+        words[911] = outcome;
+        words[4306] = words[4402] = words[4409] = 77; // what it has found
+        m_looks = -1;
+    }
+
+    int m_looks = -1;
+};
+
+} // namespace krt550

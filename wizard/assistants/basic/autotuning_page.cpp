@@ -1,0 +1,161 @@
+#include "wizard/assistants/basic/autotuning_page.h"
+
+#include "hostlib/host_drive.h"
+#include "hostlib/tolvbo32/parameter.h"
+#include "hostlib/tolvbo32/parameter_group.h"
+#include "wizard/diagnosis/diagnosis_dialog.h"
+#include "wizard/diagnosis/fault_record.h"
+#include "wizard/params/drive_commands.h"
+#include "wizard/params/parameter_access.h"
+#include "wizard/platform/control_text.h"
+#include "wizard/platform/resources.h"
+#include "wizard/resources/control_ids.h"
+#include "wizard/shell/sheet_wizard.h"
+#include "wizard/texts/wizard_text_store.h"
+
+#include <QProgressBar>
+
+namespace krt550 {
+namespace {
+
+constexpr int kFailureText = 243;
+
+void ShowText(const QString& text, MessageIcon icon) {
+    if (!text.isEmpty())
+        ShowMessageBox(text, icon);
+}
+
+} // namespace
+
+CAutotuningPage::CAutotuningPage(const AutotuningPageDef& definition)
+    : CRowPage(definition.layout, QString::fromUtf16(definition.helpTopic), definition.rows), m_definition(definition) {
+    Handle(kIdAutotuningStart, ControlEvent::Clicked, [this] { OnButtonStart(); });
+    Handle(kIdAutotuningDiagnosis, ControlEvent::Clicked, [this] { OnButtonDiagnosis(); });
+}
+
+bool CAutotuningPage::LoadParameters() {
+    const bool loaded = CRowPage::LoadParameters();
+    if (auto* bar = GetControl<QProgressBar>(kIdAutotuningProgress)) {
+        bar->setRange(0, 100);
+        bar->setValue(0);
+    }
+    return loaded;
+}
+
+bool CAutotuningPage::BindRows(CParameterGroup* root, QString& errors) {
+    const std::size_t before = std::min(m_definition.rowsBeforeCondition, GetRows().size());
+    const bool conditionLast = m_definition.rowsBeforeCondition > GetRows().size();
+    bool bound = GetRows().Bind(root, errors, 0, before);
+    if (!conditionLast)
+        bound = EvaluateStartCondition(root) && bound;
+    bound = GetRows().Bind(root, errors, before, GetRows().size() - before) && bound;
+    LookUpReferences(root);
+    if (conditionLast)
+        bound = EvaluateStartCondition(root) && bound;
+    EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
+    return bound;
+}
+
+void CAutotuningPage::LookUpReferences(CParameterGroup* root) {
+    m_serviceMode = FindParameter(root, QStringLiteral("9906"));
+    if (m_definition.variant.showsProgress)
+        m_progress = FindParameter(root, QStringLiteral("424"));
+    m_diagnosis = FindParameter(root, QStringLiteral("911"));
+}
+
+bool CAutotuningPage::EvaluateStartCondition(CParameterGroup* root) {
+    QWidget* start = GetDlgItem(kIdAutotuningStart);
+    EnableControl(start, StartConditionHolds(root));
+    return start != nullptr;
+}
+
+bool CAutotuningPage::StartConditionHolds(CParameterGroup* root) {
+    CWizardTextStore& store = CWizardTextStore::Instance();
+    const auto step = static_cast<quint16>(GetStepNumber());
+    QList<quint16> registers;
+    if (!store.GetStartConditionRegisters(step, registers))
+        return true;
+    QList<quint16> values;
+    for (const quint16 reg : registers) {
+        CParameter* parameter = FindParameter(root, QString::number(reg));
+        if (!ReadParameter(parameter))
+            return false;
+        values.append(parameter->GetValue());
+    }
+    return store.StartConditionHolds(step, registers, values);
+}
+
+bool CAutotuningPage::ApplyParameters() {
+    const bool written = WriteRows();
+    // While the motor runs, Start stays as the run has left it.
+    if (CParameterGroup* root = GetPageParameterRoot(GetSheet()); root && !m_running)
+        EvaluateStartCondition(root);
+    return written;
+}
+
+bool CAutotuningPage::CancelPage() {
+    m_abort = true;
+    CHostDrive* drive = GetDrive();
+    if (!drive)
+        return true;
+    if (m_serviceMode) {
+        m_serviceMode->SetValue(0, false);
+        WriteParameter(m_serviceMode);
+    }
+    drive->RefreshState();
+    if (drive->IsLocalControlActive()) {
+        StopAndOpenContactor(drive);
+        drive->ReleaseLocalControl();
+    }
+    return true;
+}
+
+void CAutotuningPage::RereadResults() {
+    GetRows().Reread(m_definition.firstResult, GetRows().size() - m_definition.firstResult);
+}
+
+void CAutotuningPage::OnButtonStart() {
+    const AutotuningVariant& variant = m_definition.variant;
+    if (m_running ||
+        !ShowMessageBox(LoadText(variant.confirmation), MessageIcon::Exclamation, MessageButtons::OkCancel))
+        return;
+    EnableControl(GetDlgItem(kIdAutotuningStart), false);
+    // Reading the fault record ends the drive's service mode: not while it runs.
+    EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
+    bool aborted = false;
+    m_running = true;
+    const bool success = RunAutotuning(aborted);
+    m_running = false;
+    if (!success)
+        ReportFailure();
+    else if (!aborted)
+        ShowMessageBox(LoadText(variant.success), MessageIcon::Information);
+    EnableControl(GetDlgItem(kIdAutotuningStart), true);
+}
+
+void CAutotuningPage::ReportFailure() {
+    QString text;
+    GetDiagnosisText(GetPageParameterRoot(GetSheet()), kFailureText, text);
+    ShowMessageBox(text, MessageIcon::Stop);
+    QWidget* diagnosis = GetDlgItem(kIdAutotuningDiagnosis);
+    if (!m_definition.variant.readsFaultRecord) {
+        EnableControl(diagnosis, true);
+        return;
+    }
+    SetDiagnosisDrive(GetDrive());
+    QString message;
+    if (!ReadFaultRecord(message))
+        ShowText(message, MessageIcon::None);
+    else if (HasActiveFaultCode())
+        EnableControl(diagnosis, true);
+}
+
+void CAutotuningPage::OnButtonDiagnosis() {
+    SetDiagnosisDrive(GetDrive());
+    QString message;
+    if (!ReadFaultRecord(message))
+        ShowText(message, m_definition.variant.diagnosisIcon);
+    CDiagnosisDialog().DoModal();
+}
+
+} // namespace krt550

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "wizard/platform/message_box.h"
+#include "wizard/shell/row_page.h"
+
+namespace krt550 {
+
+class CParameterSet;
+
+/// What distinguishes one autotuning from another.
+struct AutotuningVariant {
+    quint16 mode;                 ///< value written to 9906
+    int confirmation;             ///< string asked before the run
+    int success;                  ///< string shown after it
+    int step;                     ///< commissioning step marked done, 0 for none
+    bool showsProgress = true;    ///< follows 424
+    bool readsOnceMore = true;    ///< reads 9906 and 424 a last time when the drive has finished
+    bool judgesFirst = false;     ///< reads 911 and marks the step before the drive is stopped, not after
+    bool readsFaultRecord = true; ///< after a failure: Diagnosis only for an active fault; otherwise always
+    MessageIcon diagnosisIcon = MessageIcon::None; ///< of the box for a failed read behind the Diagnosis button
+};
+
+/// An autotuning page: its variant, its rows and which of them the run changes.
+struct AutotuningPageDef {
+    int layout;
+    const char16_t* helpTopic;
+    AutotuningVariant variant;
+    std::span<const RowDef> rows; ///< in binding order
+    std::size_t firstResult;      ///< the rows from here on are the results of the run
+    /// The start condition is evaluated after so many rows are bound; more than there are: after all look-ups.
+    std::size_t rowsBeforeCondition;
+};
+
+/// A page that has the drive tune itself. The run happens inside the Start button's handler: it puts the drive into a
+/// service mode, starts the motor, follows the progress and always ends with the motor stopped, the contactor open and
+/// local control given back. Cancel, or the window going away, aborts it at any moment.
+class CAutotuningPage : public CRowPage {
+    Q_OBJECT
+
+public:
+    /// `definition` outlives the page.
+    explicit CAutotuningPage(const AutotuningPageDef& definition);
+
+    bool ApplyParameters() override;
+    bool CancelPage() override;
+    bool LoadParameters() override;
+
+protected:
+    bool BindRows(CParameterGroup* root, QString& errors) override;
+    bool ReportLoadErrors(const QString&) override { return true; }
+    /// Writes the rows that were changed, in the page's order.
+    virtual bool WriteRows() { return GetRows().Write(); }
+    /// Reads the results into their rows.
+    virtual void RereadResults();
+
+    /// The whole procedure. `aborted` tells that it ended by Cancel or was not allowed to start; the result is true
+    /// then.
+    bool RunAutotuning(bool& aborted);
+
+private:
+    // autotuning_page.cpp
+    void OnButtonStart();
+    void OnButtonDiagnosis();
+    void LookUpReferences(CParameterGroup* root);
+    bool EvaluateStartCondition(CParameterGroup* root);
+    bool StartConditionHolds(CParameterGroup* root);
+    void ReportFailure();
+
+    // autotuning_run.cpp
+    bool CheckStartPermission();
+    bool StartDrive();
+    bool FollowDrive(bool& aborted);
+    bool CloseRun(bool result);
+    bool ReadProgress();
+    bool JudgeRun();
+    void StopDrive();
+    void GiveBackLocalControl();
+    bool ReadQuietly(CParameter* parameter);
+    void ShowReadFailures();
+    void EnableNavigation(bool enable);
+    void ShowProgress(int percent);
+
+    const AutotuningPageDef& m_definition;
+    CParameter* m_serviceMode = nullptr;
+    CParameter* m_progress = nullptr;
+    CParameter* m_diagnosis = nullptr;
+    bool m_abort = false;
+    bool m_running = false;
+    std::vector<const CParameterSet*> m_failedReads;
+};
+
+} // namespace krt550
