@@ -1,5 +1,6 @@
 #include "wizard/run_wizard.h"
 
+#include "wizard/diagnosis/fault_record.h"
 #include "wizard/page_factory.h"
 #include "wizard/resources/module_resources.h"
 #include "wizard/shell/wizard_app.h"
@@ -11,5 +12,8 @@ extern "C" __attribute__((visibility("default"))) int RunWizard(krt550::CHostDri
     if (!drive)
         return kNoDrive;
     krt550::InstallPages();
-    return krt550::CWizardApp::Instance().RunSession(drive);
+    const int result = krt550::CWizardApp::Instance().RunSession(drive);
+    // The drive was borrowed for the length of this call.
+    krt550::SetDiagnosisDrive(nullptr);
+    return result;
 }

@@ -150,6 +150,18 @@ TEST_F(Diagnosis, FetchesTheRecordOfADriveWithoutServiceMode) {
     EXPECT_EQ(drive.TakeLog(), QStringList{"read fault buffer"});
 }
 
+TEST_F(Diagnosis, NeverWritesToADriveItWasTakenFrom) {
+    QString message;
+    ReadFaultRecord(message);
+    m_drive.TakeLog();
+    FakeDrive other({});
+    other.hasRoot = false;
+    other.faultBufferError = 0;
+    SetDiagnosisDrive(&other);
+    EXPECT_TRUE(ReadFaultRecord(message));
+    EXPECT_EQ(m_drive.TakeLog(), QStringList()) << "the former drive's service mode may be gone";
+}
+
 TEST_F(Diagnosis, KnowsAnActiveFaultCode) {
     struct {
         int size;

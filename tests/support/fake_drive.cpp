@@ -25,48 +25,51 @@ QStringList FakeDrive::TakeLog(const QStringList& beginnings) {
 }
 
 bool FakeDrive::ReadWord(quint16 reg, quint16& word) {
-    Note(QStringLiteral("read %1").arg(reg));
-    if (unreadable.contains(reg))
+    if (!Note(QStringLiteral("read %1").arg(reg)) || unreadable.contains(reg))
         return false;
     word = words[reg];
     return true;
 }
 
 bool FakeDrive::WriteWord(quint16 reg, quint16 word) {
-    Note(QStringLiteral("write %1=%2").arg(reg).arg(word));
-    if (unwritable.contains(reg))
+    if (!Note(QStringLiteral("write %1=%2").arg(reg).arg(word)) || unwritable.contains(reg))
         return false;
     words[reg] = word;
     return true;
 }
 
 quint16 FakeDrive::ReadFaultBuffer(quint32&, const FaultBufferRequest*, quint32*, QByteArray& record) {
-    Note(QStringLiteral("read fault buffer"));
+    if (!Note(QStringLiteral("read fault buffer")))
+        return 2;
     record = faultRecord;
     return faultBufferError;
 }
 
 bool FakeDrive::TakeLocalControl() {
-    Note(QStringLiteral("take local control"));
+    if (!Note(QStringLiteral("take local control")))
+        return false;
     localControl = grantsLocalControl;
     return localControl;
 }
 
 bool FakeDrive::ReleaseLocalControl() {
+    if (!Note(QStringLiteral("release local control")))
+        return false;
     localControl = false;
-    return Note(QStringLiteral("release local control"));
+    return true;
 }
 
 bool FakeDrive::GetParameterRoot(CParameterGroup** root) {
-    *root = hasRoot ? m_root.get() : nullptr;
-    return hasRoot;
+    const bool answers = hasRoot && Passes(QStringLiteral("get parameter root"));
+    *root = answers ? m_root.get() : nullptr;
+    return answers;
 }
 
 bool FakeDrive::Note(const QString& call) {
     m_log.append(call);
     if (onCall)
         onCall(call);
-    return true;
+    return Passes(call);
 }
 
 ParameterDescription Number(quint16 reg, const QString& name, int decimals, double minimum, double maximum,

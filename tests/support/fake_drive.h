@@ -23,6 +23,9 @@ public:
     /// Called with every call's log entry before the call has its effect.
     std::function<void(const QString& call)> onCall;
 
+    /// Asked at every call; true lets the call fail without effect.
+    std::function<bool(const QString& call)> fails;
+
     /// The log since the last call.
     QStringList TakeLog();
     /// Those entries of TakeLog that begin with one of these words.
@@ -73,7 +76,9 @@ public:
     bool CheckDiagnosisCondition() override { return true; }
 
 private:
+    /// Writes the call into the log; false when it is to fail.
     bool Note(const QString& call);
+    bool Passes(const QString& call) const { return !fails || !fails(call); }
 
     QStringList m_log;
     std::unique_ptr<CParameterGroup> m_root;

@@ -31,6 +31,9 @@ quint16 FetchRecord() {
 } // namespace
 
 void SetDiagnosisDrive(CHostDrive* drive) {
+    // Parameters are the host's: those of another drive may be gone.
+    if (drive != g_drive)
+        g_serviceMode = nullptr;
     g_drive = drive;
 }
 

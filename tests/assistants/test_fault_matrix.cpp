@@ -1,0 +1,275 @@
+// Every procedure with a fault at every call: the n-th call to the host fails, once or from then on; Cancel or the
+// close button comes at the n-th call. n runs from 1 until a run meets no fault. One case alone:
+//   KRT550_FAULT_CASE=n test_fault_matrix --gtest_filter=<the test that failed>
+#include "tests/assistants/tuning_drive.h"
+#include "tests/shell/wizard_fixture.h"
+
+#include "hostlib/tolvbo32/clock.h"
+#include "wizard/platform/row_ids.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace krt550 {
+namespace {
+
+constexpr int kStartRun = 60202;
+constexpr int kDiagnosis = 60204;
+constexpr int kDiagnosisDialog = 122;
+
+enum class Disturbance { FailsOnce, FailsFromThenOn, Cancel, Close };
+
+const char* NameOf(Disturbance disturbance) {
+    switch (disturbance) {
+    case Disturbance::FailsOnce:
+        return "FailsOnce";
+    case Disturbance::FailsFromThenOn:
+        return "FailsFromThenOn";
+    case Disturbance::Cancel:
+        return "Cancel";
+    case Disturbance::Close:
+        break;
+    }
+    return "Close";
+}
+
+/// What a person does in the wizard, from the start page on.
+struct Procedure {
+    const char* name;
+    std::function<void()> act;
+    /// Step that an undisturbed run marks done, 0 for none.
+    int step;
+};
+
+void PressIfThere(int id) {
+    if (const QWidget* control = Robot::Find(id); control && control->isEnabled())
+        Robot::Press(id);
+}
+
+void Tune(int box) {
+    PressIfThere(box);
+    PressIfThere(kNext);
+    PressIfThere(kStartRun);
+}
+
+/// Closes the dialog as soon as it is there; gives up when nothing is in front any more.
+void CloseDiagnosisDialog() {
+    if (Robot::Layout() == kDiagnosisDialog)
+        Robot::CloseWindow();
+    else if (Robot::Front())
+        QTimer::singleShot(1, qApp, CloseDiagnosisDialog);
+}
+
+void LookAtDiagnosis() {
+    // The failed run enables the button.
+    Tune(165);
+    const QWidget* button = Robot::Find(kDiagnosis);
+    if (!button || !button->isEnabled())
+        return;
+    QTimer::singleShot(1, qApp, CloseDiagnosisDialog);
+    Robot::Press(kDiagnosis);
+}
+
+void ApplyNamePlate() {
+    PressIfThere(160);
+    PressIfThere(kNext);
+    for (const quint16 reg : {quint16(9902), quint16(2002)})
+        if (Robot::Find(ValueId(reg)) && Robot::IsEnabled(ValueId(reg)))
+            Robot::Type(ValueId(reg), "300");
+    PressIfThere(kApply);
+    PressIfThere(kNext);
+}
+
+const Procedure kProcedures[] = {
+    {"Step3", [] { Tune(165); }, 3},
+    {"Step4", [] { Tune(166); }, 4},
+    {"Step7", [] { Tune(169); }, 7},
+    {"Apply", ApplyNamePlate, 1},
+    {"OpenAndClose", [] { PressIfThere(158); }, 0},
+    {"Diagnosis", LookAtDiagnosis, 0},
+};
+
+/// Says OK to every message box and remembers the texts.
+class BoxRecorder : public QObject {
+public:
+    BoxRecorder() { qApp->installEventFilter(this); }
+    QStringList texts;
+    bool confirmed = false; ///< the last confirmation was answered with OK
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (auto* box = qobject_cast<QMessageBox*>(watched); box && event->type() == QEvent::Show) {
+            texts.append(box->text());
+            confirmed = confirmed || box->standardButtons().testFlag(QMessageBox::Cancel);
+            QMetaObject::invokeMethod(
+                box, [box] { box->button(QMessageBox::Ok)->click(); }, Qt::QueuedConnection);
+        }
+        return false;
+    }
+};
+
+class MatrixDrive : public TuningDrive {
+public:
+    MatrixDrive() {
+        faultBufferError = 0;
+        faultRecord = QByteArray(74, 0);
+        faultRecord[0] = 10;
+    }
+    int calls = 0;
+    bool running = false;
+    bool startedUnconfirmed = false;
+    QString disturbedCall;
+};
+
+class FaultMatrix : public testing::TestWithParam<std::tuple<int, Disturbance>> {
+protected:
+    FaultMatrix() {
+        static const WizardFiles files("PAN\t1\tNothing\n");
+        m_wizardPath = files.WizardPath();
+        EnsureStepStates();
+    }
+
+    const Procedure& GetProcedure() const { return kProcedures[std::get<0>(GetParam())]; }
+    Disturbance GetDisturbance() const { return std::get<1>(GetParam()); }
+
+    /// Runs the procedure with the disturbance at call `n`; true when the run came to that call.
+    bool RunCase(int n);
+    void Watch(MatrixDrive& drive, BoxRecorder& boxes, int n);
+    void Disturb();
+    void CheckDrive(const MatrixDrive& drive, const std::string& name);
+    void CheckReport(const MatrixDrive& drive, const BoxRecorder& boxes, const std::string& name);
+    void CheckAgain(const std::string& name);
+    void PrepareDrive(MatrixDrive& drive) const;
+
+    QString m_wizardPath;
+};
+
+void FaultMatrix::PrepareDrive(MatrixDrive& drive) const {
+    drive.wizardPath = m_wizardPath;
+    if (GetProcedure().name == std::string("Diagnosis"))
+        drive.outcome = 7;
+}
+
+void FaultMatrix::Watch(MatrixDrive& drive, BoxRecorder& boxes, int n) {
+    const auto advance = drive.onCall;
+    drive.onCall = [&drive, &boxes, advance](const QString& call) {
+        if (call == "start motor") {
+            drive.startedUnconfirmed = drive.startedUnconfirmed || !boxes.confirmed;
+            boxes.confirmed = false;
+            drive.running = true;
+        } else if (call == "stop motor") {
+            drive.running = false;
+        }
+        advance(call);
+    };
+    drive.fails = [this, &drive, &boxes, n](const QString& call) {
+        ++drive.calls;
+        const bool here = drive.calls == n;
+        if (here)
+            drive.disturbedCall = call;
+        switch (GetDisturbance()) {
+        case Disturbance::FailsOnce:
+            return here;
+        case Disturbance::FailsFromThenOn:
+            return drive.calls >= n;
+        case Disturbance::Cancel:
+        case Disturbance::Close:
+            if (here)
+                QTimer::singleShot(0, &boxes, [this] { Disturb(); });
+            break;
+        }
+        return false;
+    };
+}
+
+/// A person cannot reach behind a message box.
+void FaultMatrix::Disturb() {
+    if (qobject_cast<QMessageBox*>(Robot::Front()))
+        return;
+    if (GetDisturbance() == Disturbance::Close)
+        Robot::CloseWindow();
+    else if (auto* cancel = qobject_cast<QPushButton*>(Robot::Find(kCancel)))
+        cancel->click();
+}
+
+bool FaultMatrix::RunCase(int n) {
+    const std::string name = "case " + std::to_string(n) + " of " + GetProcedure().name;
+    CSteppedClock clock;
+    const ClockScope clockScope(clock);
+    MatrixDrive drive;
+    PrepareDrive(drive);
+    BoxRecorder boxes;
+    Watch(drive, boxes, n);
+    RunWizardWith(drive, GetProcedure().act);
+    EXPECT_EQ(Robot::Front(), nullptr) << name << ": a window was left";
+    CheckDrive(drive, name);
+    CheckReport(drive, boxes, name);
+    if (HasFailure())
+        std::printf("    repeat with: KRT550_FAULT_CASE=%d, disturbed call: %s\n", n,
+                    drive.disturbedCall.toUtf8().constData());
+    return !drive.disturbedCall.isEmpty();
+}
+
+void FaultMatrix::CheckDrive(const MatrixDrive& drive, const std::string& name) {
+    EXPECT_FALSE(drive.startedUnconfirmed) << name << ": the motor was started without a confirmation";
+    // A dead link cannot be told to stop: the drive does that by itself.
+    if (GetDisturbance() == Disturbance::FailsFromThenOn)
+        return;
+    EXPECT_FALSE(drive.localControl) << name << ": local control was not given back";
+    EXPECT_FALSE(drive.running) << name << ": the motor was not stopped";
+}
+
+/// A single failed read or write is told once, in words that name the parameter.
+void FaultMatrix::CheckReport(const MatrixDrive& drive, const BoxRecorder& boxes, const std::string& name) {
+    const bool isAccess = drive.disturbedCall.startsWith("read ") || drive.disturbedCall.startsWith("write ");
+    if (GetDisturbance() != Disturbance::FailsOnce || !isAccess)
+        return;
+    int reports = 0;
+    for (const QString& text : boxes.texts)
+        reports += text.contains("simulated failure") || text.contains("did not answer");
+    EXPECT_EQ(reports, 1) << name << ": " << drive.disturbedCall.toStdString()
+                          << " failed; boxes: " << boxes.texts.join(" | ").toStdString();
+}
+
+void FaultMatrix::CheckAgain(const std::string& name) {
+    if (GetProcedure().step == 0)
+        return;
+    CSteppedClock clock;
+    const ClockScope clockScope(clock);
+    MatrixDrive drive;
+    PrepareDrive(drive);
+    BoxRecorder boxes;
+    SetStepState(GetProcedure().step, StepState::NotChosen);
+    RunWizardWith(drive, GetProcedure().act);
+    EXPECT_EQ(GetStepState(GetProcedure().step), StepState::Done) << name << ": the next run failed";
+}
+
+TEST_P(FaultMatrix, LeavesTheDriveSafe) {
+    const int only = qEnvironmentVariableIntValue("KRT550_FAULT_CASE");
+    int cases = 0;
+    for (int n = only > 0 ? only : 1; n < 2000; ++n) {
+        ++cases;
+        const bool met = RunCase(n);
+        CheckAgain("after case " + std::to_string(n));
+        if (!met || only > 0)
+            break;
+    }
+    RecordProperty("cases", cases);
+    std::printf("    %d cases\n", cases);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FaultMatrix,
+                         testing::Combine(testing::Range(0, int(std::size(kProcedures))),
+                                          testing::Values(Disturbance::FailsOnce, Disturbance::FailsFromThenOn,
+                                                          Disturbance::Cancel, Disturbance::Close)),
+                         [](const auto& matrix) {
+                             return std::string(kProcedures[std::get<0>(matrix.param)].name) +
+                                    NameOf(std::get<1>(matrix.param));
+                         });
+
+} // namespace
+} // namespace krt550
