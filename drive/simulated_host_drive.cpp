@@ -35,8 +35,9 @@ QByteArray DisturbedRecord(QByteArray record, const CFaultModes& modes) {
 
 } // namespace
 
-CSimulatedHostDrive::CSimulatedHostDrive(std::vector<ParameterDescription> descriptions, QString wizardFile)
-    : m_drive(std::move(descriptions)), m_info(std::move(wizardFile)) {
+CSimulatedHostDrive::CSimulatedHostDrive(std::vector<ParameterDescription> descriptions, QString wizardFile,
+                                         const MotorSet* motor)
+    : m_drive(std::move(descriptions), motor), m_info(std::move(wizardFile)) {
     FetchStatus();
 }
 
@@ -78,7 +79,7 @@ bool CSimulatedHostDrive::SetReference(const QString& reference) {
 
 bool CSimulatedHostDrive::RefreshState() {
     return Command([this] {
-        m_drive.Advance();
+        m_drive.Poll();
         return true;
     });
 }

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace krt550 {
+
+class CRegisterFile;
+struct DriveSettings;
+struct MotorState;
+
+/// Levels at which the drive trips.
+struct TripLevels {
+    double current = 0;     ///< [A]
+    double voltage = 0;     ///< [V]
+    double mains = 0;       ///< least [V]
+    double field = 0;       ///< least, relative
+    double fieldDelay = 0;  ///< field may be below that for [s]
+    double fieldMask = 0;   ///< and at first, while it builds up, for [s]
+    double speed = 0;       ///< [rad/s]
+    bool thermal = false;   ///< the thermal model trips
+    double thermalTime = 0; ///< [s]
+    double thermalRise = 0; ///< relative to that of rated current
+};
+
+TripLevels ReadTripLevels(const CRegisterFile& registers, const DriveSettings& settings);
+
+/// What the supervision has to know beside the motor's state.
+struct Surroundings {
+    double mains = 0;          ///< [V]
+    bool driving = false;      ///< the converter drives the motor
+    bool fieldNeeded = false;  ///< the field is meant to be there
+    double fieldReference = 1; ///< relative; a field weakened on purpose is not lost
+};
+
+/// Supervision of converter and motor. Each step tells the code of a new trip, 0 for none.
+class CProtection {
+public:
+    quint16 Step(double seconds, const MotorState& state, const Surroundings& around, const DriveSettings& settings,
+                 const TripLevels& levels);
+    /// Temperature rise by the square of the current, relative to that of rated current.
+    double GetTemperatureRise() const { return m_rise; }
+    /// The motor cools without current.
+    void Rest(double seconds, const TripLevels& levels);
+
+private:
+    bool IsFieldLost(double seconds, const MotorState& state, const Surroundings& around, const DriveSettings& settings,
+                     const TripLevels& levels);
+
+    double m_rise = 0;
+    double m_fieldMissing = 0; ///< [s]
+    bool m_fieldWasThere = false;
+};
+
+} // namespace krt550
