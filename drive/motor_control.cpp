@@ -22,9 +22,7 @@ void CMotorControl::Step(const MotorCommand& command, const DriveSettings& setti
         m_pulseAngle = std::numbers::pi / 3 + command.firingAngle;
         if (!keepsCurrent) {
             m_slope = 0;
-            m_expected.Preset(0);
-            m_currentController.Preset(settings.emfForward ? 0 : m_bridge * m_motor.GetEmf());
-            m_firing.Preset(0);
+            StartBridge(settings);
         }
     }
     switch (m_mode) {
@@ -91,14 +89,23 @@ bool CMotorControl::HandsOver(double reference, const DriveSettings& settings) {
         m_pause -= kStep;
         return m_pause > 0;
     }
+    // A current with gaps ends by itself when no valve is fired any more.
+    const bool ends = !m_state.continuous || std::abs(m_motor.GetArmatureCurrent()) <= settings.zeroCurrent;
     const bool wrong = reference * m_bridge < 0 && std::abs(reference) > settings.zeroCurrent / 2;
-    if (!wrong || std::abs(m_motor.GetArmatureCurrent()) > settings.zeroCurrent)
+    if (!wrong || !ends)
         return false;
     m_bridge = -m_bridge;
     m_pause = settings.reversalDelay;
+    StartBridge(settings);
+    return m_pause > 0;
+}
+
+/// A bridge begins at its largest firing angle, where no EMF can drive a current against it.
+void CMotorControl::StartBridge(const DriveSettings& settings) {
     m_currentController.Preset(settings.emfForward ? 0 : m_bridge * m_motor.GetEmf());
     m_expected.Preset(0);
-    return m_pause > 0;
+    m_cosine = settings.cosineLow;
+    m_firing.Preset(m_cosine);
 }
 
 /// Modulus optimum on the armature circuit. Where the current has gaps, the firing angle is taken from the converter's

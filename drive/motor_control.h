@@ -79,6 +79,7 @@ private:
     double StepField(const MotorCommand& command, const DriveSettings& settings);
     void StepCurrent(double reference, double fieldVoltage, const DriveSettings& settings);
     double ReferenceFor(const MotorCommand& command, const DriveSettings& settings);
+    void StartBridge(const DriveSettings& settings);
     bool HandsOver(double reference, const DriveSettings& settings);
     void StepPulse(double firingAngle, double fieldVoltage);
     void StepOpen(double fieldVoltage);

@@ -3,6 +3,7 @@
 #include "drive/service_runs.h"
 #include "drive/six_pulse_converter.h"
 #include "drive/test_bench.h"
+#include "drive/tuning_rules.h"
 
 #include <algorithm>
 #include <cmath>
@@ -150,9 +151,9 @@ CServiceRun RunArmature(CTestBench& bench) {
     bench.command.armature = ArmatureMode::Blocked;
     co_yield 0.2;
 
-    // Modulus optimum: Ti = La/Ra, Kp = La/(2*Ts).
-    bench.SetResult(reg::kCurrentGain, inductance / (2 * kConverterLag) / settings.CurrentGainUnit());
-    bench.SetResult(reg::kCurrentTime, inductance / resistance * 1000);
+    const PiSetting current = ModulusOptimum(inductance, resistance, kConverterLag);
+    bench.SetResult(reg::kCurrentGain, current.gain / settings.CurrentGainUnit());
+    bench.SetResult(reg::kCurrentTime, current.time * 1000);
     bench.SetResult(reg::kDiscontinuousLine, line / rated * 100);
     bench.SetResult(reg::kArmatureInductance, inductance * 1000);
     bench.SetResult(reg::kArmatureResistance, resistance * 1000);

@@ -2,6 +2,7 @@
 #include "drive/registers.h"
 #include "drive/service_runs.h"
 #include "drive/test_bench.h"
+#include "drive/tuning_rules.h"
 
 #include <algorithm>
 #include <cmath>
@@ -72,11 +73,11 @@ CServiceRun RunField(CTestBench& bench) {
     if (!(time > 0))
         co_return diagnosis::kFieldDoesNotFollow;
 
-    // Modulus optimum on the field circuit with the exciter's lag: Ti = Tf, Kp = Lf/(2*Ts).
     bench.command.field = FieldMode::Off;
     co_yield 0.5;
-    bench.SetResult(reg::kFieldGain, std::min(600.0, time * resistance / (2 * kExciterLag) / settings.FieldGainUnit()));
-    bench.SetResult(reg::kFieldTime, std::max(1.0, time * 1000));
+    const PiSetting field = ModulusOptimum(time * resistance, resistance, kExciterLag);
+    bench.SetResult(reg::kFieldGain, std::min(600.0, field.gain / settings.FieldGainUnit()));
+    bench.SetResult(reg::kFieldTime, std::max(1.0, field.time * 1000));
     co_return diagnosis::kNone;
 }
 

@@ -2,7 +2,7 @@
 #include "drive/registers.h"
 #include "drive/service_runs.h"
 #include "drive/service_turning.h"
-#include "drive/six_pulse_converter.h"
+#include "drive/tuning_rules.h"
 
 #include <algorithm>
 #include <array>
@@ -128,11 +128,10 @@ CServiceRun RunSpeed(CTestBench& bench) {
     bench.RampSpeed(0, kSlowEnd * base / 2);
     co_yield 2.5;
 
-    // Symmetrical optimum with a = 2 on all small lags: Kp = J/(2*T), Ti = 4*T.
-    const double lags = settings.SmallLags();
+    const PiSetting speed = SymmetricalOptimum(inertia, settings.SmallLags());
     const double unit = flux * rated / base; // [N*m*s]
-    bench.SetResult(reg::kSpeedGain, std::min(650.0, inertia / (2 * lags) / unit));
-    bench.SetResult(reg::kSpeedTime, 4 * lags * 1000);
+    bench.SetResult(reg::kSpeedGain, std::min(650.0, speed.gain / unit));
+    bench.SetResult(reg::kSpeedTime, speed.time * 1000);
     bench.SetResult(reg::kInertia, inertia);
     co_return diagnosis::kNone;
 }
