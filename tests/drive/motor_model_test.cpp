@@ -41,7 +41,7 @@ TEST(SixPulseConverter, MeanVoltageMeetsBothRegionsAtTheLimit) {
         CSixPulseConverter converter;
         converter.SetSupply(c.lines, 50);
         EXPECT_NEAR(converter.GetIdealVoltage(), 1.3505 * c.lines, 0.001 * c.lines);
-        EXPECT_NEAR(converter.DiscontinuousLimit(0, c.inductance), c.limit, 0.05) << c.lines;
+        EXPECT_NEAR(converter.DiscontinuousLimit(0, c.inductance), c.limit, 0.015 * c.limit) << c.lines;
         for (const double alpha : {20.0, 60.0, 90.0, 120.0, 140.0}) {
             const double cosine = std::cos(alpha * kDegree);
             const double limit = converter.DiscontinuousLimit(cosine, c.inductance);

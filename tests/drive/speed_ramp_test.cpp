@@ -36,6 +36,5 @@ TEST(SpeedRamp, RampTimeOfZeroIsAtOnce) {
     EXPECT_EQ(RampSlope(-1500, 10), 150);
 }
 
-
 } // namespace
 } // namespace krt550
