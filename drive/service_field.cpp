@@ -61,7 +61,7 @@ CServiceRun RunField(CTestBench& bench) {
     if (last.fieldCurrent < kLeastCurrent * rated)
         co_return diagnosis::kFieldNotReached;
 
-    bench.Phase(90, 1);
+    bench.Phase(99, 1);
     bench.StartMean();
     co_yield 0.5;
     const Measurement steady = bench.Mean();

@@ -5,6 +5,7 @@
 #include "drive/fault_capture.h"
 #include "drive/fault_codes.h"
 #include "drive/registers.h"
+#include "drive/true_values.h"
 #include "hostlib/tolvbo32/clock.h"
 
 #include <algorithm>
@@ -259,6 +260,10 @@ void CSimulatedDrive::Acknowledge() {
 
 double CSimulatedDrive::GetSpeed() const {
     return m_control.GetMotor().GetSpeed() * kRpm;
+}
+
+std::optional<double> CSimulatedDrive::GetTrueValue(quint16 reg) const {
+    return TrueValue(reg, m_control.GetMotor().GetData(), m_settings.ratedFieldCurrent);
 }
 
 double CSimulatedDrive::BaseSpeed() const {

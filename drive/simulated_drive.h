@@ -42,6 +42,8 @@ public:
     double GetSpeed() const; ///< [rpm]
     /// The motor as it is: its true constants, its load, its shaft, for those who look behind the drive.
     CDcMotor& GetMotor() { return m_control.GetMotor(); }
+    /// What the motor as it is would have in a register that tells about it; see TrueValue.
+    std::optional<double> GetTrueValue(quint16 reg) const;
     /// What flows and turns.
     const MotorState& GetMotorState() const { return m_control.GetState(); }
     /// Speed reference in use, before the ramp and within the speed limits [rpm].

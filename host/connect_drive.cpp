@@ -1,5 +1,6 @@
 #include "host/connect_drive.h"
 
+#include "drive/motor_sets.h"
 #include "host/drive_name.h"
 #include "host/simulated_connection.h"
 
@@ -8,8 +9,8 @@ namespace {
 
 /// The first thing in the name that the simulated drive does not know; empty when there is none.
 QString UnknownTo(const DriveName& name) {
-    if (!name.motor.isEmpty())
-        return QStringLiteral("motor \"%1\"").arg(name.motor);
+    if (!name.motor.isEmpty() && !FindMotorSet(name.motor))
+        return QStringLiteral("motor \"%1\"; its motors are: %2").arg(name.motor, MotorSetNames());
     return name.options.isEmpty() ? QString() : QStringLiteral("option \"%1\"").arg(name.options.first().first);
 }
 
@@ -29,8 +30,9 @@ std::unique_ptr<CConnection> ConnectDrive(const QString& text, std::vector<Param
         return nullptr;
     }
     // The information names a file in the wizard directory, as a host does that knows where its module lies.
-    auto connection = std::make_unique<CSimulatedConnection>(std::move(parameters),
-                                                             wizardDirectory + QLatin1String("/KRT550Wizard.so"));
+    auto connection = std::make_unique<CSimulatedConnection>(
+        std::move(parameters), wizardDirectory + QLatin1String("/KRT550Wizard.so"),
+        name->motor.isEmpty() ? DefaultMotorSet() : *FindMotorSet(name->motor));
     for (const QString& fault : name->faults) {
         error = connection->SwitchFault(fault);
         if (!error.isEmpty()) {
