@@ -33,13 +33,13 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
     const double power = state.armatureVoltage * state.armatureCurrent;
     const double field = state.fieldCurrent / settings.ratedFieldCurrent;
     const double reference = state.currentReference / settings.ratedCurrent * 100;
-    const double speedError = state.bridge ? state.speedReference - state.speed : 0;
+    const double speedError = state.bridge ? state.speedReference - state.signals.used : 0;
     const std::pair<quint16, double> numbers[] = {
         {reg::kSpeedFiltered, values.filteredSpeed * kRpm},
         {reg::kSpeedEmf, SpeedByEmf(state, values, settings) * kRpm},
-        {reg::kSpeedEncoder, state.speed * kRpm},
-        {reg::kSpeed, state.speed * kRpm},
-        {reg::kSpeedTacho, state.speed * kRpm},
+        {reg::kSpeedEncoder, state.signals.encoder * kRpm},
+        {reg::kSpeed, state.signals.used * kRpm},
+        {reg::kSpeedTacho, state.signals.tacho * kRpm},
         {reg::kCurrentRelative, current},
         {reg::kTorqueFiltered, torque},
         {reg::kTorqueRelative, torque},

@@ -102,6 +102,12 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     s.leastField = share(reg::kLeastField, 50);
     ReadFluxCurve(registers, s);
 
+    const int source = static_cast<int>(number(reg::kSpeedSource, 0));
+    s.speedSource = source == 1 || source == 2 ? static_cast<SpeedSource>(source) : SpeedSource::Emf;
+    s.encoderPulses = above(reg::kEncoderPulses, 1024);
+    s.tachoVoltage = above(reg::kTachoVoltage, 60);
+    s.tachoAdjust = share(reg::kTachoAdjust, 100);
+
     s.speed = {number(reg::kSpeedGain, 10), time(reg::kSpeedTime, 200)};
     if (number(reg::kSpeedControllerType, 0) != 0)
         s.speed.time = 0;

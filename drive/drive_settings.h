@@ -2,6 +2,7 @@
 
 #include "drive/monotone_curve.h"
 #include "drive/pi_controller.h"
+#include "drive/speed_feedback.h"
 
 namespace krt550 {
 
@@ -47,6 +48,11 @@ struct DriveSettings {
     CMonotoneCurve fieldOfFlux; ///< relative field current over relative flux
     CMonotoneCurve fluxOfField; ///< its inverse
     double leastField = 0;      ///< below this the field counts as lost, relative
+
+    SpeedSource speedSource = SpeedSource::Emf;
+    double encoderPulses = 0; ///< a turn
+    double tachoVoltage = 0;  ///< [V] at 1000 rpm
+    double tachoAdjust = 1;   ///< factor on the tacho's signal
 
     PiSetting speed;            ///< relative
     double feedbackFilter = 0;  ///< [s]

@@ -19,6 +19,7 @@ inline constexpr quint16 kFaultMains = 103;
 inline constexpr quint16 kFaultFieldLoss = 104;
 inline constexpr quint16 kFaultOverspeed = 105;
 inline constexpr quint16 kFaultOvertemperature = 106;
+inline constexpr quint16 kFaultFeedback = 107;
 inline constexpr quint16 kFaultMainContactor = 108;
 inline constexpr quint16 kFaultConnection = 109;
 inline constexpr quint16 kFaultExternal = 110;
@@ -30,7 +31,7 @@ inline constexpr std::array<FaultCode, 10> kFaultCodes = {{
     {kFaultFieldLoss, "field current lost"},
     {kFaultOverspeed, "motor overspeed"},
     {kFaultOvertemperature, "motor overtemperature"},
-    {107, "speed feedback lost"},
+    {kFaultFeedback, "speed feedback lost"},
     {kFaultMainContactor, "main contactor does not follow its command"},
     {kFaultConnection, "connection lost in local control"},
     {kFaultExternal, "external trip"},

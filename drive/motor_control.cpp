@@ -17,7 +17,7 @@ void CMotorControl::Step(const MotorCommand& command, const DriveSettings& setti
     if (starts) {
         const bool keepsCurrent = m_mode == ArmatureMode::Current && command.armature == ArmatureMode::Speed;
         m_mode = command.armature;
-        m_speedControl.Start(m_motor.GetSpeed());
+        m_speedControl.Start(m_state.signals.used);
         m_pulseOver = false;
         m_pulseAngle = std::numbers::pi / 3 + command.firingAngle;
         if (!keepsCurrent) {
@@ -37,7 +37,7 @@ void CMotorControl::Step(const MotorCommand& command, const DriveSettings& setti
         StepCurrent(ReferenceFor(command, settings), fieldVoltage, settings);
         break;
     }
-    Observe();
+    Observe(command.guide, settings);
 }
 
 double CMotorControl::StepField(const MotorCommand& command, const DriveSettings& settings) {
@@ -72,7 +72,7 @@ double CMotorControl::ReferenceFor(const MotorCommand& command, const DriveSetti
         const double flux = std::max(kLeastFlux, settings.fluxOfField(field));
         const double rated = settings.ratedCurrent / flux;
         m_state.torqueReference =
-            m_speedControl.Step(kStep, command.speed, m_motor.GetSpeed(), settings.currentHigh / rated,
+            m_speedControl.Step(kStep, command.speed, m_state.signals.used, settings.currentHigh / rated,
                                 settings.currentLow / rated, settings);
         m_state.speedReference = m_speedControl.GetReferenceUsed();
         wanted = std::copysign(m_state.torqueReference * rated, m_state.torqueReference * m_motor.GetFieldCurrent());
@@ -169,10 +169,13 @@ void CMotorControl::Feed(ArmatureSupply supply, double fieldVoltage) {
     m_state.fieldVoltage = fieldVoltage;
 }
 
-void CMotorControl::Observe() {
+void CMotorControl::Observe(SpeedGuide guide, const DriveSettings& settings) {
     m_state.armatureCurrent = m_motor.GetArmatureCurrent();
     m_state.fieldCurrent = m_motor.GetFieldCurrent();
     m_state.speed = m_motor.GetSpeed();
+    m_state.signals = MeasureSpeed(m_state.speed, m_feedback, settings);
+    if (guide == SpeedGuide::Emf)
+        m_state.signals.used = m_state.speed;
     m_state.emf = m_motor.GetEmf();
     m_state.torque = m_motor.GetTorque();
 }
@@ -183,7 +186,7 @@ void CMotorControl::Rest(double seconds) {
     m_fieldController.Preset(0);
     m_state = {};
     m_mode = ArmatureMode::Blocked;
-    Observe();
+    m_state.fieldCurrent = m_motor.GetFieldCurrent();
 }
 
 } // namespace krt550

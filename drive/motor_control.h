@@ -24,11 +24,18 @@ enum class FieldMode {
     Regulated ///< full field, or what the EMF controller wants
 };
 
+/// Which speed the speed controller goes by.
+enum class SpeedGuide {
+    Chosen, ///< the chosen feedback's
+    Emf     ///< the EMF's, whatever is chosen
+};
+
 /// What converter and exciter are told for a step.
 struct MotorCommand {
     ArmatureMode armature = ArmatureMode::Blocked;
     double current = 0;     ///< [A]
     double speed = 0;       ///< [rad/s]
+    SpeedGuide guide = SpeedGuide::Chosen;
     double firingAngle = 0; ///< of a pulse [rad]
     FieldMode field = FieldMode::Off;
     double fieldVoltage = 0; ///< [V]
@@ -41,7 +48,8 @@ struct MotorState {
     double armatureCurrent = 0;  ///< [A]
     double fieldVoltage = 0;     ///< [V]
     double fieldCurrent = 0;     ///< [A]
-    double speed = 0;            ///< [rad/s]
+    double speed = 0;            ///< of the shaft [rad/s]
+    SpeedSignals signals;        ///< what the speed inputs make of it [rad/s]
     double emf = 0;              ///< [V]
     double torque = 0;           ///< [N*m]
     double currentReference = 0; ///< [A]
@@ -67,6 +75,9 @@ public:
     const MotorState& GetState() const { return m_state; }
     const CSixPulseConverter& GetConverter() const { return m_converter; }
 
+    /// What is mounted at the shaft end.
+    FeedbackEquipment& GetFeedback() { return m_feedback; }
+
     /// Supply of the armature converter, line to line [V], 50 Hz.
     void SetMains(double voltage) { m_converter.SetSupply(voltage, 50); }
     void Step(const MotorCommand& command, const DriveSettings& settings);
@@ -84,9 +95,10 @@ private:
     void StepPulse(double firingAngle, double fieldVoltage);
     void StepOpen(double fieldVoltage);
     void Feed(ArmatureSupply supply, double fieldVoltage);
-    void Observe();
+    void Observe(SpeedGuide guide, const DriveSettings& settings);
 
     CDcMotor m_motor;
+    FeedbackEquipment m_feedback;
     CSixPulseConverter m_converter;
     MotorState m_state;
     ArmatureMode m_mode = ArmatureMode::Blocked;

@@ -25,6 +25,9 @@ TripLevels ReadTripLevels(const CRegisterFile& registers, const DriveSettings& s
     levels.fieldMask = number(reg::kFieldMaskTime, 2000) / 1000;
     const double speed = registers.GetNumber(reg::kOverspeed, 0) * std::numbers::pi / 30;
     levels.speed = speed > 0 ? speed : 2 * settings.baseSpeed;
+    const bool supervised = registers.GetWord(reg::kFeedbackReaction) != 0;
+    levels.feedback = number(reg::kFeedbackLevel, 15) * std::numbers::pi / 30;
+    levels.feedbackEmf = supervised ? number(reg::kFeedbackEmf, 50) : 0;
     levels.thermal = registers.GetWord(reg::kThermalModel) != 0;
     levels.thermalTime = number(reg::kThermalTime, 240);
     levels.thermalRise = number(reg::kThermalTripLevel, 106) / 100;
@@ -38,10 +41,15 @@ quint16 CProtection::Step(double seconds, const MotorState& state, const Surroun
     rise.Preset(m_rise);
     m_rise = rise.Step(load * load, seconds, levels.thermalTime);
     const bool fieldLost = IsFieldLost(seconds, state, around, settings, levels);
+    constexpr double kFeedbackDelay = 0.05;
+    const bool silent = around.feedbackUsed && levels.feedbackEmf > 0 && std::abs(state.emf) > levels.feedbackEmf &&
+                        std::abs(state.signals.used) < levels.feedback;
+    m_feedbackMissing = silent ? m_feedbackMissing + seconds : 0;
     const struct {
         bool now;
         quint16 code;
     } trips[] = {
+        {m_feedbackMissing > kFeedbackDelay, kFaultFeedback},
         {std::abs(state.armatureCurrent) > levels.current, kFaultOvercurrent},
         {around.driving && std::abs(state.armatureVoltage) > levels.voltage, kFaultOvervoltage},
         {around.driving && around.mains < levels.mains, kFaultMains},

@@ -17,6 +17,8 @@ struct TripLevels {
     double fieldDelay = 0;  ///< field may be below that for [s]
     double fieldMask = 0;   ///< and at first, while it builds up, for [s]
     double speed = 0;       ///< [rad/s]
+    double feedback = 0;    ///< a speed below this [rad/s]
+    double feedbackEmf = 0; ///< while the EMF is above this [V] is no feedback; 0: not supervised
     bool thermal = false;   ///< the thermal model trips
     double thermalTime = 0; ///< [s]
     double thermalRise = 0; ///< relative to that of rated current
@@ -29,6 +31,7 @@ struct Surroundings {
     double mains = 0;          ///< [V]
     bool driving = false;      ///< the converter drives the motor
     bool fieldNeeded = false;  ///< the field is meant to be there
+    bool feedbackUsed = false; ///< the speed controller goes by an encoder or a tacho
     double fieldReference = 1; ///< relative; a field weakened on purpose is not lost
 };
 
@@ -47,6 +50,7 @@ private:
                      const TripLevels& levels);
 
     double m_rise = 0;
+    double m_feedbackMissing = 0; ///< [s]
     double m_fieldMissing = 0; ///< [s]
     bool m_fieldWasThere = false;
 };

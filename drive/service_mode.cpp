@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <numbers>
 
 namespace krt550 {
@@ -15,12 +16,23 @@ namespace {
 constexpr double kPatience = 30;   ///< from arming to the start [s]
 constexpr double kLongestRun = 90; ///< [s]
 
+constexpr quint16 kTachoTuning = 14;
+
 struct Mode {
     quint16 number;
     CServiceRun (*run)(CTestBench& bench);
+    double longest;   ///< [s]
+    int endsAt;       ///< progress when the run ends without success: who waits for it must see that it is over
 };
 
-constexpr Mode kModes[] = {{1, RunArmature}, {2, RunField}, {3, RunWeakening}, {4, RunSpeed}};
+constexpr int kStaysWhereItIs = -1;
+constexpr double kNoEnd = std::numeric_limits<double>::infinity();
+
+constexpr Mode kModes[] = {
+    {1, RunArmature, kLongestRun, kStaysWhereItIs}, {2, RunField, kLongestRun, kStaysWhereItIs},
+    {3, RunWeakening, kLongestRun, kStaysWhereItIs}, {4, RunSpeed, kLongestRun, kStaysWhereItIs},
+    {5, RunFeedbackTest, kLongestRun, 100},          {kTachoTuning, RunTachoTuning, kNoEnd, 101},
+};
 
 const Mode* FindMode(quint16 number) {
     const auto* const found = std::ranges::find(kModes, number, &Mode::number);
@@ -59,6 +71,7 @@ void CServiceMode::Supervise(double seconds, const ServiceView& view, const Driv
     if (IsIdle())
         return;
     const bool running = IsRunning();
+    const bool mayBeStopped = running && (m_bench->HasPublished() || m_mode == kTachoTuning);
     m_waiting += seconds;
     const struct {
         bool now;
@@ -69,8 +82,9 @@ void CServiceMode::Supervise(double seconds, const ServiceView& view, const Driv
         {view.fault == kFaultMains, diagnosis::kMains},
         {view.fault != 0, diagnosis::kTripped},
         {running ? view.place != m_place : view.place == ControlPlace::Other, diagnosis::kOtherPlace},
-        {running && !(view.started && view.driving), diagnosis::kStartWithdrawn},
-        {m_waiting > (running ? kLongestRun : kPatience), diagnosis::kTooLong},
+        {running && !(view.started && view.driving),
+         mayBeStopped ? diagnosis::kNone : diagnosis::kStartWithdrawn},
+        {m_waiting > (running ? FindMode(m_mode)->longest : kPatience), diagnosis::kTooLong},
     };
     for (const auto& end : ends) {
         if (end.now) {
@@ -81,6 +95,8 @@ void CServiceMode::Supervise(double seconds, const ServiceView& view, const Driv
     if (!running && view.driving)
         Begin(view, settings, converter, registers);
     if (IsRunning()) {
+        if (m_bench->TakePublish())
+            WriteResults(registers);
         m_progress = std::max(m_progress, std::min(99, m_bench->GetProgress()));
         registers.SetNumber(reg::kProgress, m_progress);
     }
@@ -119,12 +135,28 @@ void CServiceMode::Step(double seconds, const MotorState& state, bool pulseOver)
         m_bench->command.armature = ArmatureMode::Blocked;
 }
 
+bool CServiceMode::TakeHandTacho(double rpm, double& tacho) {
+    if (!IsRunning() || m_mode != kTachoTuning)
+        return true;
+    constexpr double kRpm = 30 / std::numbers::pi;
+    tacho = m_bench->Now().tachoSpeed * kRpm;
+    if (!IsHandTachoPlausible(rpm, tacho))
+        return false;
+    m_bench->SetHandTacho(rpm / kRpm);
+    return true;
+}
+
+void CServiceMode::WriteResults(CRegisterFile& registers) {
+    for (const auto& [reg, number] : m_bench->GetResults())
+        registers.SetNumber(reg, number);
+}
+
 void CServiceMode::End(quint16 code, CRegisterFile& registers) {
-    if (code == diagnosis::kNone) {
-        for (const auto& [reg, number] : m_bench->GetResults())
-            registers.SetNumber(reg, number);
-        registers.SetNumber(reg::kProgress, 100);
-    }
+    const int endsAt = FindMode(m_mode)->endsAt;
+    if (code == diagnosis::kNone)
+        WriteResults(registers);
+    if (code == diagnosis::kNone || endsAt != kStaysWhereItIs)
+        registers.SetNumber(reg::kProgress, std::max(100, endsAt));
     m_ended = IsRunning();
     m_run = {};
     m_bench.reset();

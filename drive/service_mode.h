@@ -28,6 +28,8 @@ class CServiceMode {
 public:
     /// 99.06 has been written.
     void Write(quint16 mode, const ServiceView& view, CRegisterFile& registers);
+    /// Somebody has read the speed `rpm` off a hand-held tacho. False when it cannot be: the tacho shows `tacho`.
+    bool TakeHandTacho(double rpm, double& tacho);
     /// Looks for what begins or ends a run and lets `seconds` of waiting pass.
     void Supervise(double seconds, const ServiceView& view, const DriveSettings& settings,
                    const CSixPulseConverter& converter, CRegisterFile& registers);
@@ -47,6 +49,7 @@ private:
     void Begin(const ServiceView& view, const DriveSettings& settings, const CSixPulseConverter& converter,
                CRegisterFile& registers);
     void End(quint16 code, CRegisterFile& registers);
+    void WriteResults(CRegisterFile& registers);
 
     quint16 m_mode = 0;
     double m_waiting = 0; ///< since it was armed [s]

@@ -39,6 +39,14 @@ inline constexpr quint16 kSpeedNotReached = 61;
 inline constexpr quint16 kSpeedLimits = 62;
 inline constexpr quint16 kLoadNotSteady = 63;
 inline constexpr quint16 kWrongDirection = 64;
+inline constexpr quint16 kEncoderReversed = 70;
+inline constexpr quint16 kEncoderMissing = 71;
+inline constexpr quint16 kEncoderPulses = 72;
+inline constexpr quint16 kTachoReversed = 73;
+inline constexpr quint16 kTachoMissing = 74;
+inline constexpr quint16 kTachoScaling = 75;
+inline constexpr quint16 kTachoVoltage = 76;
+inline constexpr quint16 kNoFeedback = 77;
 } // namespace diagnosis
 
 /// A coroutine that lives in the drive's time: `co_yield seconds` lets that time pass (0: one step), `co_return` ends

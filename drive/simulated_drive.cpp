@@ -128,10 +128,19 @@ void CSimulatedDrive::CheckTrips(const MotorCommand& command) {
     around.mains = m_mains;
     around.driving = m_logic.IsDriving();
     around.fieldNeeded = command.field == FieldMode::Regulated || command.field == FieldMode::Current;
+    around.feedbackUsed = command.armature == ArmatureMode::Speed && command.guide == SpeedGuide::Chosen &&
+                          m_settings.speedSource != SpeedSource::Emf;
     around.fieldReference = m_control.GetState().fieldReference;
     const quint16 code = m_protection.Step(CMotorControl::kStep, m_control.GetState(), around, m_settings, m_levels);
-    if (code)
+    constexpr quint16 kChangeToEmf = 2;
+    const bool weakened = m_control.GetState().fieldReference < 0.98;
+    const quint16 reaction = m_registers.GetWord(reg::kFeedbackReaction);
+    if (code == kFaultFeedback && (reaction > kChangeToEmf || (reaction == kChangeToEmf && !weakened))) {
+        m_registers.SetWord(reg::kSpeedSource, 0);
+        m_settings.speedSource = SpeedSource::Emf;
+    } else if (code) {
         Trip(code);
+    }
 }
 
 ServiceView CSimulatedDrive::GetServiceView() const {

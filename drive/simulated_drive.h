@@ -42,6 +42,8 @@ public:
     double GetSpeed() const; ///< [rpm]
     /// The motor as it is: its true constants, its load, its shaft, for those who look behind the drive.
     CDcMotor& GetMotor() { return m_control.GetMotor(); }
+    /// What is mounted at its shaft end.
+    FeedbackEquipment& GetFeedback() { return m_control.GetFeedback(); }
     /// What the motor as it is would have in a register that tells about it; see TrueValue.
     std::optional<double> GetTrueValue(quint16 reg) const;
     /// What flows and turns.
@@ -106,6 +108,7 @@ private:
     void SuperviseContactor();
     void ShowState();
     void Acknowledge();
+    bool TakeHandTacho(quint16 word);
     bool Refuse(const QString& error);
     bool RefuseWithoutLocalControl();
     QString WhyNotOn() const;

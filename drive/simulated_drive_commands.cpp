@@ -4,6 +4,7 @@
 #include "drive/registers.h"
 #include "drive/simulated_drive.h"
 #include "hostlib/tolvbo32/dtoa.h"
+#include "hostlib/tolvbo32/value_codec.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,12 +26,23 @@ bool CSimulatedDrive::ReadRegister(quint16 reg, quint16& word) {
 bool CSimulatedDrive::WriteRegister(quint16 reg, quint16 word) {
     Poll();
     ++m_counters.writes[reg];
+    if (reg == reg::kHandTacho && !TakeHandTacho(word))
+        return false;
     if (!m_registers.WriteFromLink(reg, word, m_error))
         return false;
     if (reg == reg::kServiceMode)
         m_service.Write(word, GetServiceView(), m_registers);
     Settle();
     return true;
+}
+
+bool CSimulatedDrive::TakeHandTacho(quint16 word) {
+    const ParameterDescription* parameter = m_registers.FindDescription(reg::kHandTacho);
+    double tacho = 0;
+    const double shown = parameter ? ShownNumber(*parameter, word) : 0;
+    return m_service.TakeHandTacho(shown, tacho) ||
+           Refuse(QStringLiteral("%1 rpm cannot be the motor's speed while the drive's own tacho shows %2 rpm.")
+                      .arg(dtoa(shown, 0), dtoa(tacho, 0)));
 }
 
 QByteArray CSimulatedDrive::ReadFaultRecord() {

@@ -27,16 +27,24 @@ double CTestBench::Noisy(double value, double range) {
 
 bool CTestBench::Observe(double seconds, const MotorState& state, bool pulseOver) {
     m_time += seconds;
-    m_now.armatureVoltage = Noisy(state.armatureVoltage, kNoise * m_settings.ratedVoltage);
-    m_now.armatureCurrent = Noisy(state.armatureCurrent, kNoise * m_settings.ratedCurrent);
-    m_now.fieldVoltage = Noisy(state.fieldVoltage, kNoise * m_settings.ratedFieldVoltage);
-    m_now.fieldCurrent = Noisy(state.fieldCurrent, kNoise * m_settings.ratedFieldCurrent);
-    m_now.speed = Noisy(state.speed, kSpeedNoise * m_settings.baseSpeed);
-    m_sum.armatureVoltage += m_now.armatureVoltage;
-    m_sum.armatureCurrent += m_now.armatureCurrent;
-    m_sum.fieldVoltage += m_now.fieldVoltage;
-    m_sum.fieldCurrent += m_now.fieldCurrent;
-    m_sum.speed += m_now.speed;
+    const struct {
+        double Measurement::*value;
+        double actual;
+        double noise;
+    } inputs[] = {
+        {&Measurement::armatureVoltage, state.armatureVoltage, kNoise * m_settings.ratedVoltage},
+        {&Measurement::armatureCurrent, state.armatureCurrent, kNoise * m_settings.ratedCurrent},
+        {&Measurement::fieldVoltage, state.fieldVoltage, kNoise * m_settings.ratedFieldVoltage},
+        {&Measurement::fieldCurrent, state.fieldCurrent, kNoise * m_settings.ratedFieldCurrent},
+        {&Measurement::speed, state.signals.used, kSpeedNoise * m_settings.baseSpeed},
+        {&Measurement::emfSpeed, state.speed, kSpeedNoise * m_settings.baseSpeed},
+        {&Measurement::encoderSpeed, state.signals.encoder, kSpeedNoise * m_settings.baseSpeed},
+        {&Measurement::tachoSpeed, state.signals.tacho, kSpeedNoise * m_settings.baseSpeed},
+    };
+    for (const auto& input : inputs) {
+        m_now.*input.value = Noisy(input.actual, input.noise);
+        m_sum.*input.value += m_now.*input.value;
+    }
     ++m_count;
     m_continuous = state.continuous;
     m_pulseOver = pulseOver;
@@ -57,9 +65,11 @@ void CTestBench::StartMean() {
 }
 
 Measurement CTestBench::Mean() const {
-    const double share = m_count ? 1.0 / m_count : 0;
-    return {m_sum.armatureVoltage * share, m_sum.armatureCurrent * share, m_sum.fieldVoltage * share,
-            m_sum.fieldCurrent * share, m_sum.speed * share};
+    Measurement mean = m_sum;
+    for (double* value : {&mean.armatureVoltage, &mean.armatureCurrent, &mean.fieldVoltage, &mean.fieldCurrent,
+                          &mean.speed, &mean.emfSpeed, &mean.encoderSpeed, &mean.tachoSpeed})
+        *value *= m_count ? 1.0 / m_count : 0;
+    return mean;
 }
 
 void CTestBench::Phase(double to, double seconds) {

@@ -17,7 +17,10 @@ struct Measurement {
     double armatureCurrent = 0; ///< [A]
     double fieldVoltage = 0;    ///< [V]
     double fieldCurrent = 0;    ///< [A]
-    double speed = 0;           ///< [rad/s]
+    double speed = 0;           ///< of the source in use [rad/s]
+    double emfSpeed = 0;        ///< [rad/s]
+    double encoderSpeed = 0;    ///< [rad/s]
+    double tachoSpeed = 0;      ///< [rad/s]
 };
 
 /// What a service run may do and see: it commands the converters, measures with noise and leaves results. It knows
@@ -48,6 +51,18 @@ public:
     void Phase(double to, double seconds);
     int GetProgress() const;
 
+    /// The results so far go into their registers, while the run goes on; from then on stopping the motor is its
+    /// regular end.
+    void Publish() { m_publishes = true; }
+    bool TakePublish() {
+        m_published = m_published || m_publishes;
+        return std::exchange(m_publishes, false);
+    }
+    bool HasPublished() const { return m_published; }
+    /// Speed [rad/s] that somebody has read off a hand-held tacho since the last call, 0: nobody.
+    double TakeHandTacho() { return std::exchange(m_handTacho, 0); }
+    void SetHandTacho(double speed) { m_handTacho = speed; }
+
     void SetResult(quint16 reg, double shown) { m_results.emplace_back(reg, shown); }
     const std::vector<std::pair<quint16, double>>& GetResults() const { return m_results; }
 
@@ -71,6 +86,9 @@ private:
     bool m_pulseOver = false;
     double m_time = 0;
     double m_turning = 0; ///< for how long [s]
+    bool m_publishes = false;
+    bool m_published = false;
+    double m_handTacho = 0; ///< [rad/s]
     double m_from = 0;
     double m_to = 0;
     double m_phaseStart = 0;
