@@ -33,8 +33,8 @@ enum class SpeedGuide {
 /// What converter and exciter are told for a step.
 struct MotorCommand {
     ArmatureMode armature = ArmatureMode::Blocked;
-    double current = 0;     ///< [A]
-    double speed = 0;       ///< [rad/s]
+    double current = 0; ///< [A]
+    double speed = 0;   ///< [rad/s]
     SpeedGuide guide = SpeedGuide::Chosen;
     double firingAngle = 0; ///< of a pulse [rad]
     FieldMode field = FieldMode::Off;

@@ -51,7 +51,7 @@ private:
 
     double m_rise = 0;
     double m_feedbackMissing = 0; ///< [s]
-    double m_fieldMissing = 0; ///< [s]
+    double m_fieldMissing = 0;    ///< [s]
     bool m_fieldWasThere = false;
 };
 

@@ -11,13 +11,13 @@
 namespace krt550 {
 namespace {
 
-constexpr double kRunUp = 4;               ///< to base speed [s]
-constexpr double kLeastSignal = 0.02;      ///< of base speed; less is none
-constexpr double kEncoderTolerance = 0.1;  ///< against the EMF
-constexpr double kTachoTolerance = 0.2;    ///< against the EMF
-constexpr double kMostTachoVoltage = 270;  ///< at the terminals [V]
+constexpr double kRunUp = 4;                                   ///< to base speed [s]
+constexpr double kLeastSignal = 0.02;                          ///< of base speed; less is none
+constexpr double kEncoderTolerance = 0.1;                      ///< against the EMF
+constexpr double kTachoTolerance = 0.2;                        ///< against the EMF
+constexpr double kMostTachoVoltage = 270;                      ///< at the terminals [V]
 constexpr double kTachoRanges[] = {30, 90, kMostTachoVoltage}; ///< upper ends [V]
-constexpr double kHandTachoSpread = 0.5;   ///< a hand-held tacho that shows another speed than this is misread
+constexpr double kHandTachoSpread = 0.5; ///< a hand-held tacho that shows another speed than this is misread
 
 /// Field on, then up to base speed, on the EMF or on the chosen feedback. 0 or why not.
 CServiceRun RunUp(CTestBench& bench, SpeedGuide guide) {
@@ -94,8 +94,12 @@ CServiceRun RunFeedbackTest(CTestBench& bench) {
         outcome = JudgeEncoder(encoder);
     else if (found == SpeedSource::Tacho)
         outcome = JudgeTacho(tacho, voltage);
-    if (outcome)
+    if (outcome) {
+        // What is chosen may be what is wrong: the way down is the EMF's too.
+        bench.RampSpeed(0, settings.baseSpeed / kRunUp);
+        co_yield kRunUp + 0.5;
         co_return outcome;
+    }
 
     bench.SetResult(reg::kSpeedSource, static_cast<int>(found));
     if (found == SpeedSource::Tacho) {

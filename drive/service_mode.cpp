@@ -21,15 +21,15 @@ constexpr quint16 kTachoTuning = 14;
 struct Mode {
     quint16 number;
     CServiceRun (*run)(CTestBench& bench);
-    double longest;   ///< [s]
-    int endsAt;       ///< progress when the run ends without success: who waits for it must see that it is over
+    double longest; ///< [s]
+    int endsAt;     ///< progress when the run ends without success: who waits for it must see that it is over
 };
 
 constexpr int kStaysWhereItIs = -1;
 constexpr double kNoEnd = std::numeric_limits<double>::infinity();
 
 constexpr Mode kModes[] = {
-    {1, RunArmature, kLongestRun, kStaysWhereItIs}, {2, RunField, kLongestRun, kStaysWhereItIs},
+    {1, RunArmature, kLongestRun, kStaysWhereItIs},  {2, RunField, kLongestRun, kStaysWhereItIs},
     {3, RunWeakening, kLongestRun, kStaysWhereItIs}, {4, RunSpeed, kLongestRun, kStaysWhereItIs},
     {5, RunFeedbackTest, kLongestRun, 100},          {kTachoTuning, RunTachoTuning, kNoEnd, 101},
 };
@@ -82,8 +82,7 @@ void CServiceMode::Supervise(double seconds, const ServiceView& view, const Driv
         {view.fault == kFaultMains, diagnosis::kMains},
         {view.fault != 0, diagnosis::kTripped},
         {running ? view.place != m_place : view.place == ControlPlace::Other, diagnosis::kOtherPlace},
-        {running && !(view.started && view.driving),
-         mayBeStopped ? diagnosis::kNone : diagnosis::kStartWithdrawn},
+        {running && !(view.started && view.driving), mayBeStopped ? diagnosis::kNone : diagnosis::kStartWithdrawn},
         {m_waiting > (running ? FindMode(m_mode)->longest : kPatience), diagnosis::kTooLong},
     };
     for (const auto& end : ends) {

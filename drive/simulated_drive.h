@@ -88,6 +88,8 @@ public:
     void SetContactorStuck(bool stuck);
     /// Supply of the armature converter, line to line [V].
     void SetMains(double voltage);
+    /// No supply at all, or that of the name plate again.
+    void SetMainsLost(bool lost) { SetMains(lost ? 0 : m_set.mains); }
     /// Cause of a trip that is there until it is taken away (0); the drive cannot be reset before.
     void SetTripCause(quint16 code);
     /// Trips the drive now: the converter is blocked, the contactor opens, the motor coasts.

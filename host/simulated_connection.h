@@ -11,6 +11,9 @@ public:
     CSimulatedConnection(std::vector<ParameterDescription> parameters, const QString& wizardFile, const MotorSet& motor)
         : m_drive(std::move(parameters), wizardFile, &motor) {}
 
+    /// What is mounted at the motor's shaft end.
+    void SetFeedback(FeedbackDevice device) { m_drive.GetDrive().GetFeedback().device = device; }
+
     CHostDrive& GetDrive() override { return m_drive; }
     CParameterLink& GetLink() override { return m_drive.GetLink(); }
     void SetTreeLink(CParameterLink* link) override { m_drive.SetTreeLink(link); }

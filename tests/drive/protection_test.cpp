@@ -91,7 +91,7 @@ TEST(ActualValues, AreAliveWhileTheMotorTurns) {
         {reg::kSpeedEmf, 1200, 15},
         {reg::kSpeedEncoder, 1200, 5},
         {reg::kSpeed, 1200, 5},
-        {reg::kSpeedTacho, 1200, 5},
+        {reg::kSpeedTacho, 0, 0},
         {reg::kArmatureVoltage, flux * speed + current * motor.armatureResistance, 2},
         {reg::kArmatureCurrent, current, 0.2},
         {reg::kFieldRelative, 100, 1},
@@ -103,6 +103,34 @@ TEST(ActualValues, AreAliveWhileTheMotorTurns) {
     };
     for (const auto& v : values)
         EXPECT_NEAR(drive.Value(v.reg), v.value, v.tolerance) << v.reg;
+}
+
+TEST(SpeedFeedback, LostOneTripsOrGivesWayToTheEmf) {
+    for (const auto& [reaction, fault] : {std::pair{1, int(kFaultFeedback)}, {2, 0}, {3, 0}}) {
+        WholeDrive drive("S2");
+        drive.SetValue(reg::kRampUp, 3);
+        drive.SetValue(reg::kSpeedSource, 1);
+        drive.SetValue(reg::kFeedbackReaction, reaction);
+        drive.Run(1000);
+        drive.Seconds(8);
+        drive.Drive().GetFeedback().broken = true;
+        drive.Seconds(8);
+        EXPECT_EQ(drive.Drive().GetActiveFault(), fault) << reaction;
+        if (!fault) {
+            EXPECT_EQ(drive.Value(reg::kSpeedSource), 0);
+            EXPECT_NEAR(drive.Drive().GetSpeed(), 1000, 20);
+        }
+    }
+}
+
+TEST(SpeedFeedback, ReversedOneRunsAwayIntoATrip) {
+    WholeDrive drive("S2");
+    drive.SetValue(reg::kSpeedSource, 1);
+    drive.Drive().GetFeedback().reversed = true;
+    drive.Run(500);
+    drive.Seconds(20);
+    EXPECT_EQ(drive.Drive().GetActiveFault(), kFaultOverspeed);
+    EXPECT_TRUE(drive.Drive().GetMotorState().armatureCurrent == 0);
 }
 
 TEST(ToolSupervision, StopsADriveWhoseToolFallsSilent) {
