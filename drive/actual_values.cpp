@@ -57,7 +57,7 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
         {reg::kPower, power / 1000},
         {reg::kPowerRelative, power / (settings.ratedVoltage * settings.ratedCurrent) * 100},
         {reg::kTemperatureRise, values.temperatureRise * 100},
-        {reg::kFiringAngle, state.bridge ? state.firingAngle * kDegrees : std::acos(settings.cosineLow) * kDegrees},
+        {reg::kFiringAngle, std::acos(state.bridge ? state.cosine : settings.cosineLow) * kDegrees},
         {reg::kCurrentReference, reference},
         {reg::kSpeedError, speedError * kRpm},
         {reg::kFieldRelative, field * 100},

@@ -128,7 +128,7 @@ void CMotorControl::StepCurrent(double reference, double fieldVoltage, const Dri
     const double cosine = m_firing.Step(m_cosine, kStep, kConverterLag);
     const ConverterVoltage given =
         m_converter.MeanVoltage(cosine, std::max(0.0, current), m_motor.GetData().armatureInductance);
-    m_state.firingAngle = std::acos(std::clamp(cosine, -1.0, 1.0));
+    m_state.cosine = cosine;
     m_state.continuous = given.continuous && current > 0;
     m_state.bridge = m_bridge;
     Feed({m_bridge > 0 ? Conduction::Forward : Conduction::Backward, m_bridge * given.voltage, given.slope},
@@ -137,7 +137,7 @@ void CMotorControl::StepCurrent(double reference, double fieldVoltage, const Dri
 
 /// The line voltage's sine itself, from the firing until the current is back at 0.
 void CMotorControl::StepPulse(double firingAngle, double fieldVoltage) {
-    m_state.firingAngle = firingAngle;
+    m_state.cosine = std::cos(firingAngle);
     const double width = m_converter.GetAngularFrequency() * kStep;
     const double voltage = m_converter.GetPeak() * std::sin(m_pulseAngle + width / 2);
     if (m_pulseOver || m_pulseAngle > 2 * std::numbers::pi) {

@@ -57,7 +57,7 @@ struct MotorState {
     double speedReference = 0;   ///< at the speed controller [rad/s]
     double fluxReference = 0;    ///< relative
     double fieldReference = 0;   ///< relative
-    double firingAngle = 0;      ///< [rad]
+    double cosine = 0;           ///< of the firing angle
     int bridge = 0;              ///< 1, -1, or 0 when no current can flow
     bool continuous = false;     ///< the armature current has no gaps
 };

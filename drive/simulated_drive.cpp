@@ -70,6 +70,8 @@ bool CSimulatedDrive::IsResting() const {
 }
 
 void CSimulatedDrive::ReadParameters() {
+    if (std::exchange(m_settingsVersion, m_registers.GetSettingsVersion()) == m_registers.GetSettingsVersion())
+        return;
     m_settings = ReadSettings(m_registers, m_set);
     m_levels = ReadTripLevels(m_registers, m_settings);
     m_slopeUp = RampSlope(BaseSpeed(), m_registers.GetNumber(reg::kRampUp, kDefaultRampTime));
@@ -132,15 +134,20 @@ void CSimulatedDrive::CheckTrips(const MotorCommand& command) {
                           m_settings.speedSource != SpeedSource::Emf;
     around.fieldReference = m_control.GetState().fieldReference;
     const quint16 code = m_protection.Step(CMotorControl::kStep, m_control.GetState(), around, m_settings, m_levels);
-    constexpr quint16 kChangeToEmf = 2;
-    const bool weakened = m_control.GetState().fieldReference < 0.98;
-    const quint16 reaction = m_registers.GetWord(reg::kFeedbackReaction);
-    if (code == kFaultFeedback && (reaction > kChangeToEmf || (reaction == kChangeToEmf && !weakened))) {
+    if (code == kFaultFeedback && MayChangeToEmf()) {
         m_registers.SetWord(reg::kSpeedSource, 0);
-        m_settings.speedSource = SpeedSource::Emf;
+        ReadParameters();
     } else if (code) {
         Trip(code);
     }
+}
+
+bool CSimulatedDrive::MayChangeToEmf() const {
+    constexpr quint16 kUnlessWeakened = 2;
+    constexpr quint16 kAlways = 3;
+    const quint16 reaction = m_registers.GetWord(reg::kFeedbackReaction);
+    const bool weakened = m_control.GetState().fieldReference < 0.98;
+    return reaction == kAlways || (reaction == kUnlessWeakened && !weakened);
 }
 
 ServiceView CSimulatedDrive::GetServiceView() const {

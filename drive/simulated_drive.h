@@ -101,6 +101,7 @@ private:
     void ReadParameters();
     MotorCommand NextCommand();
     void StepRamp();
+    bool MayChangeToEmf() const;
     void CheckTrips(const MotorCommand& command);
     void Supervise(double seconds);
     void SuperviseTool(qint64 milliseconds);
@@ -130,6 +131,7 @@ private:
     CMotorControl m_control;
     CProtection m_protection;
     CServiceMode m_service;
+    quint32 m_settingsVersion = 0; ///< that the next two were read at
     DriveSettings m_settings;
     TripLevels m_levels;
     double m_slopeUp = 0; ///< of the ramp [rpm/s]

@@ -25,18 +25,19 @@ double CurrentOf(double theta0, double length, double e) {
            (std::cos(theta0) * length - (std::sin(theta0 + length) - std::sin(theta0)) - e * length * length / 2);
 }
 
-/// e over the firing angle and the current relative to its limit. The columns are even in the cube root of the
-/// current, which nearly goes with the conduction angle.
+/// e over the cosine of the firing angle and the current relative to its limit. The columns are even in the cube root
+/// of the current, which nearly goes with the conduction angle.
 class CEmfTable {
 public:
     CEmfTable() {
         for (int row = 0; row < kRows; ++row)
             for (int column = 0; column < kColumns; ++column)
-                m_values[Place(row, column)] = Solve(pi * row / (kRows - 1), double(column) / (kColumns - 1));
+                m_values[Place(row, column)] =
+                    Solve(std::acos(2.0 * row / (kRows - 1) - 1), double(column) / (kColumns - 1));
     }
 
-    double Look(double alpha, double root) const {
-        const double x = std::clamp(alpha / pi, 0.0, 1.0) * (kRows - 1);
+    double Look(double cosine, double root) const {
+        const double x = std::clamp((cosine + 1) / 2, 0.0, 1.0) * (kRows - 1);
         const double y = std::clamp(root, 0.0, 1.0) * (kColumns - 1);
         const int row = std::min(static_cast<int>(x), kRows - 2);
         const int column = std::min(static_cast<int>(y), kColumns - 2);
@@ -47,7 +48,7 @@ public:
     }
 
 private:
-    static constexpr int kRows = 121;
+    static constexpr int kRows = 257;
     static constexpr int kColumns = 41;
 
     static std::size_t Place(int row, int column) { return static_cast<std::size_t>(row * kColumns + column); }
@@ -118,9 +119,9 @@ ConverterVoltage CSixPulseConverter::MeanVoltage(double cosine, double current, 
     constexpr double kLeast = 0.02; // the curve stands upright at 0
     constexpr double kStep = 1.0 / 64;
     const double root = std::max(kLeast, std::cbrt(current / limit));
-    const double alpha = std::acos(std::clamp(cosine, -1.0, 1.0));
-    const double e = EmfTable().Look(alpha, root);
-    const double rise = (EmfTable().Look(alpha, root + kStep) - EmfTable().Look(alpha, root - kStep)) / (2 * kStep);
+    const CEmfTable& table = EmfTable();
+    const double e = table.Look(cosine, root);
+    const double rise = (table.Look(cosine, root + kStep) - table.Look(cosine, root - kStep)) / (2 * kStep);
     const double slope = m_peak * rise / (3 * root * root) / limit;
     return {m_peak * e, std::min(0.0, slope), false};
 }
