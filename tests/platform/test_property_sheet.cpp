@@ -103,21 +103,109 @@ TEST_F(PropertySheet, ClosesUnderABlockingHandler) {
     }
 }
 
+/// A window with a place for a child sheet.
+class CParentWindow : public CWindow {
+public:
+    CParentWindow() : CWindow(TestResources::kParentLayout) { Create(); }
+};
+
 TEST_F(PropertySheet, SwitchesTabsAsAChild) {
-    QWidget parent;
-    m_sheet.CreateChild(&parent);
+    CParentWindow parent;
+    m_sheet.CreateChild(parent, TestResources::kPlaceholder, {-6, -7});
     parent.show();
     DrainMessageQueue();
     EXPECT_EQ(TakeLog(), "A init; A active; A shown; ");
+    EXPECT_EQ(m_sheet.pos(), parent.GetDlgItem(TestResources::kPlaceholder)->pos() - QPoint(6, 7));
     auto* tabs = m_sheet.findChild<QTabBar*>();
     ASSERT_TRUE(tabs);
     ASSERT_EQ(tabs->count(), 2);
+    EXPECT_EQ(tabs->tabText(0), "Test") << "the layout's caption";
     EXPECT_EQ(tabs->tabText(1), "Second");
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
     EXPECT_EQ(TakeLog(), "A kill; B init; B active; B shown; ");
     m_second.staysInFront = true;
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(0).center());
     EXPECT_EQ(tabs->currentIndex(), 1) << "the tab stays with its page";
+    m_sheet.setParent(nullptr);
+}
+
+TEST_F(PropertySheet, IsAsLargeAsItsLargestPageAndItsTabsNeed) {
+    CParentWindow parent;
+    CPropertyPage large(TestResources::kLargeLayout);
+    m_sheet.AddPage(&large);
+    CPropertySheet single;
+    CPropertyPage alone(TestResources::kLayout);
+    single.AddPage(&alone);
+    m_sheet.CreateChild(parent, TestResources::kPlaceholder);
+    single.CreateChild(parent, TestResources::kPlaceholder);
+    parent.show();
+    auto* tabs = m_sheet.findChild<QTabBar*>();
+    for (const int index : {0, 2}) {
+        ASSERT_TRUE(m_sheet.SetActivePage(index));
+        const CPropertyPage& page = *m_sheet.GetActivePage();
+        EXPECT_TRUE(m_sheet.rect().contains(page.geometry())) << index;
+        EXPECT_FALSE(tabs->geometry().intersects(page.geometry())) << index;
+    }
+    EXPECT_LT(m_sheet.width(), large.width() + 12) << "the widest page";
+    EXPECT_LT(m_sheet.height(), m_first.height() + tabs->height() + 12) << "the highest page";
+    EXPECT_FALSE(single.findChild<QTabBar*>()->isVisible()) << "nothing to switch";
+    EXPECT_LT(single.height(), alone.height() + 12);
+    m_sheet.setParent(nullptr);
+    single.setParent(nullptr);
+}
+
+TEST_F(PropertySheet, TakesThePlaceholdersPlaceInTheTabOrder) {
+    CParentWindow parent;
+    m_sheet.CreateChild(parent, TestResources::kPlaceholder);
+    parent.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&parent));
+    auto* tabs = m_sheet.findChild<QTabBar*>();
+    const auto walk = [&] {
+        QStringList order;
+        parent.GetDlgItem(TestResources::kEditBefore)->setFocus();
+        for (int i = 0; i < 7; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            const QWidget* focus = QApplication::focusWidget();
+            order.append(focus == tabs ? QString("tabs") : focus->objectName());
+        }
+        return order.join(' ');
+    };
+    EXPECT_EQ(walk(), "tabs 1 4 2 3 12 11");
+    m_first.GetDlgItem(TestResources::kOtherEdit)->setFocus();
+    m_sheet.SetActivePage(1);
+    EXPECT_EQ(QApplication::focusWidget(), tabs) << "not on the parent";
+    EXPECT_EQ(walk(), "tabs 1 4 2 3 12 11") << "on the page made later, too";
+    m_sheet.setParent(nullptr);
+}
+
+/// A page with a child sheet on it.
+class COwningPage : public CPropertyPage {
+public:
+    explicit COwningPage(CPropertySheet& child) : CPropertyPage(TestResources::kParentLayout), m_child(child) {}
+
+protected:
+    bool OnInitDialog() override {
+        m_child.CreateChild(*this, TestResources::kPlaceholder);
+        return true;
+    }
+
+private:
+    CPropertySheet& m_child;
+};
+
+TEST_F(PropertySheet, TellsTheTabsThatTheirWindowGoesAway) {
+    COwningPage owner(m_sheet);
+    CPropertySheet outer;
+    outer.AddPage(&owner);
+    QTimer::singleShot(0, &outer, [&] {
+        const int timer = m_first.SetTimer(1, 1000);
+        TakeLog();
+        outer.EndDialog(8);
+        EXPECT_EQ(TakeLog(), "A destroy; ") << "B was never made";
+        EXPECT_FALSE(m_first.KillTimer(timer)) << "it is dead already";
+        EXPECT_FALSE(m_sheet.SetActivePage(1));
+    });
+    EXPECT_EQ(outer.DoModal(), 8);
     m_sheet.setParent(nullptr);
 }
 

@@ -4,7 +4,8 @@
 
 namespace krt550 {
 
-/// A set of resources with one layout: two edits, a drop-down and a button.
+/// A set of resources with three layouts: two edits, a drop-down and a button; one larger than that; one with a place
+/// for a child between two edits.
 class TestResources : public CResources {
 public:
     static constexpr int kLayout = 7;
@@ -13,8 +14,27 @@ public:
     static constexpr int kButton = 3;
     static constexpr int kOtherEdit = 4;
     static constexpr int kLabel = 5;
+    static constexpr int kLargeLayout = 8;
+    static constexpr int kParentLayout = 9;
+    static constexpr int kPlaceholder = 10;
+    static constexpr int kEditBefore = 11;
+    static constexpr int kEditAfter = 12;
+
+    static DialogLayout ParentLayout() {
+        DialogLayout layout{.number = kParentLayout, .width = 400, .height = 300, .caption = {}, .controls = {}};
+        layout.controls = {
+            {.id = kEditBefore, .kind = ControlKind::Edit, .rect = {4, 4, 60, 14}},
+            {.id = kPlaceholder, .kind = ControlKind::Placeholder, .rect = {30, 20, 10, 10}},
+            {.id = kEditAfter, .kind = ControlKind::Edit, .rect = {4, 280, 60, 14}},
+        };
+        return layout;
+    }
 
     std::optional<DialogLayout> GetLayout(int number) const override {
+        if (number == kParentLayout)
+            return ParentLayout();
+        if (number == kLargeLayout)
+            return DialogLayout{.number = number, .width = 210, .height = 90, .caption = "Large", .controls = {}};
         if (number != kLayout)
             return std::nullopt;
         DialogLayout layout{.number = number, .width = 200, .height = 100, .caption = "Test", .controls = {}};

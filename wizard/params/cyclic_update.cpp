@@ -45,18 +45,6 @@ void ShowValue(QWidget* control, const QString& text) {
         SetControlText(control, text);
 }
 
-void ReportFailure(CWindow& window, int& timerHandle, const CParameter* parameter) {
-    // Once the timer is stopped, the reason is known: the same again for every further row helps nobody.
-    if (timerHandle == 0)
-        return;
-    ShowLastError(parameter);
-    const bool killed = window.KillTimer(timerHandle);
-    timerHandle = 0;
-    ShowMessageBox(LoadText(kUpdateFailedMessage), MessageIcon::Stop);
-    if (!killed)
-        ShowMessageBox(LoadText(kStopFailedMessage), MessageIcon::Stop);
-}
-
 } // namespace
 
 void RegisterForUpdate(CParameter* parameter, const QWidget* control) {
@@ -86,7 +74,21 @@ void StopParameterUpdate(CWindow& window, int& timerHandle) {
         ShowMessageBox(LoadText(kStopFailedMessage), MessageIcon::Stop);
 }
 
+void StopFailedUpdate(CWindow& window, int& timerHandle) {
+    if (timerHandle == 0)
+        return;
+    const bool killed = window.KillTimer(timerHandle);
+    timerHandle = 0;
+    ShowMessageBox(LoadText(kUpdateFailedMessage), MessageIcon::Stop);
+    if (!killed)
+        ShowMessageBox(LoadText(kStopFailedMessage), MessageIcon::Stop);
+}
+
 void UpdateParameters(CWindow& window, int& timerHandle, TextSource source) {
+    UpdateParameters(window, window, timerHandle, source);
+}
+
+void UpdateParameters(CWindow& window, CWindow& timerOwner, int& timerHandle, TextSource source) {
     // A box of the pass on the stack keeps the timers running; a second pass on top of it has nothing to add.
     if (UpdatingScope::IsActive())
         return;
@@ -96,10 +98,13 @@ void UpdateParameters(CWindow& window, int& timerHandle, TextSource source) {
         QWidget* control = window.GetDlgItem(controlId);
         if (!control || HasInputFocus(control) || (parameter && IsChanged(parameter->GetRegister())))
             continue;
-        if (parameter && parameter->ReadFromDrive())
+        if (parameter && parameter->ReadFromDrive()) {
             ShowValue(control, FormatValueText(parameter, source));
-        else
-            ReportFailure(window, timerHandle, parameter);
+        } else if (timerHandle != 0) {
+            // Once the timer is stopped, the reason is known: the same again for every further row helps nobody.
+            ShowLastError(parameter);
+            StopFailedUpdate(timerOwner, timerHandle);
+        }
     }
 }
 

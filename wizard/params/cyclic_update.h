@@ -23,8 +23,14 @@ int StartParameterUpdate(CWindow& window, int key);
 /// Kills the timer and sets the handle to 0; says so when killing failed. Does nothing for handle 0.
 void StopParameterUpdate(CWindow& window, int& timerHandle);
 
+/// Stops a timer whose update failed and says so; once, so nothing for handle 0.
+void StopFailedUpdate(CWindow& window, int& timerHandle);
+
 /// One pass: re-reads every listed parameter whose control the window has, and shows it, except in the control that has
 /// the focus and in rows that are changed and not written. The first failed read stops the timer and is reported.
 void UpdateParameters(CWindow& window, int& timerHandle, TextSource source = TextSource::WizardFile);
+/// The same for a window inside another one, which has the timer.
+void UpdateParameters(CWindow& window, CWindow& timerOwner, int& timerHandle,
+                      TextSource source = TextSource::WizardFile);
 
 } // namespace krt550

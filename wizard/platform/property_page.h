@@ -13,8 +13,8 @@ class CPropertyPage : public CWindow {
 public:
     explicit CPropertyPage(int layoutNumber);
 
-    /// Text of the page's tab.
-    const QString& GetTabText() const { return m_tabText; }
+    /// Text of the page's tab; the layout's caption where none was set.
+    QString GetTabText() const;
     void SetTabText(const QString& text) { m_tabText = text; }
 
 protected:

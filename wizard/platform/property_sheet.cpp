@@ -1,14 +1,25 @@
 #include "wizard/platform/property_sheet.h"
 
+#include "wizard/platform/dialog_units.h"
 #include "wizard/platform/modal_frame.h"
 #include "wizard/platform/property_page.h"
+#include "wizard/platform/resources.h"
 
+#include <QApplication>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QStyleOptionTabWidgetFrame>
 #include <QTabBar>
 #include <QVBoxLayout>
 
 namespace krt550 {
+namespace {
+
+/// Between the frame of a child sheet and its page, in pixels.
+constexpr int kPaneMargin = 3;
+
+} // namespace
 
 CPropertySheet::CPropertySheet(const QString& caption, int firstPage) : m_caption(caption), m_firstPage(firstPage) {
     auto* layout = new QVBoxLayout(this);
@@ -43,18 +54,13 @@ bool CPropertySheet::SetActivePage(int index) {
     const QScopedValueRollback<bool> changing(m_changingPage, true);
     if (former && !former->OnKillActive())
         return false;
-    if (!page->IsCreated()) {
-        if (!page->Create())
-            return false;
-        page->OnInitDialog();
-    }
+    if (!CreatePage(*page))
+        return false;
     m_active = index;
     if (!page->OnSetActive() || m_closing)
         return false;
-    if (former) {
-        former->hide();
-        layout()->removeWidget(former);
-    }
+    if (former)
+        HidePage(*former);
     ShowPage(*page);
     if (isVisible())
         page->OnShown();
@@ -64,17 +70,39 @@ bool CPropertySheet::SetActivePage(int index) {
     return true;
 }
 
+bool CPropertySheet::CreatePage(CPropertyPage& page) {
+    if (page.IsCreated())
+        return true;
+    if (!page.Create())
+        return false;
+    if (m_parent)
+        ThreadTabOrder();
+    page.OnInitDialog();
+    return true;
+}
+
+void CPropertySheet::HidePage(CPropertyPage& page) {
+    // The focus must not fall to whatever comes next on the parent.
+    if (const QWidget* focus = QApplication::focusWidget(); m_tabs && focus && page.isAncestorOf(focus))
+        m_tabs->setFocus(Qt::OtherFocusReason);
+    page.hide();
+    layout()->removeWidget(&page);
+}
+
 void CPropertySheet::ShowPage(CPropertyPage& page) {
+    if (m_tabs) {
+        const QSignalBlocker quiet(m_tabs);
+        m_tabs->setCurrentIndex(m_active);
+        page.move(Pane().topLeft() + QPoint(kPaneMargin, kPaneMargin));
+        page.show();
+        update();
+        return;
+    }
     layout()->addWidget(&page);
     page.show();
     page.RestoreDefaultButton();
     if (m_frame)
         m_frame->setProperty("layout", page.GetLayoutNumber());
-    if (m_tabs) {
-        const QSignalBlocker quiet(m_tabs);
-        m_tabs->setCurrentIndex(m_active);
-        return;
-    }
     // In a wizard the focus goes to the page's first control, as in a dialog that opens.
     if (QWidget* first = page.nextInFocusChain(); first && page.isAncestorOf(first))
         first->setFocus(Qt::OtherFocusReason);
@@ -95,37 +123,96 @@ int CPropertySheet::DoModal() {
 void CPropertySheet::EndDialog(int result) {
     if (m_closing || !m_frame)
         return;
-    m_closing = true;
-    for (CPropertyPage* page : m_pages) {
-        if (page->IsCreated()) {
-            page->KillAllTimers();
-            page->OnDestroy();
-        }
-    }
+    DestroyPages();
     m_frame->End(result);
 }
 
-void CPropertySheet::CreateChild(QWidget* parent) {
-    setParent(parent);
+void CPropertySheet::DestroyPages() {
+    m_closing = true;
+    for (CPropertyPage* page : m_pages) {
+        if (!page->IsCreated())
+            continue;
+        page->KillAllTimers();
+        page->OnDestroy();
+        const auto sheets = page->findChildren<CPropertySheet*>(Qt::FindDirectChildrenOnly);
+        for (CPropertySheet* sheet : sheets)
+            sheet->DestroyPages();
+    }
+}
+
+void CPropertySheet::CreateChild(CWindow& parent, int placeholderId, QPoint offset) {
+    m_parent = &parent;
+    m_placeholder = parent.GetDlgItem(placeholderId);
+    setParent(&parent);
     FillTabs();
+    setFixedSize(Pane().size() + QSize(0, Pane().top()));
     OnInitDialog();
     SetActivePage(m_firstPage);
-    adjustSize();
+    move((m_placeholder ? m_placeholder->pos() : QPoint()) + offset);
     show();
 }
 
 void CPropertySheet::FillTabs() {
     m_tabs = new QTabBar(this);
     m_tabs->setExpanding(false);
-    static_cast<QVBoxLayout*>(layout())->insertWidget(0, m_tabs, 0, Qt::AlignLeft);
+    m_tabs->setDrawBase(false);
+    m_tabs->setAutoHide(true);
     for (const CPropertyPage* page : m_pages)
         m_tabs->addTab(page->GetTabText());
+    m_tabs->resize(m_tabs->sizeHint().boundedTo({Pane().width(), QWIDGETSIZE_MAX}));
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) {
         if (!SetActivePage(index)) {
             const QSignalBlocker quiet(m_tabs);
             m_tabs->setCurrentIndex(m_active);
         }
     });
+}
+
+/// Also of the pages that have no window yet.
+QSize CPropertySheet::LargestPage() const {
+    QSize size;
+    const CDialogUnits units(font());
+    for (const CPropertyPage* page : m_pages)
+        if (const auto layout = CResources::Current().GetLayout(page->GetLayoutNumber()))
+            size = size.expandedTo(units.ToPixels(layout->width, layout->height));
+    return size;
+}
+
+/// The framed area below the tabs.
+QRect CPropertySheet::Pane() const {
+    const int overlap = style()->pixelMetric(QStyle::PM_TabBarBaseOverlap, nullptr, this);
+    const int top = m_tabs->count() > 1 ? m_tabs->sizeHint().height() - overlap : 0;
+    return {QPoint(0, top), LargestPage() + QSize(2 * kPaneMargin, 2 * kPaneMargin)};
+}
+
+void CPropertySheet::ThreadTabOrder() const {
+    QWidgetList order;
+    for (QWidget* control : m_parent->GetControls()) {
+        if (control != m_placeholder) {
+            order.append(control);
+            continue;
+        }
+        order.append(m_tabs);
+        for (const CPropertyPage* page : m_pages)
+            order.append(page->GetControls());
+    }
+    CWindow::ThreadTabOrder(order);
+}
+
+void CPropertySheet::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    if (!m_tabs)
+        return;
+    QStyleOptionTabWidgetFrame frame;
+    frame.initFrom(this);
+    frame.rect = Pane();
+    frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this);
+    frame.shape = m_tabs->shape();
+    frame.tabBarSize = m_tabs->size();
+    frame.tabBarRect = m_tabs->geometry();
+    frame.selectedTabRect = m_tabs->tabRect(m_tabs->currentIndex());
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_FrameTabWidget, &frame, &painter, this);
 }
 
 void CPropertySheet::SetTitle(const QString& title) {

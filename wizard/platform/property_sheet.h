@@ -11,6 +11,7 @@ namespace krt550 {
 
 class CModalFrame;
 class CPropertyPage;
+class CWindow;
 
 /// An ordered list of pages, one of them active. In wizard mode the pages bring their own buttons; otherwise a row of
 /// tabs switches them. Shown modally (DoModal) or as a child window (CreateChild).
@@ -38,8 +39,10 @@ public:
     /// stack has unwound. A second call does nothing.
     void EndDialog(int result);
     bool IsClosing() const { return m_closing; }
-    /// Shows the sheet inside a parent window.
-    void CreateChild(QWidget* parent);
+    /// Shows the sheet inside `parent`, its top left corner at that of the control `placeholderId`, moved by `offset`
+    /// pixels, and in that control's place in the tab order. It is as large as its largest page needs; the row of tabs
+    /// is there when there are several pages.
+    void CreateChild(CWindow& parent, int placeholderId, QPoint offset = {});
 
     /// Window caption of the modal sheet.
     void SetTitle(const QString& title);
@@ -48,10 +51,18 @@ public:
 
 protected:
     virtual bool OnInitDialog();
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool CreatePage(CPropertyPage& page);
     void ShowPage(CPropertyPage& page);
+    void HidePage(CPropertyPage& page);
+    /// Tells the pages that their windows go away, those of child sheets included.
+    void DestroyPages();
     void FillTabs();
+    QSize LargestPage() const;
+    QRect Pane() const;
+    void ThreadTabOrder() const;
 
     std::vector<CPropertyPage*> m_pages;
     QString m_caption;
@@ -60,7 +71,9 @@ private:
     bool m_wizardMode = false;
     bool m_closing = false;
     bool m_changingPage = false;
-    QTabBar* m_tabs = nullptr;
+    QTabBar* m_tabs = nullptr;   ///< of a child sheet
+    CWindow* m_parent = nullptr; ///< of a child sheet
+    QWidget* m_placeholder = nullptr;
     std::unique_ptr<CModalFrame> m_frame;
 };
 

@@ -35,7 +35,6 @@ bool CWindow::Create() {
 void CWindow::Place(const DialogLayout& layout) {
     const CDialogUnits units(font());
     setFixedSize(units.ToPixels(layout.width, layout.height));
-    QWidget* former = nullptr;
     for (const ControlLayout& item : layout.controls) {
         QWidget* control = CreateControl(item);
         if (!control)
@@ -43,13 +42,10 @@ void CWindow::Place(const DialogLayout& layout) {
         DressControl(*control, item);
         control->setGeometry(units.ToPixels(item.rect));
         m_controls.insert(item.id, control);
+        m_order.append(control);
         Connect(control);
-        if (control->focusPolicy() != Qt::NoFocus) {
-            if (former)
-                setTabOrder(former, control);
-            former = control;
-        }
     }
+    ThreadTabOrder(m_order);
     for (const ControlLayout& item : layout.controls) {
         if (auto* label = GetControl<QLabel>(item.id); label && item.buddy)
             NameControl(*label, GetDlgItem(item.buddy));
@@ -105,6 +101,17 @@ void CWindow::KillAllTimers() {
     const QList<int> handles = m_timers.keys();
     for (const int handle : handles)
         KillTimer(handle);
+}
+
+void CWindow::ThreadTabOrder(const QWidgetList& widgets) {
+    QWidget* former = nullptr;
+    for (QWidget* widget : widgets) {
+        if (widget->focusPolicy() == Qt::NoFocus)
+            continue;
+        if (former)
+            setTabOrder(former, widget);
+        former = widget;
+    }
 }
 
 CWindow* CWindow::OwnerOf(const QWidget* control) {

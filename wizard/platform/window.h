@@ -38,6 +38,8 @@ public:
     QWidget* GetDlgItem(int id) const { return m_controls.value(id, nullptr); }
     /// The control with this id when it is of this class, or null.
     template <class Control> Control* GetControl(int id) const { return qobject_cast<Control*>(GetDlgItem(id)); }
+    /// All controls, in the layout's order, which is the tab order.
+    const QWidgetList& GetControls() const { return m_order; }
     /// Id of one of this window's controls, 0 for anything else.
     int GetDlgCtrlID(const QWidget* control) const;
 
@@ -52,6 +54,9 @@ public:
     /// False when no timer of this window has this handle.
     bool KillTimer(int handle);
     void KillAllTimers();
+
+    /// Makes the Tab key visit these widgets in this order; those that take no focus are passed over.
+    static void ThreadTabOrder(const QWidgetList& widgets);
 
     /// The window that a control belongs to, or null.
     static CWindow* OwnerOf(const QWidget* control);
@@ -73,6 +78,7 @@ private:
     int m_layoutNumber;
     bool m_created = false;
     QHash<int, QWidget*> m_controls;
+    QWidgetList m_order;
     std::map<std::pair<int, ControlEvent>, Handler> m_handlers;
     QHash<int, int> m_timers; ///< handle to timer id
 };

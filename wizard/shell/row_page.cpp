@@ -5,14 +5,27 @@
 #include "wizard/platform/control_text.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/shell/sheet_wizard.h"
+#include "wizard/shell/wizard_tab_sheet.h"
 
 namespace krt550 {
 
 CRowPage::CRowPage(int layoutNumber, QString helpTopic, std::span<const RowDef> rows)
     : CWizardPropertyPage(layoutNumber, std::move(helpTopic)), m_rows(*this, rows) {}
 
+CRowPage::~CRowPage() = default;
+
+CWizardTabSheet& CRowPage::UseTabs(int placeholderId, QPoint offset) {
+    m_tabs = std::make_unique<CWizardTabSheet>(*this, placeholderId, offset);
+    return *m_tabs;
+}
+
 bool CRowPage::ApplyParameters() {
-    return m_rows.Write();
+    return WriteRows();
+}
+
+bool CRowPage::WriteRows() {
+    const bool written = m_rows.Write();
+    return (!m_tabs || m_tabs->Apply()) && written;
 }
 
 bool CRowPage::LoadParameters() {
@@ -24,6 +37,9 @@ bool CRowPage::LoadParameters() {
     CParameterGroup* root = GetPageParameterRoot(GetSheet());
     if (!root)
         return false;
+    // Before the rows: a tab that comes to the front empties the update list.
+    if (m_tabs)
+        m_tabs->Load(GetSheet(), root);
     QString errors;
     const bool bound = BindRows(root, errors);
     // Filling the controls raised change notifications.
@@ -51,9 +67,15 @@ bool CRowPage::LeavePage() {
 
 void CRowPage::OnTimer(int id) {
     if (id == GetStepNumber())
-        UpdateParameters(*this, m_updateTimer);
+        UpdateValues();
     else
         CWizardPropertyPage::OnTimer(id);
+}
+
+void CRowPage::UpdateValues() {
+    UpdateParameters(*this, m_updateTimer);
+    if (m_tabs)
+        m_tabs->Update(m_updateTimer);
 }
 
 } // namespace krt550

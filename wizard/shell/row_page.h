@@ -3,16 +3,22 @@
 #include "wizard/params/row_table.h"
 #include "wizard/shell/wizard_property_page.h"
 
+#include <QPoint>
+
 namespace krt550 {
 
-/// An assistant page that is a table of parameter rows: loads, applies and refreshes them. What is special about a page
-/// goes into overrides.
+class CWizardTabPage;
+class CWizardTabSheet;
+
+/// An assistant page that is a table of parameter rows, and may have tabs with more of them: loads, applies and
+/// refreshes them. What is special about a page goes into overrides.
 class CRowPage : public CWizardPropertyPage {
     Q_OBJECT
 
 public:
     /// `rows` outlives the page.
     CRowPage(int layoutNumber, QString helpTopic, std::span<const RowDef> rows);
+    ~CRowPage() override;
 
     bool ApplyParameters() override;
     bool LoadParameters() override;
@@ -25,6 +31,17 @@ protected:
     /// Returns whether the page is refreshed cyclically all the same.
     virtual bool ReportLoadErrors(const QString& errors);
 
+    /// Writes what was changed: the rows, then the tabs in their order; each is attempted.
+    virtual bool WriteRows();
+    /// What the update timer does: the rows, then the tab in front.
+    virtual void UpdateValues();
+
+    /// Puts tabs onto the page, at its control `placeholderId` moved by `offset` pixels. For the constructor, followed
+    /// by an AddTab for each of them.
+    CWizardTabSheet& UseTabs(int placeholderId, QPoint offset = {});
+    /// Null on a page without tabs.
+    CWizardTabSheet* GetTabs() const { return m_tabs.get(); }
+
     void OnTimer(int id) override;
     void OnDestroy() override { OnButtonCancel(); }
 
@@ -33,6 +50,7 @@ protected:
 
 private:
     CRowTable m_rows;
+    std::unique_ptr<CWizardTabSheet> m_tabs;
     int m_updateTimer = 0;
 };
 

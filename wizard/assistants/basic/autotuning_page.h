@@ -48,8 +48,6 @@ public:
 protected:
     bool BindRows(CParameterGroup* root, QString& errors) override;
     bool ReportLoadErrors(const QString&) override { return true; }
-    /// Writes the rows that were changed, in the page's order.
-    virtual bool WriteRows() { return GetRows().Write(); }
     /// Reads the results into their rows.
     virtual void RereadResults();
 

@@ -1,0 +1,57 @@
+#include "wizard/shell/wizard_tab_page.h"
+
+#include "wizard/params/cyclic_update.h"
+#include "wizard/platform/wait_cursor.h"
+
+#include <QPushButton>
+
+namespace krt550 {
+
+void CWizardTabPage::AddToolTip(int controlId, const QString& text) {
+    if (QWidget* control = GetDlgItem(controlId))
+        AddToolTip(control, text);
+}
+
+void CWizardTabPage::AddToolTip(QWidget* control, const QString& text) {
+    m_toolTips.AddTool(control, text);
+}
+
+bool CWizardTabPage::OnInitDialog() {
+    CPropertyPage::OnInitDialog();
+    // Next stays the default button: Enter means nothing inside a tab.
+    for (QWidget* control : GetControls())
+        if (auto* button = qobject_cast<QPushButton*>(control))
+            button->setAutoDefault(false);
+    return true;
+}
+
+bool CWizardTabPage::OnSetActive() {
+    const CWaitCursor wait;
+    ClearUpdateList();
+    LoadParameters();
+    CPropertyPage::OnSetActive();
+    return true;
+}
+
+CRowTabPage::CRowTabPage(int layoutNumber, std::span<const RowDef> rows)
+    : CWizardTabPage(layoutNumber), m_rows(*this, rows) {}
+
+bool CRowTabPage::LoadParameters() {
+    const CWaitCursor wait;
+    m_rows.AttachToolTips([this](int label, const QString& text) { AddToolTip(label, text); });
+    if (!GetParameterRoot())
+        return false;
+    QString errors;
+    const bool bound = BindRows(GetParameterRoot(), errors);
+    SetLoaded();
+    if (!errors.isEmpty())
+        ReportLoadErrors(errors);
+    return bound;
+}
+
+bool CRowTabPage::ApplyParameters() {
+    const CWaitCursor wait;
+    return !IsLoaded() || WriteRows();
+}
+
+} // namespace krt550

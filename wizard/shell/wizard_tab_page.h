@@ -1,0 +1,74 @@
+#pragma once
+
+#include "wizard/params/row_table.h"
+#include "wizard/platform/property_page.h"
+#include "wizard/platform/tool_tip_control.h"
+
+namespace krt550 {
+
+class CSheetWizard;
+
+/// Base of the tabs inside an assistant page. It has hooks like its page, which calls them through CWizardTabSheet.
+class CWizardTabPage : public CPropertyPage {
+    Q_OBJECT
+
+public:
+    explicit CWizardTabPage(int layoutNumber) : CPropertyPage(layoutNumber) {}
+
+    /// Root of the drive's parameters (borrowed), given before the first load.
+    void SetParameterRoot(CParameterGroup* root) { m_root = root; }
+    /// The page's sheet (borrowed), given before every load.
+    void SetSheet(CSheetWizard* sheet) { m_sheet = sheet; }
+
+    // Hooks, in the order of their table.
+    /// The tab comes to the front, or its page becomes active with the tab in front: find, bind and show.
+    virtual bool LoadParameters() { return true; }
+    /// Writes what the user changed, also while another tab is in front. Writes nothing before the first load.
+    virtual bool ApplyParameters() { return false; }
+    /// Re-reads, at every update of the page with the tab in front, what is no row of the update list; false stops the
+    /// update. Says itself what failed.
+    virtual bool RefreshValues() { return true; }
+    virtual void AddToolTip(int controlId, const QString& text);
+    virtual void AddToolTip(QWidget* control, const QString& text);
+
+protected:
+    bool OnInitDialog() override;
+    bool OnSetActive() override;
+
+    CParameterGroup* GetParameterRoot() const { return m_root; }
+    CSheetWizard* GetSheet() const { return m_sheet; }
+    /// Whether a load has bound the tab's rows.
+    bool IsLoaded() const { return m_loaded; }
+    void SetLoaded() { m_loaded = true; }
+
+private:
+    bool m_loaded = false;
+    CParameterGroup* m_root = nullptr;
+    CSheetWizard* m_sheet = nullptr;
+    CToolTipCtrl m_toolTips;
+};
+
+/// A tab that is a table of parameter rows, as CRowPage is for pages.
+class CRowTabPage : public CWizardTabPage {
+    Q_OBJECT
+
+public:
+    /// `rows` outlives the tab.
+    CRowTabPage(int layoutNumber, std::span<const RowDef> rows);
+
+    bool LoadParameters() override;
+    bool ApplyParameters() override;
+
+protected:
+    virtual bool BindRows(CParameterGroup* root, QString& errors) { return m_rows.Bind(root, errors); }
+    /// What becomes of a load's errors, which are not empty; the base shows nothing: such rows are disabled.
+    virtual void ReportLoadErrors(const QString&) {}
+    virtual bool WriteRows() { return m_rows.Write(); }
+
+    CRowTable& GetRows() { return m_rows; }
+
+private:
+    CRowTable m_rows;
+};
+
+} // namespace krt550

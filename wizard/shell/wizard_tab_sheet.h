@@ -1,0 +1,45 @@
+#pragma once
+
+#include "wizard/platform/property_sheet.h"
+
+#include <QPoint>
+
+namespace krt550 {
+
+class CParameterGroup;
+class CSheetWizard;
+class CWindow;
+class CWizardTabPage;
+
+/// The tabs inside an assistant page: what all pages with tabs do with them.
+class CWizardTabSheet : public CPropertySheet {
+    Q_OBJECT
+
+public:
+    /// The tabs appear on `page` at its control `placeholderId`, moved by `offset` pixels.
+    CWizardTabSheet(CWindow& page, int placeholderId, QPoint offset);
+
+    /// Appends a tab (borrowed). An empty label stands for the caption of the tab's layout.
+    void AddTab(CWizardTabPage& tab, const QString& label = {});
+
+    /// At the first load the sheet's window is made, which brings the first tab to the front and so loads it; later
+    /// the tab in front is loaded again. `root` is not null.
+    void Load(CSheetWizard* sheet, CParameterGroup* root);
+    /// Every tab writes what the user changed on it, in tab order and each attempted; true when all succeeded.
+    bool Apply();
+    /// Refreshes the tab in front: its RefreshValues, then its rows of the update list. `timerHandle` is the page's
+    /// update timer; a failure stops it.
+    void Update(int& timerHandle);
+
+    /// Null before the first load.
+    CWizardTabPage* GetFrontTab() const;
+
+private:
+    std::vector<CWizardTabPage*> m_tabPages;
+    CWindow& m_page;
+    int m_placeholderId;
+    QPoint m_offset;
+    bool m_refreshing = false;
+};
+
+} // namespace krt550
