@@ -26,46 +26,25 @@ constexpr int kHeadingHeight = 20;
 constexpr int kListWidth = 160;
 constexpr int kFirstPictureId = 60011;
 
-enum class Kind { Edit, List, Display };
-
-struct Row {
-    quint16 reg;
-    const char* label;
-    Kind kind = Kind::Edit;
-};
-
 struct Page {
     int number;
     const char* runCaption;
     std::span<const int> pictures;
-    std::span<const Row> general;
-    std::span<const Row> changed;
+    std::span<const LayoutRow> general;
+    std::span<const LayoutRow> changed;
     int rowStep;
 };
 
-void AddDisplayRow(CLayoutBuilder& layout, const Row& row, int y) {
-    layout.Add({.id = LabelId(row.reg),
-                .rect = {kColumns.label, y, kColumns.labelWidth, 14},
-                .text = QString::fromLatin1(row.label)});
-    layout.Add({.id = ValueId(row.reg), .rect = {kColumns.value, y, 230, 14}, .reg = row.reg});
-}
-
-/// A group of rows under their headings; returns the y below it.
-int AddRows(CLayoutBuilder& layout, int group, int y, const char* caption, std::span<const Row> rows, int step) {
-    const int height = kHeadingHeight + static_cast<int>(rows.size()) * step + 6;
-    layout.Group(group, {kGroupX, y, kGroupWidth, height}, QString::fromLatin1(caption));
-    layout.Headings(group, y + 10, kColumns);
-    int rowY = y + kHeadingHeight + 2;
-    for (const Row& row : rows) {
-        if (row.kind == Kind::Edit)
-            layout.EditRow(row.reg, QString::fromLatin1(row.label), rowY, kColumns);
-        else if (row.kind == Kind::List)
-            layout.ListRow(row.reg, QString::fromLatin1(row.label), rowY, kColumns, kListWidth);
-        else
-            AddDisplayRow(layout, row, rowY);
-        rowY += step;
-    }
-    return y + height + 3;
+int AddRows(CLayoutBuilder& layout, int group, int y, const char* caption, std::span<const LayoutRow> rows, int step) {
+    const RowGroupStyle style{.columns = kColumns,
+                              .x = kGroupX,
+                              .width = kGroupWidth,
+                              .listWidth = kListWidth,
+                              .headings = 10,
+                              .firstRow = kHeadingHeight + 2,
+                              .step = step,
+                              .bottom = 4};
+    return layout.RowGroup(group, y, QString::fromLatin1(caption), rows, style) + 3;
 }
 
 /// The group with Start, progress bar and Diagnosis; returns the y below it.
@@ -103,11 +82,11 @@ DialogLayout Build(const Page& page) {
 
 DialogLayout FieldCurrentLayout() {
     static constexpr int kPictures[] = {10022, 10023};
-    static constexpr Row kGeneral[] = {{9911, "Motor 1 nominal field current"},
-                                       {406, "Motor 1 detected field exciter type", Kind::Display},
-                                       {9912, "Motor 1 used fex type", Kind::List},
-                                       {4401, "Field control mode", Kind::List}};
-    static constexpr Row kChanged[] = {{4402, "Motor 1 P-gain fex"},
+    static constexpr LayoutRow kGeneral[] = {{9911, "Motor 1 nominal field current"},
+                                       {406, "Motor 1 detected field exciter type", LayoutRowKind::Display},
+                                       {9912, "Motor 1 used fex type", LayoutRowKind::List},
+                                       {4401, "Field control mode", LayoutRowKind::List}};
+    static constexpr LayoutRow kChanged[] = {{4402, "Motor 1 P-gain fex"},
                                        {4403, "Motor 1 i-time fex"},
                                        {4502, "Motor 1 positive limit field ctrl."},
                                        {9408, "Motor 1 fex node ID"}};
@@ -116,12 +95,12 @@ DialogLayout FieldCurrentLayout() {
 
 DialogLayout ArmatureLayout() {
     static constexpr int kPictures[] = {10020, 10021};
-    static constexpr Row kGeneral[] = {{9903, "Motor 1 nominal current"},
+    static constexpr LayoutRow kGeneral[] = {{9903, "Motor 1 nominal current"},
                                        {2005, "Torque maximum"},
                                        {2006, "Torque minimum"},
                                        {2012, "Motor 1 current limit bridge 1"},
                                        {2013, "Motor 1 current limit bridge 2"}};
-    static constexpr Row kChanged[] = {{4306, "Motor 1 P-gain armature current"},
+    static constexpr LayoutRow kChanged[] = {{4306, "Motor 1 P-gain armature current"},
                                        {4307, "Motor 1 i-time armature current"},
                                        {4308, "Motor 1 discontinuous current line"},
                                        {4309, "Motor 1 armature inductance"},
@@ -131,11 +110,11 @@ DialogLayout ArmatureLayout() {
 
 DialogLayout FieldWeakeningLayout() {
     static constexpr int kPictures[] = {10031, 10032, 10034};
-    static constexpr Row kGeneral[] = {{9902, "Motor 1 nominal voltage"},       {9904, "Motor 1 base speed"},
+    static constexpr LayoutRow kGeneral[] = {{9902, "Motor 1 nominal voltage"},       {9904, "Motor 1 base speed"},
                                        {2001, "Motor 1 minimum speed"},         {2002, "Motor 1 maximum speed"},
                                        {9911, "Motor 1 nominal field current"}, {3012, "Motor 1 field loss level"},
-                                       {4401, "Field control mode", Kind::List}};
-    static constexpr Row kChanged[] = {{4409, "P-gain EMF controller"},
+                                       {4401, "Field control mode", LayoutRowKind::List}};
+    static constexpr LayoutRow kChanged[] = {{4409, "P-gain EMF controller"},
                                        {4410, "I-time EMF controller"},
                                        {4412, "Field current at 40 % flux"},
                                        {4413, "Field current at 70 % flux"},

@@ -65,6 +65,31 @@ CLayoutBuilder& CLayoutBuilder::ListRow(quint16 reg, const QString& label, int y
                 .reg = reg});
 }
 
+CLayoutBuilder& CLayoutBuilder::DisplayRow(quint16 reg, const QString& label, int y, const RowColumns& columns,
+                                           int valueWidth) {
+    Add({.id = LabelId(reg), .rect = {columns.label, y, columns.labelWidth, kTextHeight}, .text = label});
+    return Add({.id = ValueId(reg), .rect = {columns.value, y, valueWidth, kTextHeight}, .reg = reg});
+}
+
+int CLayoutBuilder::RowGroup(int k, int y, const QString& caption, std::span<const LayoutRow> rows,
+                             const RowGroupStyle& style) {
+    const int height = style.firstRow + static_cast<int>(rows.size()) * style.step + style.bottom;
+    Group(k, {style.x, y, style.width, height}, caption);
+    Headings(k, y + style.headings, style.columns);
+    int rowY = y + style.firstRow;
+    for (const LayoutRow& row : rows) {
+        const QString label = QString::fromLatin1(row.label);
+        if (row.kind == LayoutRowKind::Edit)
+            EditRow(row.reg, label, rowY, style.columns);
+        else if (row.kind == LayoutRowKind::List)
+            ListRow(row.reg, label, rowY, style.columns, style.listWidth);
+        else
+            DisplayRow(row.reg, label, rowY, style.columns, style.listWidth);
+        rowY += style.step;
+    }
+    return y + height;
+}
+
 CLayoutBuilder& CLayoutBuilder::BottomRow(bool withDigits, int resetX) {
     const auto button = [&](int id, int x, int text, ControlKind kind = ControlKind::PushButton) {
         Add({.id = id, .kind = kind, .rect = {x, 299, 50, 14}, .text = StringTableText(text).value_or(QString())});

@@ -2,6 +2,8 @@
 
 #include "wizard/platform/dialog_layout.h"
 
+#include <span>
+
 namespace krt550 {
 
 /// Size of every page, in dialog units.
@@ -21,6 +23,27 @@ struct RowColumns {
     int limitWidth;
 };
 
+enum class LayoutRowKind { Edit, List, Display };
+
+/// One parameter row of a layout.
+struct LayoutRow {
+    quint16 reg;
+    const char* label;
+    LayoutRowKind kind = LayoutRowKind::Edit;
+};
+
+/// Where the parts of a group of rows lie.
+struct RowGroupStyle {
+    RowColumns columns;
+    int x;
+    int width;
+    int listWidth;
+    int headings; ///< y of the headings, from the group's top
+    int firstRow; ///< y of the first row
+    int step;     ///< from row to row
+    int bottom;   ///< below the last row's step
+};
+
 /// Builds the layout of a page from parts.
 class CLayoutBuilder {
 public:
@@ -35,6 +58,10 @@ public:
     CLayoutBuilder& EditRow(quint16 reg, const QString& label, int y, const RowColumns& columns);
     /// Label and drop-down list of a register.
     CLayoutBuilder& ListRow(quint16 reg, const QString& label, int y, const RowColumns& columns, int listWidth);
+    /// Label and value static of a register that is only shown.
+    CLayoutBuilder& DisplayRow(quint16 reg, const QString& label, int y, const RowColumns& columns, int valueWidth);
+    /// Group box number `k` with headings and rows; returns the y of its bottom.
+    int RowGroup(int k, int y, const QString& caption, std::span<const LayoutRow> rows, const RowGroupStyle& style);
     /// Bottom row of every page; the digits of the steps only where `withDigits`.
     CLayoutBuilder& BottomRow(bool withDigits, int resetX = 266);
 
