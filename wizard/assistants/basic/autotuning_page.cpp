@@ -3,29 +3,16 @@
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter.h"
 #include "hostlib/tolvbo32/parameter_group.h"
-#include "wizard/diagnosis/diagnosis_dialog.h"
-#include "wizard/diagnosis/fault_record.h"
 #include "wizard/params/drive_commands.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/resources.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/shell/sheet_wizard.h"
-#include "wizard/texts/wizard_text_store.h"
 
 #include <QProgressBar>
 
 namespace krt550 {
-namespace {
-
-constexpr int kFailureText = 243;
-
-void ShowText(const QString& text, MessageIcon icon) {
-    if (!text.isEmpty())
-        ShowMessageBox(text, icon);
-}
-
-} // namespace
 
 CAutotuningPage::CAutotuningPage(const AutotuningPageDef& definition)
     : CRowPage(definition.layout, QString::fromUtf16(definition.helpTopic), definition.rows), m_definition(definition) {
@@ -65,24 +52,8 @@ void CAutotuningPage::LookUpReferences(CParameterGroup* root) {
 
 bool CAutotuningPage::EvaluateStartCondition(CParameterGroup* root) {
     QWidget* start = GetDlgItem(kIdAutotuningStart);
-    EnableControl(start, StartConditionHolds(root));
+    EnableControl(start, StartConditionHolds(GetStepNumber(), root));
     return start != nullptr;
-}
-
-bool CAutotuningPage::StartConditionHolds(CParameterGroup* root) {
-    CWizardTextStore& store = CWizardTextStore::Instance();
-    const auto step = static_cast<quint16>(GetStepNumber());
-    QList<quint16> registers;
-    if (!store.GetStartConditionRegisters(step, registers))
-        return true;
-    QList<quint16> values;
-    for (const quint16 reg : registers) {
-        CParameter* parameter = FindParameter(root, QString::number(reg));
-        if (!ReadParameter(parameter))
-            return false;
-        values.append(parameter->GetValue());
-    }
-    return store.StartConditionHolds(step, registers, values);
 }
 
 bool CAutotuningPage::ApplyParameters() {
@@ -98,10 +69,7 @@ bool CAutotuningPage::CancelPage() {
     CHostDrive* drive = GetDrive();
     if (!drive)
         return true;
-    if (m_serviceMode) {
-        m_serviceMode->SetValue(0, false);
-        WriteParameter(m_serviceMode);
-    }
+    EndServiceMode(m_serviceMode);
     drive->RefreshState();
     if (drive->IsLocalControlActive()) {
         StopAndOpenContactor(drive);
@@ -134,28 +102,16 @@ void CAutotuningPage::OnButtonStart() {
 }
 
 void CAutotuningPage::ReportFailure() {
-    QString text;
-    GetDiagnosisText(GetPageParameterRoot(GetSheet()), kFailureText, text);
-    ShowMessageBox(text, MessageIcon::Stop);
+    ShowRunFailure(GetPageParameterRoot(GetSheet()));
     QWidget* diagnosis = GetDlgItem(kIdAutotuningDiagnosis);
-    if (!m_definition.variant.readsFaultRecord) {
-        EnableControl(diagnosis, true);
-        return;
-    }
-    SetDiagnosisDrive(GetDrive());
-    QString message;
-    if (!ReadFaultRecord(message))
-        ShowText(message, MessageIcon::None);
-    else if (HasActiveFaultCode())
+    if (m_definition.variant.readsFaultRecord)
+        ReadFaultAfterRun(GetDrive(), diagnosis);
+    else
         EnableControl(diagnosis, true);
 }
 
 void CAutotuningPage::OnButtonDiagnosis() {
-    SetDiagnosisDrive(GetDrive());
-    QString message;
-    if (!ReadFaultRecord(message))
-        ShowText(message, m_definition.variant.diagnosisIcon);
-    CDiagnosisDialog().DoModal();
+    ShowDiagnosis(GetDrive(), m_definition.variant.diagnosisIcon);
 }
 
 } // namespace krt550

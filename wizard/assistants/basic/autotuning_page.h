@@ -1,11 +1,10 @@
 #pragma once
 
+#include "wizard/assistants/basic/service_procedure.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/shell/row_page.h"
 
 namespace krt550 {
-
-class CParameterSet;
 
 /// What distinguishes one autotuning from another.
 struct AutotuningVariant {
@@ -61,20 +60,14 @@ private:
     void OnButtonDiagnosis();
     void LookUpReferences(CParameterGroup* root);
     bool EvaluateStartCondition(CParameterGroup* root);
-    bool StartConditionHolds(CParameterGroup* root);
     void ReportFailure();
 
     // autotuning_run.cpp
-    bool CheckStartPermission();
-    bool StartDrive();
     bool FollowDrive(bool& aborted);
     bool CloseRun(bool result);
     bool ReadProgress();
     bool JudgeRun();
     void StopDrive();
-    void GiveBackLocalControl();
-    bool ReadQuietly(CParameter* parameter);
-    void ShowReadFailures();
     void EnableNavigation(bool enable);
     void ShowProgress(int percent);
 
@@ -84,7 +77,7 @@ private:
     CParameter* m_diagnosis = nullptr;
     bool m_abort = false;
     bool m_running = false;
-    std::vector<const CParameterSet*> m_failedReads;
+    CQuietReads m_reads;
 };
 
 } // namespace krt550

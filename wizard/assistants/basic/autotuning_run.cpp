@@ -21,67 +21,32 @@
 namespace krt550 {
 namespace {
 
-constexpr int kStartDeniedText = 574;
-constexpr int kSettleMs = 200;
 constexpr int kCycleMs = 50;
 /// The drive gets one cycle more than this.
 constexpr int kCycles = 5000;
-/// Bits of 8.01 that deny a start: the drive is ready to run, or runs, on another source's command.
-constexpr quint16 kStartDeniedBits = 2 | 4;
 
 } // namespace
 
 bool CAutotuningPage::RunAutotuning(bool& aborted) {
     m_abort = false;
-    m_failedReads.clear();
+    m_reads.Clear();
     if (!GetDrive())
         return false;
     EnableNavigation(false);
     const auto enableAgain = qScopeGuard([this] { EnableNavigation(true); });
     if (!m_serviceMode)
         return false;
-    if (!CheckStartPermission()) {
-        ShowMessageBox(LoadText(kStartDeniedText), MessageIcon::Stop);
+    if (!IsStartPermitted(*GetDrive())) {
+        ShowStartDenied();
         aborted = true;
         return true;
     }
-    if (!StartDrive())
+    if (!StartInServiceMode(*GetDrive(), *m_serviceMode, m_definition.variant.mode))
         return false;
     ShowProgress(0);
     const bool finished = FollowDrive(aborted);
     // After Cancel nothing is left to stop: CancelPage has done it.
     return aborted || CloseRun(finished);
-}
-
-bool CAutotuningPage::CheckStartPermission() {
-    CHostDrive& drive = *GetDrive();
-    drive.RefreshState();
-    if (drive.IsLocalControlActive())
-        return false;
-    if (CParameterGroup* root = GetParameterRoot(&drive)) {
-        CParameter* status = root->FindChildByRegister(QStringLiteral("801"));
-        if (status && ReadParameter(status) && (status->GetValue() & kStartDeniedBits) != 0)
-            return false;
-    }
-    drive.TakeLocalControl();
-    drive.RefreshState();
-    const bool permitted = drive.IsLocalControlActive();
-    drive.ReleaseLocalControl();
-    drive.RefreshState();
-    return permitted;
-}
-
-bool CAutotuningPage::StartDrive() {
-    CHostDrive& drive = *GetDrive();
-    m_serviceMode->SetValue(m_definition.variant.mode, false);
-    if (!WriteParameter(m_serviceMode))
-        return false;
-    CClock::Current().Sleep(kSettleMs);
-    drive.RefreshState();
-    if (!drive.IsLocalControlActive() && !drive.TakeLocalControl())
-        return false;
-    CloseContactorAndStart(&drive);
-    return true;
 }
 
 bool CAutotuningPage::FollowDrive(bool& aborted) {
@@ -108,28 +73,28 @@ bool CAutotuningPage::CloseRun(bool result) {
     if (variant.judgesFirst && result)
         result = JudgeRun();
     StopDrive();
-    ShowReadFailures();
+    m_reads.ShowFailures();
     const bool hasResults = variant.judgesFirst ? finished : result;
     if (!variant.judgesFirst && result)
         result = JudgeRun();
-    ShowReadFailures();
+    m_reads.ShowFailures();
     if (hasResults)
         RereadResults();
     return result;
 }
 
 bool CAutotuningPage::ReadProgress() {
-    const bool modeRead = ReadQuietly(m_serviceMode);
+    const bool modeRead = m_reads.Read(m_serviceMode);
     if (!m_definition.variant.showsProgress)
         return modeRead;
-    const bool progressRead = ReadQuietly(m_progress);
+    const bool progressRead = m_reads.Read(m_progress);
     if (modeRead && progressRead)
         ShowProgress(m_progress->GetValue());
     return modeRead && progressRead;
 }
 
 bool CAutotuningPage::JudgeRun() {
-    if (!ReadQuietly(m_diagnosis) || m_diagnosis->GetValue() != 0)
+    if (!m_reads.Read(m_diagnosis) || m_diagnosis->GetValue() != 0)
         return false;
     SetStepState(m_definition.variant.step, StepState::Done);
     UpdateStepIcons();
@@ -138,30 +103,7 @@ bool CAutotuningPage::JudgeRun() {
 
 void CAutotuningPage::StopDrive() {
     StopAndOpenContactor(GetDrive());
-    GiveBackLocalControl();
-}
-
-void CAutotuningPage::GiveBackLocalControl() {
-    GetDrive()->RefreshState();
-    if (GetDrive()->IsLocalControlActive())
-        GetDrive()->ReleaseLocalControl();
-}
-
-// A box about a failed read would wait for an answer while the motor turns: it is shown when the drive has been
-// stopped.
-bool CAutotuningPage::ReadQuietly(CParameter* parameter) {
-    if (!parameter)
-        return false;
-    const bool read = parameter->ReadFromDrive();
-    if (!read && std::ranges::find(m_failedReads, parameter) == m_failedReads.end())
-        m_failedReads.push_back(parameter);
-    return read;
-}
-
-void CAutotuningPage::ShowReadFailures() {
-    const std::vector<const CParameterSet*> failed = std::exchange(m_failedReads, {});
-    for (const CParameterSet* parameter : failed)
-        ShowLastError(parameter);
+    GiveBackLocalControl(*GetDrive());
 }
 
 void CAutotuningPage::EnableNavigation(bool enable) {
