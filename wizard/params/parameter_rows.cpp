@@ -175,11 +175,16 @@ bool BindDisplayRow(CParameterGroup* root, CParameter*& parameter, const QString
         AppendError(errors, kNotFoundMessage, registerText);
         return true;
     }
-    SetControlText(label, NameOf(*parameter));
     const bool read = ReadParameter(parameter);
-    SetControlText(value, FormatValueText(parameter));
-    SetControlText(unit, parameter->GetUnit());
+    ShowDisplayRow(parameter, label, value, unit);
     return read;
+}
+
+void ShowDisplayRow(const CParameter* parameter, QWidget* label, QWidget* value, QWidget* unit) {
+    if (parameter)
+        SetControlText(label, NameOf(*parameter));
+    SetControlText(value, parameter ? FormatValueText(parameter) : QStringLiteral("n/a"));
+    SetControlText(unit, parameter ? parameter->GetUnit() : QStringLiteral("n/a"));
 }
 
 bool BindRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,

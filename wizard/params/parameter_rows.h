@@ -37,6 +37,9 @@ bool BindListRow(CParameterGroup* root, CParameter*& parameter, const QString& r
 bool BindDisplayRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
                     QWidget* value, QString& errors, QWidget* unit);
 
+/// Shows a parameter that has been read; "n/a" as value and unit when there is none. Each control may be null.
+void ShowDisplayRow(const CParameter* parameter, QWidget* label, QWidget* value, QWidget* unit);
+
 /// Binds a value list into the drop-down, any other parameter into the edit.
 bool BindRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
              QLineEdit* edit, QComboBox* dropDown, QString& errors, const RowStatics& statics);

@@ -17,8 +17,33 @@ enum ControlId : int {
     kIdAutotuningLabel = 60201,
     kIdAutotuningStart = 60202,
     kIdAutotuningProgress = 60203,
-    kIdAutotuningDiagnosis = 60204
+    kIdAutotuningDiagnosis = 60204,
+    // Of the pages with tabs.
+    kIdTabsPlaceholder = 60301,
+    // Of the speed feedback assistant: label ids of the three values that it shows.
+    kIdShownReference = 60310,
+    kIdShownEmf = 60320,
+    kIdShownSpeed = 60330,
+    kIdHandTachoHeading = 60340,
+    // Of its tab to turn the motor by hand.
+    kIdLocalOrRemote = 8312,
+    kIdStartMotor = 60351,
+    kIdStopMotor = 60352,
+    kIdCloseContactor = 60353,
+    kIdOpenContactor = 60354,
+    kIdSetNewReference = 60355,
+    kIdStepUp = 60356,
+    kIdStepDown = 60357,
+    kIdReference = 60360,
+    kIdReferenceLabel = 60361,
+    kIdAdjustHeading = 60362,
+    kIdStepUpLabel = 60363,
+    kIdStepDownLabel = 60364
 };
+
+/// From the label of one of the values that the speed feedback assistant shows to its value and its unit.
+inline constexpr int kShownValue = 1;
+inline constexpr int kShownUnit = 2;
 
 /// Ids of the digits of steps 1 to 7, in order.
 inline constexpr int kStepIconIds[7] = {151, 152, 157, 153, 154, 155, 156};

@@ -83,42 +83,45 @@ DialogLayout Build(const Page& page) {
 DialogLayout FieldCurrentLayout() {
     static constexpr int kPictures[] = {10022, 10023};
     static constexpr LayoutRow kGeneral[] = {{9911, "Motor 1 nominal field current"},
-                                       {406, "Motor 1 detected field exciter type", LayoutRowKind::Display},
-                                       {9912, "Motor 1 used fex type", LayoutRowKind::List},
-                                       {4401, "Field control mode", LayoutRowKind::List}};
+                                             {406, "Motor 1 detected field exciter type", LayoutRowKind::Display},
+                                             {9912, "Motor 1 used fex type", LayoutRowKind::List},
+                                             {4401, "Field control mode", LayoutRowKind::List}};
     static constexpr LayoutRow kChanged[] = {{4402, "Motor 1 P-gain fex"},
-                                       {4403, "Motor 1 i-time fex"},
-                                       {4502, "Motor 1 positive limit field ctrl."},
-                                       {9408, "Motor 1 fex node ID"}};
+                                             {4403, "Motor 1 i-time fex"},
+                                             {4502, "Motor 1 positive limit field ctrl."},
+                                             {9408, "Motor 1 fex node ID"}};
     return Build({103, "Autotuning field current controller", kPictures, kGeneral, kChanged, 17});
 }
 
 DialogLayout ArmatureLayout() {
     static constexpr int kPictures[] = {10020, 10021};
     static constexpr LayoutRow kGeneral[] = {{9903, "Motor 1 nominal current"},
-                                       {2005, "Torque maximum"},
-                                       {2006, "Torque minimum"},
-                                       {2012, "Motor 1 current limit bridge 1"},
-                                       {2013, "Motor 1 current limit bridge 2"}};
+                                             {2005, "Torque maximum"},
+                                             {2006, "Torque minimum"},
+                                             {2012, "Motor 1 current limit bridge 1"},
+                                             {2013, "Motor 1 current limit bridge 2"}};
     static constexpr LayoutRow kChanged[] = {{4306, "Motor 1 P-gain armature current"},
-                                       {4307, "Motor 1 i-time armature current"},
-                                       {4308, "Motor 1 discontinuous current line"},
-                                       {4309, "Motor 1 armature inductance"},
-                                       {4310, "Motor 1 armature resistance"}};
+                                             {4307, "Motor 1 i-time armature current"},
+                                             {4308, "Motor 1 discontinuous current line"},
+                                             {4309, "Motor 1 armature inductance"},
+                                             {4310, "Motor 1 armature resistance"}};
     return Build({104, "Autotuning armature current controller", kPictures, kGeneral, kChanged, 17});
 }
 
 DialogLayout FieldWeakeningLayout() {
     static constexpr int kPictures[] = {10031, 10032, 10034};
-    static constexpr LayoutRow kGeneral[] = {{9902, "Motor 1 nominal voltage"},       {9904, "Motor 1 base speed"},
-                                       {2001, "Motor 1 minimum speed"},         {2002, "Motor 1 maximum speed"},
-                                       {9911, "Motor 1 nominal field current"}, {3012, "Motor 1 field loss level"},
-                                       {4401, "Field control mode", LayoutRowKind::List}};
+    static constexpr LayoutRow kGeneral[] = {{9902, "Motor 1 nominal voltage"},
+                                             {9904, "Motor 1 base speed"},
+                                             {2001, "Motor 1 minimum speed"},
+                                             {2002, "Motor 1 maximum speed"},
+                                             {9911, "Motor 1 nominal field current"},
+                                             {3012, "Motor 1 field loss level"},
+                                             {4401, "Field control mode", LayoutRowKind::List}};
     static constexpr LayoutRow kChanged[] = {{4409, "P-gain EMF controller"},
-                                       {4410, "I-time EMF controller"},
-                                       {4412, "Field current at 40 % flux"},
-                                       {4413, "Field current at 70 % flux"},
-                                       {4414, "Field current at 90 % flux"}};
+                                             {4410, "I-time EMF controller"},
+                                             {4412, "Field current at 40 % flux"},
+                                             {4413, "Field current at 70 % flux"},
+                                             {4414, "Field current at 90 % flux"}};
     return Build({112, "Autotuning EMF controller and flux linearization", kPictures, kGeneral, kChanged, 15});
 }
 

@@ -11,8 +11,13 @@ DialogLayout NamePlateLayout();      ///< 100
 DialogLayout FieldCurrentLayout();   ///< 103
 DialogLayout ArmatureLayout();       ///< 104
 DialogLayout StartPageLayout();      ///< 107
+DialogLayout SpeedFeedbackLayout();  ///< 110
 DialogLayout FieldWeakeningLayout(); ///< 112
 DialogLayout DiagnosisLayout();      ///< 122
+
+/// Tabs.
+DialogLayout TachoManualLayout();       ///< 10062
+DialogLayout SpeedFeedbackAutoLayout(); ///< 10063
 
 /// Layout by number.
 std::optional<DialogLayout> LayoutOfNumber(int number);

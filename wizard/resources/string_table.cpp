@@ -68,8 +68,9 @@ constexpr Entry kStrings[] = {
     {55, u"Step Up"},
     {56, u"Step Down"},
     {59, u"Fine tuning procedure finished"},
-    {60, u"Attention:\nThe motor will run according to the setting of 5003\nMotor 1 speed feedback selector!\nMake sure "
-         u"everything is safe!"},
+    {60,
+     u"Attention:\nThe motor will run according to the setting of 5003\nMotor 1 speed feedback selector!\nMake sure "
+     u"everything is safe!"},
     {220, u"Protections"},
     {222, u"Set mains / supply data"},
     {223, u"Actual"},
@@ -110,10 +111,11 @@ constexpr Entry kStrings[] = {
     {369, u"Attention:\nThe motor might turn during autotuning!\nMake sure everything is safe!\n"},
     {370, u"Attention:\nThe motor will run up to base speed during test!\nMake sure everything is safe!"},
     {371, u"Parameter 4.24 value REPLACE\nAborting Test"},
-    {372, u"Fine tuning procedure:\n1.\tMeasure motor speed with hand held tacho and write the value into 5012 Motor\n\t1 "
-          u"tacho adjust (main window).\n2.\tPress Apply and check Speed actual against value written into 5012 Motor "
-          u"1\n\ttacho adjust (main window).\n3.\tFinish the test by pressing Finish or Next (main window).\nAbort the "
-          u"test by pressing Back or Cancel (main window).\n\nGo back to main window:"},
+    {372,
+     u"Fine tuning procedure:\n1.\tMeasure motor speed with hand held tacho and write the value into 5012 Motor\n\t1 "
+     u"tacho adjust (main window).\n2.\tPress Apply and check Speed actual against value written into 5012 Motor "
+     u"1\n\ttacho adjust (main window).\n3.\tFinish the test by pressing Finish or Next (main window).\nAbort the "
+     u"test by pressing Back or Cancel (main window).\n\nGo back to main window:"},
     {373, u"Fields missing from fault information."},
     {374, u"Short fault description received."},
     {566, u"130 Motor 1 field current"},

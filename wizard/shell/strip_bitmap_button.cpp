@@ -43,6 +43,11 @@ int CStripBitmapButton::GetShownFrame() const {
     return isDown() || (Latches() && m_latched) ? 1 : 0;
 }
 
+void CStripBitmapButton::SetLatched(bool latched) {
+    m_latched = latched;
+    update();
+}
+
 bool CStripBitmapButton::Latches() const {
     return objectName().toInt() == kLatchingButton;
 }

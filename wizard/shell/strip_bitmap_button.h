@@ -25,6 +25,9 @@ public:
     void LoadStripBitmap(int number);
     bool IsBitmapLoaded() const { return m_loaded; }
 
+    /// Whether the button with a latch stays down.
+    void SetLatched(bool latched);
+
     /// Frame that is drawn now: 0 up, 1 pressed, 2 disabled.
     int GetShownFrame() const;
 

@@ -66,6 +66,7 @@ protected:
     virtual bool WriteRows() { return m_rows.Write(); }
 
     CRowTable& GetRows() { return m_rows; }
+    const CRowTable& GetRows() const { return m_rows; }
 
 private:
     CRowTable m_rows;

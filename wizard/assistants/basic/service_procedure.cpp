@@ -88,6 +88,15 @@ void GiveBackLocalControl(CHostDrive& drive) {
         drive.ReleaseLocalControl();
 }
 
+void StopAndGiveBack(CHostDrive& drive) {
+    drive.RefreshState();
+    if (!drive.IsLocalControlActive())
+        return;
+    if ((drive.GetStatusWord() & kStatusStopped) == 0)
+        StopAndOpenContactor(&drive);
+    drive.ReleaseLocalControl();
+}
+
 void ShowRunFailure(CParameterGroup* root) {
     QString text;
     GetDiagnosisText(root, kFailureText, text);

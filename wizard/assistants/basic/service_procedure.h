@@ -35,6 +35,9 @@ void EndServiceMode(CParameter* serviceMode);
 /// Gives local control back when it is held.
 void GiveBackLocalControl(CHostDrive& drive);
 
+/// The same for a motor that may turn: it is stopped first.
+void StopAndGiveBack(CHostDrive& drive);
+
 /// Shows why a run failed, in the drive's words.
 void ShowRunFailure(CParameterGroup* root);
 
