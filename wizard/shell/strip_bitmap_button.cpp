@@ -32,7 +32,8 @@ void CStripBitmapButton::LoadStripBitmap(int number) {
     m_number = number;
     m_frames = std::ranges::find(kThreeFrameStrips, number) != std::end(kThreeFrameStrips) ? 3 : 2;
     m_frame = QSize(strip.width() / m_frames, strip.height());
-    resize(m_frame);
+    if (!m_frame.isEmpty())
+        resize(m_frame);
     m_loaded = true;
     update();
 }

@@ -1,0 +1,512 @@
+// Step 5: the test, the fine tuning and every way out of them, asserted by the drive calls; the tab to turn the motor
+// by hand.
+#include "tests/assistants/feedback_drive.h"
+#include "tests/shell/wizard_fixture.h"
+#include "tests/support/application_end.h"
+
+#include "hostlib/tolvbo32/clock.h"
+#include "wizard/platform/row_ids.h"
+#include "wizard/resources/control_ids.h"
+#include "wizard/shell/strip_bitmap_button.h"
+
+#include <QApplication>
+#include <QTabBar>
+#include <QTest>
+#include <QTimer>
+
+namespace krt550 {
+namespace {
+
+constexpr int kBoxOfStep5 = 167;
+
+const QString kRunsUp = "Attention:\nThe motor will run up to base speed during test!\nMake sure everything is safe!";
+const QString kDenied = "Start of autotuning denied.\nDrive is controlled by another source!";
+const QString kAdapted = "Speed feedback was adapted to:\n";
+const QString kOffer = kAdapted + "Analogue tacho\n\nIt is recommended to fine tune the tacho.\nDo You want to fine "
+                                  "tune the tacho? ";
+const QString kInstructions = "Fine tuning procedure:*";
+const QString kFinished = "Fine tuning procedure finished";
+const QString kWarning = "Attention:\nThe motor will run according to the setting of 5003\nMotor 1 speed feedback "
+                         "selector!\nMake sure everything is safe!";
+
+const QStringList kPermission = {"refresh", "read 801", "take local control", "refresh", "release local control",
+                                 "refresh"};
+const QStringList kLaunch = {"write 9906=5", "refresh", "take local control", "close contactor", "start motor"};
+const QStringList kLooks = {"read 424", "read 424", "read 424"};
+const QStringList kJudge = {"read 5003", "read 911"};
+const QStringList kStop = {"stop motor", "open contactor", "refresh"};
+const QStringList kRelease = {"refresh", "release local control"};
+const QStringList kTune = {"write 9906=14", "close contactor", "start motor"};
+
+QString FailureText(const QString& diagnosis) {
+    return "Autotuning failed:\n" + diagnosis + "\nFix the problem and try again\n";
+}
+
+class SpeedFeedback : public testing::Test {
+protected:
+    SpeedFeedback() {
+        // No update periods: only what is pressed talks to the drive.
+        static const WizardFiles files("GAINADJUP\t8827\t0.5\nGAINADJDOWN\t8827\t0.25\n");
+        m_drive.wizardPath = files.WizardPath();
+        EnsureStepStates();
+        SetStepState(5, StepState::NotChosen);
+    }
+
+    void OnPage(const std::function<void()>& script) {
+        RunWizardWith(m_drive, [&] {
+            Robot::Press(kBoxOfStep5);
+            Robot::Press(kNext);
+            Robot::Drain();
+            m_drive.TakeLog();
+            script();
+        });
+    }
+
+    /// The calls since the last time, without the speeds that the page keeps showing.
+    QStringList Calls() {
+        QStringList calls = m_drive.TakeLog();
+        for (const char* shown : {"read 218", "read 102", "read 103", "read 105"})
+            calls.removeAll(QString::fromLatin1(shown));
+        return calls;
+    }
+
+    /// Begins the fine tuning; what happens during it is up to m_drive.onTuning.
+    void FineTune() {
+        m_drive.found = 2;
+        m_boxes.Expect(kRunsUp).WithIcon(QMessageBox::Warning);
+        m_boxes.Expect(kOffer).WithIcon(QMessageBox::Warning);
+        m_boxes.Expect(kInstructions).WithIcon(QMessageBox::Warning);
+        Robot::Press(kIdAutotuningStart);
+    }
+
+    void ExpectSafe() {
+        EXPECT_FALSE(m_drive.localControl);
+        EXPECT_EQ(m_drive.statusWord, kStatusStopped);
+    }
+    static bool IsDone() { return GetStepState(5) == StepState::Done; }
+    static bool Enabled(quint16 reg) { return Robot::IsEnabled(ValueId(reg)); }
+
+    CSteppedClock m_clock;
+    ClockScope m_clockScope{m_clock};
+    FeedbackDrive m_drive;
+    MessageBoxes m_boxes;
+};
+
+TEST_F(SpeedFeedback, FindsEncoderOrEmfAndLeavesItsRowsToEdit) {
+    const struct {
+        quint16 found;
+        const char* name;
+        std::vector<quint16> enabled;
+        std::vector<quint16> disabled;
+        QStringList more;
+    } cases[] = {{1, "Pulse encoder\n\n", {5003, 5004, 5002}, {9902, 9904, 5013, 5012}, {"read 5004"}},
+                 {0, "EMF\n\n", {9902, 9904}, {5003, 5004, 5002, 5013, 5012}, {}}};
+    for (const auto& c : cases) {
+        SetStepState(5, StepState::NotChosen);
+        OnPage([&] {
+            m_drive.found = c.found;
+            m_boxes.Expect(kRunsUp).WithIcon(QMessageBox::Warning);
+            m_boxes.Expect(kAdapted + c.name).WithIcon(QMessageBox::Warning).Then([&](QMessageBox&) { ExpectSafe(); });
+            m_drive.onLook = [](int) {
+                for (const int id : {int(kIdAutotuningStart), kNext, kBack})
+                    EXPECT_FALSE(Robot::IsEnabled(id)) << id;
+            };
+            const qint64 before = m_clock.Now();
+            Robot::Press(kIdAutotuningStart);
+            EXPECT_EQ(Calls(), kPermission + kLaunch + kLooks + kJudge + kStop + kRelease + c.more);
+            EXPECT_EQ(m_clock.Now() - before, 200 + 3 * 50);
+            for (const quint16 reg : c.enabled)
+                EXPECT_TRUE(Enabled(reg)) << reg;
+            for (const quint16 reg : c.disabled)
+                EXPECT_FALSE(Enabled(reg)) << reg;
+            EXPECT_TRUE(IsDone());
+            EXPECT_EQ(Robot::Text(ValueId(5003)), c.found ? "Encoder" : "EMF");
+            EXPECT_FALSE(Robot::IsEnabled(kIdAutotuningDiagnosis));
+            for (const int id : {int(kIdAutotuningStart), kNext, kBack})
+                EXPECT_TRUE(Robot::IsEnabled(id)) << id;
+        });
+    }
+}
+
+TEST_F(SpeedFeedback, TachoWithoutFineTuningIsDoneToo) {
+    for (const bool atOnce : {true, false}) {
+        SetStepState(5, StepState::NotChosen);
+        OnPage([&] {
+            m_drive.found = 2;
+            m_boxes.Expect(kRunsUp);
+            m_boxes.Expect(kOffer, atOnce ? Answer::Cancel : Answer::Ok).Then([&](QMessageBox&) {
+                EXPECT_EQ(m_drive.statusWord, kStatusStopped);
+                EXPECT_TRUE(m_drive.localControl) << "stays for the fine tuning";
+            });
+            if (!atOnce)
+                m_boxes.Expect(kInstructions, Answer::Cancel);
+            Robot::Press(kIdAutotuningStart);
+            EXPECT_EQ(Calls(), kPermission + kLaunch + kLooks + kJudge + kStop + kRelease);
+            EXPECT_TRUE(IsDone());
+            ExpectSafe();
+            EXPECT_TRUE(Enabled(5012));
+            EXPECT_FALSE(Enabled(5004));
+            EXPECT_EQ(Robot::Text(kIdAutotuningStart), "Start");
+        });
+    }
+}
+
+TEST_F(SpeedFeedback, FineTuningTakesTheHandHeldSpeedUntilFinish) {
+    OnPage([&] {
+        m_drive.onTuning = [&](int look) {
+            if (look == 2) {
+                EXPECT_EQ(Calls(), kPermission + kLaunch + kLooks + kJudge + kStop + kTune +
+                                       QStringList({"read 424", "read 424"}));
+                EXPECT_EQ(Robot::Text(kIdAutotuningStart), "Finish");
+                EXPECT_TRUE(Robot::IsEnabled(kIdAutotuningStart));
+                EXPECT_TRUE(Robot::IsEnabled(kNext));
+                QTimer::singleShot(0, qApp, [&] {
+                    Robot::Type(ValueId(5012), "1480");
+                    Robot::Press(kApply);
+                });
+            }
+            if (look == 5) {
+                EXPECT_EQ(m_drive.words[5012], 1480);
+                EXPECT_TRUE(Robot::IsEnabled(kIdAutotuningStart)) << "Apply leaves Finish alone";
+                Calls();
+                m_boxes.Expect(kFinished).WithIcon(QMessageBox::Warning).Then([&](QMessageBox&) { ExpectSafe(); });
+                QTimer::singleShot(0, qApp, [] { Robot::Press(kIdAutotuningStart); });
+            }
+        };
+        FineTune();
+        EXPECT_EQ(Calls(), kStop + kRelease + QStringList({"read 424", "refresh"}));
+        EXPECT_TRUE(IsDone());
+        EXPECT_EQ(Robot::Text(kIdAutotuningStart), "Start");
+    });
+}
+
+TEST_F(SpeedFeedback, FineTuningEndsByEveryWayOffThePage) {
+    const struct {
+        const char* name;
+        std::function<void()> leave;
+        bool finishes; ///< with a box, and the step done
+        int layout;    ///< in front afterwards, 0 none
+    } cases[] = {
+        {"next", [] { Robot::Press(kNext); }, true, 107},          {"back", [] { Robot::Press(kBack); }, true, 107},
+        {"cancel", [] { Robot::Press(kCancel); }, true, 107},      {"close", [] { Robot::CloseWindow(); }, false, 0},
+        {"application's end", [] { EndApplication(); }, false, 0},
+    };
+    for (const auto& c : cases) {
+        SetStepState(5, StepState::NotChosen);
+        OnPage([&] {
+            m_drive.onTuning = [&](int look) {
+                if (look != 2)
+                    return;
+                if (c.finishes)
+                    m_boxes.Expect(kFinished);
+                QTimer::singleShot(0, qApp, c.leave);
+            };
+            FineTune();
+            m_boxes.Verify();
+            EXPECT_EQ(Robot::Front() ? Robot::Layout() : 0, c.layout) << c.name;
+        });
+        ExpectSafe();
+        RestartApplication();
+        EXPECT_EQ(m_drive.TakeLog({"stop motor"}).count(), 2) << c.name << ": after the test, then at the end";
+    }
+}
+
+TEST_F(SpeedFeedback, AbortStopsTheMotorAndSaysNothing) {
+    for (const bool close : {false, true}) {
+        OnPage([&] {
+            m_drive.goal = 50;
+            m_boxes.Expect(kRunsUp);
+            m_drive.onLook = [&](int look) {
+                if (look == 3)
+                    QTimer::singleShot(0, qApp, [close] { close ? Robot::CloseWindow() : Robot::Press(kCancel); });
+            };
+            Robot::Press(kIdAutotuningStart);
+            const QStringList calls = Calls();
+            EXPECT_EQ(calls.mid(0, 14), kPermission + kLaunch + kLooks);
+            EXPECT_TRUE(calls.contains("write 9906=0"));
+            EXPECT_EQ(calls.count("start motor"), 1);
+            ExpectSafe();
+        });
+        EXPECT_FALSE(IsDone());
+    }
+}
+
+TEST_F(SpeedFeedback, CancelInTheConfirmationEndsTheServiceMode) {
+    OnPage([&] {
+        m_boxes.Expect(kRunsUp, Answer::Cancel);
+        Robot::Press(kIdAutotuningStart);
+        EXPECT_EQ(Calls(), QStringList({"write 9906=0"}));
+        EXPECT_TRUE(Robot::IsEnabled(kIdAutotuningStart));
+    });
+}
+
+TEST_F(SpeedFeedback, FailuresStopTheMotorBeforeTheyAreTold) {
+    const QStringList report = {"read 911", "read fault buffer", "write 9906=0"};
+    const QString failed = " failed: simulated failure";
+    const struct {
+        const char* name;
+        std::function<void()> prepare;
+        QStringList boxes;
+        QStringList calls;
+        bool done;
+    } cases[] = {
+        {"denied", [&] { m_drive.words[801] = 4; }, {kDenied}, kPermission.mid(0, 2), false},
+        {"mode refused",
+         [&] { m_drive.unwritable = {9906}; },
+         {"Writing parameter 99.06 Service mode" + failed, FailureText("No message"),
+          "Writing parameter 99.06 Service mode" + failed},
+         kPermission + QStringList{"write 9906=5"} + report,
+         false},
+        {"diagnosis",
+         [&] { m_drive.outcome = 71; },
+         {FailureText("Encoder signal missing")},
+         kPermission + kLaunch + kLooks + kJudge + kStop + kRelease + report,
+         false},
+        {"feedback unreadable",
+         [&] { m_drive.onLook = [&](int) { m_drive.unreadable = {5003}; }; },
+         {"Reading parameter 50.03 Feedback" + failed, FailureText("No message")},
+         kPermission + kLaunch + kLooks + kJudge + kStop + kRelease + report,
+         false},
+        {"progress unreadable",
+         [&] { m_drive.onLook = [&](int) { m_drive.unreadable = {424}; }; },
+         {"Reading parameter 4.24 Parameter 424" + failed, kAdapted + "EMF\n\n", FailureText("No message")},
+         kPermission + kLaunch + kLooks.mid(0, 2) + kJudge + kStop + kRelease + report,
+         true},
+    };
+    for (const auto& c : cases) {
+        SetStepState(5, StepState::NotChosen);
+        m_drive.words[5003] = 0;
+        OnPage([&] {
+            m_drive.found = 1;
+            m_drive.outcome = 0;
+            m_drive.onLook = nullptr;
+            c.prepare();
+            m_boxes.Expect(kRunsUp);
+            for (const QString& box : c.boxes)
+                m_boxes.Expect(box).Then([&](QMessageBox&) { EXPECT_EQ(m_drive.statusWord, kStatusStopped); });
+            Robot::Press(kIdAutotuningStart);
+            EXPECT_EQ(Calls(), c.calls) << c.name;
+            m_boxes.Verify();
+            EXPECT_EQ(IsDone(), c.done) << c.name;
+            EXPECT_TRUE(Robot::IsEnabled(kIdAutotuningStart));
+            ExpectSafe();
+            m_drive.unreadable.clear();
+            m_drive.unwritable.clear();
+            m_drive.words[801] = 1;
+            m_drive.words[911] = 0;
+        });
+    }
+}
+
+TEST_F(SpeedFeedback, TimeOutNamesTheProgressAfterTheMotorHasStopped) {
+    OnPage([&] {
+        m_drive.goal = 80;
+        m_drive.found = 0;
+        m_boxes.Expect(kRunsUp);
+        m_boxes.Expect("Parameter 4.24 value 80\nAborting Test").Then([&](QMessageBox&) { ExpectSafe(); });
+        m_boxes.Expect(kAdapted + "EMF\n\n");
+        m_boxes.Expect(FailureText("No message"));
+        Robot::Press(kIdAutotuningStart);
+        EXPECT_EQ(Calls().count("read 424"), 5001);
+    });
+}
+
+TEST_F(SpeedFeedback, FineTuningOutlivesItsHandlerUntilSomebodyFinishesIt) {
+    const QString timedOut = "Parameter 4.24 value 50\nAborting Test";
+    for (const bool driveEnds : {false, true}) {
+        SetStepState(5, StepState::NotChosen);
+        OnPage([&] {
+            m_drive.tuningAt = driveEnds ? 101 : 50;
+            m_boxes.Expect(kRunsUp);
+            m_drive.found = 2;
+            m_boxes.Expect(kOffer);
+            m_boxes.Expect(kInstructions);
+            if (!driveEnds) {
+                m_boxes.Expect(timedOut);
+                m_boxes.Expect(FailureText("No message"));
+            }
+            Robot::Press(kIdAutotuningStart);
+            m_boxes.Verify();
+            EXPECT_EQ(Robot::Text(kIdAutotuningStart), "Finish");
+            EXPECT_FALSE(IsDone());
+            auto* tabs = Robot::Front()->findChild<QTabBar*>();
+            QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+            EXPECT_EQ(tabs->currentIndex(), 0) << "nobody leaves the tab while the motor turns";
+            Calls();
+            m_boxes.Expect(kFinished);
+            Robot::Press(kIdAutotuningStart);
+            EXPECT_EQ(Calls(), kStop + kRelease);
+            EXPECT_TRUE(IsDone());
+            ExpectSafe();
+        });
+    }
+}
+
+TEST_F(SpeedFeedback, RefusedTachoModeDoesNotStartTheMotor) {
+    OnPage([&] {
+        m_drive.onLook = [&](int look) {
+            if (look == 3)
+                m_drive.unwritable = {9906};
+        };
+        m_boxes.Expect(kRunsUp);
+        m_drive.found = 2;
+        m_boxes.Expect(kOffer);
+        m_boxes.Expect(kInstructions);
+        m_boxes.Expect("Writing parameter 99.06 Service mode failed: simulated failure");
+        m_boxes.Expect(FailureText("No message"));
+        m_boxes.Expect("Writing parameter 99.06 Service mode failed: simulated failure");
+        Robot::Press(kIdAutotuningStart);
+        EXPECT_EQ(Calls().count("start motor"), 1);
+        EXPECT_EQ(Robot::Text(kIdAutotuningStart), "Start");
+        ExpectSafe();
+    });
+}
+
+class TachoManual : public SpeedFeedback {
+protected:
+    void OnTab(const std::function<void()>& script) {
+        OnPage([&] {
+            ShowTab(1);
+            Robot::Drain();
+            m_drive.TakeLog();
+            script();
+        });
+    }
+    static void ShowTab(int index) {
+        auto* tabs = Robot::Front()->findChild<QTabBar*>();
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+    }
+    void TakeLocal() {
+        m_boxes.Expect(kWarning).WithIcon(QMessageBox::Warning);
+        Robot::Press(kIdLocalOrRemote);
+    }
+    static int Frame(int id) { return qobject_cast<CStripBitmapButton*>(Robot::Control(id))->GetShownFrame(); }
+    static constexpr int kDriveButtons[] = {kIdStartMotor, kIdStopMotor, kIdCloseContactor, kIdOpenContactor};
+    static void ExpectDriveButtons(bool enabled) {
+        for (const int id : kDriveButtons)
+            EXPECT_EQ(Robot::IsEnabled(id), enabled) << id;
+        EXPECT_EQ(Frame(kIdLocalOrRemote), enabled ? 1 : 0);
+    }
+};
+
+TEST_F(TachoManual, TurnsTheMotorWhileLocalControlIsHeld) {
+    OnTab([&] {
+        ExpectDriveButtons(false);
+        m_boxes.Expect(kWarning, Answer::Cancel);
+        Robot::Press(kIdLocalOrRemote);
+        EXPECT_EQ(Calls(), QStringList({"refresh", "refresh"}));
+        ExpectDriveButtons(false);
+        TakeLocal();
+        ExpectDriveButtons(true);
+        EXPECT_EQ(Calls(), QStringList({"refresh", "take local control", "refresh"}));
+        const std::pair<int, const char*> buttons[] = {{kIdCloseContactor, "close contactor"},
+                                                       {kIdStartMotor, "start motor"},
+                                                       {kIdStopMotor, "stop motor"},
+                                                       {kIdOpenContactor, "open contactor"}};
+        for (const auto& [id, call] : buttons) {
+            Robot::Press(id);
+            EXPECT_EQ(Calls(), QStringList({call}));
+        }
+        Robot::Press(kIdStartMotor);
+        Calls();
+        Robot::Press(kIdLocalOrRemote);
+        EXPECT_EQ(Calls(),
+                  QStringList({"refresh", "stop motor", "open contactor", "release local control", "refresh"}));
+        ExpectDriveButtons(false);
+    });
+}
+
+TEST_F(TachoManual, SendsTheReferenceByButtonAndEnter) {
+    OnTab([&] {
+        Robot::Type(kIdReference, "500");
+        EXPECT_EQ(Calls(), QStringList());
+        Robot::Press(kIdSetNewReference);
+        EXPECT_EQ(Calls(), QStringList({"set reference 500"}));
+        Robot::TypeOnly(kIdReference, "-250");
+        QTest::keyClick(Robot::Control(kIdReference), Qt::Key_Return);
+        EXPECT_EQ(Calls(), QStringList({"set reference -250"}));
+        EXPECT_EQ(Robot::Layout(), 110) << "Enter is not Next";
+        Robot::TypeOnly(kIdReference, "");
+        QTest::keyClick(Robot::Control(kIdReference), Qt::Key_Return);
+        EXPECT_EQ(Calls(), QStringList());
+    });
+}
+
+TEST_F(TachoManual, StepsTheAdjustment) {
+    OnTab([&] {
+        Robot::Press(kIdStepUp);
+        EXPECT_EQ(Calls(), QStringList({"read 8827", "write 8827=10050", "read 8827"}));
+        EXPECT_EQ(Robot::Text(ValueId(8827)), "100.50");
+        Robot::Press(kIdStepDown);
+        EXPECT_EQ(m_drive.words[8827], 10025);
+        m_drive.words[8827] = 20000;
+        m_boxes.Expect("*").Then([](QMessageBox& box) { EXPECT_TRUE(box.text().contains("88.27")); });
+        Robot::Press(kIdStepUp);
+        EXPECT_EQ(m_drive.words[8827], 20000) << "not beyond its limit";
+        m_drive.unreadable = {8827};
+        m_boxes.Expect("Reading parameter 88.27 Analog tacho adjust failed: simulated failure");
+        Robot::Press(kIdStepDown);
+        EXPECT_EQ(Calls().count("write 8827=19975"), 0) << "not from an old value";
+        m_drive.unreadable.clear();
+    });
+}
+
+TEST_F(TachoManual, WritesItsRowsAndShowsTheTachosSpeed) {
+    m_drive.words[105] = 1234;
+    OnTab([&] {
+        EXPECT_EQ(Robot::Text(kIdShownSpeed + kShownValue), "1234");
+        EXPECT_EQ(Robot::Text(kIdShownSpeed), "Parameter 105");
+        Robot::Type(ValueId(5013), "77");
+        Robot::Press(kApply);
+        EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList({"write 5013=77"}));
+    });
+}
+
+TEST_F(TachoManual, EveryWayOutStopsTheMotorAndGivesControlBack) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"other tab", [] { ShowTab(0); }},       {"next", [] { Robot::Press(kNext); }},
+        {"back", [] { Robot::Press(kBack); }},   {"cancel", [] { Robot::Press(kCancel); }},
+        {"close", [] { Robot::CloseWindow(); }},
+    };
+    for (const auto& [name, leave] : ways) {
+        OnTab([&, &leave = leave] {
+            TakeLocal();
+            Robot::Press(kIdCloseContactor);
+            Robot::Press(kIdStartMotor);
+            Calls();
+            leave();
+            const QStringList calls = m_drive.TakeLog({"stop motor", "open", "release"});
+            EXPECT_EQ(calls.mid(0, 3), QStringList({"stop motor", "open contactor", "release local control"})) << name;
+        });
+        ExpectSafe();
+    }
+}
+
+TEST(TachoManualWithout, ARangeHidesItsDisplay) {
+    class Drive : public FakeDrive {
+    public:
+        Drive() : FakeDrive(Without425()) {}
+        static std::vector<ParameterDescription> Without425() {
+            auto parameters = FeedbackDrive::Parameters();
+            std::erase_if(parameters, [](const ParameterDescription& p) { return p.reg == 425; });
+            return parameters;
+        }
+    } drive;
+    static const WizardFiles files("PAN\t1\tNothing\n");
+    drive.wizardPath = files.WizardPath();
+    MessageBoxes boxes;
+    RunWizardWith(drive, [&] {
+        Robot::Press(kBoxOfStep5);
+        Robot::Press(kNext);
+        auto* tabs = Robot::Front()->findChild<QTabBar*>();
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+        EXPECT_FALSE(Robot::Find(LabelId(425)));
+        EXPECT_FALSE(Robot::Find(ValueId(425)));
+        boxes.Expect("The wizard text file gives no step for the tacho adjustment.");
+        Robot::Press(kIdStepUp);
+        EXPECT_EQ(drive.TakeLog({"write"}), QStringList());
+    });
+}
+
+} // namespace
+} // namespace krt550
