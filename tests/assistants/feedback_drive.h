@@ -12,6 +12,9 @@ public:
         words[801] = 1;
         words[8827] = 10000;
         words[5003] = 3;
+        faultBufferError = 0;
+        faultRecord = QByteArray(74, 0);
+        faultRecord[0] = 10;
         onCall = [this](const QString& call) { Advance(call); };
     }
 
