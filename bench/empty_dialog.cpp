@@ -1,5 +1,5 @@
-// The least that a Qt dialog program can be: what the wizard's start-up is compared with. With an argument the dialog shows it
-// as a text, which makes Qt load its fonts.
+// The least that a Qt dialog program can be: what the wizard's start-up is compared with. With an argument the dialog
+// shows it as a text, which makes Qt load its fonts.
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>

@@ -13,19 +13,27 @@ struct FaultCode {
     const char* text;
 };
 
+inline constexpr quint16 kFaultOvercurrent = 101;
+inline constexpr quint16 kFaultOvervoltage = 102;
+inline constexpr quint16 kFaultMains = 103;
+inline constexpr quint16 kFaultFieldLoss = 104;
+inline constexpr quint16 kFaultOverspeed = 105;
+inline constexpr quint16 kFaultOvertemperature = 106;
+inline constexpr quint16 kFaultFeedback = 107;
 inline constexpr quint16 kFaultMainContactor = 108;
+inline constexpr quint16 kFaultConnection = 109;
 inline constexpr quint16 kFaultExternal = 110;
 
 inline constexpr std::array<FaultCode, 10> kFaultCodes = {{
-    {101, "armature overcurrent"},
-    {102, "armature overvoltage"},
-    {103, "mains voltage lost"},
-    {104, "field current lost"},
-    {105, "motor overspeed"},
-    {106, "motor overtemperature"},
-    {107, "speed feedback lost"},
+    {kFaultOvercurrent, "armature overcurrent"},
+    {kFaultOvervoltage, "armature overvoltage"},
+    {kFaultMains, "mains voltage lost"},
+    {kFaultFieldLoss, "field current lost"},
+    {kFaultOverspeed, "motor overspeed"},
+    {kFaultOvertemperature, "motor overtemperature"},
+    {kFaultFeedback, "speed feedback lost"},
     {kFaultMainContactor, "main contactor does not follow its command"},
-    {109, "connection lost in local control"},
+    {kFaultConnection, "connection lost in local control"},
     {kFaultExternal, "external trip"},
 }};
 

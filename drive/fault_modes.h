@@ -9,17 +9,25 @@ namespace krt550 {
 
 /// What a simulated drive can be told to do wrong.
 enum class FaultModeKind {
-    NoAnswer,        ///< the link is dead
-    ReadFails,       ///< reading one register fails
-    WriteRefused,    ///< writing one register is refused
-    LateAnswer,      ///< every reply comes late
-    OtherControl,    ///< another control place holds the drive
-    ContactorStuck,  ///< the main contactor stays where it is
-    Trip,            ///< the drive trips, and its cause stays
-    ShortRecord,     ///< the fault record is a short one
-    TruncatedRecord, ///< the fault record ends early
-    RecordError,     ///< reading the fault record ends in a communication error
-    MissingRegister  ///< the drive has no such register
+    NoAnswer,         ///< the link is dead
+    ReadFails,        ///< reading one register fails
+    WriteRefused,     ///< writing one register is refused
+    LateAnswer,       ///< every reply comes late
+    OtherControl,     ///< another control place holds the drive
+    ContactorStuck,   ///< the main contactor stays where it is
+    Trip,             ///< the drive trips, and its cause stays
+    MainsLost,        ///< no supply
+    FieldBroken,      ///< no current can flow in the field circuit
+    ArmatureBroken,   ///< nor in the armature circuit
+    MotorLocked,      ///< the shaft does not turn
+    FeedbackBroken,   ///< encoder or tacho give no signal
+    FeedbackReversed, ///< they are wired the wrong way round
+    EncoderPulses,    ///< the encoder has another number of pulses
+    TachoVoltage,     ///< the tacho gives another voltage
+    ShortRecord,      ///< the fault record is a short one
+    TruncatedRecord,  ///< the fault record ends early
+    RecordError,      ///< reading the fault record ends in a communication error
+    MissingRegister   ///< the drive has no such register
 };
 
 /// A fault mode with what it is about: a register, milliseconds, a fault code, a number of bytes or an error code;

@@ -32,13 +32,18 @@ double CRegisterFile::GetNumber(quint16 reg, double fallback) const {
 void CRegisterFile::SetWord(quint16 reg, quint16 word) {
     const auto place = m_places.constFind(reg);
     if (place != m_places.cend())
-        m_words[*place] = word;
+        Store(*place, word);
+}
+
+void CRegisterFile::Store(std::size_t place, quint16 word) {
+    if (std::exchange(m_words[place], word) != word && !m_descriptions[place].readOnly)
+        ++m_settingsVersion;
 }
 
 void CRegisterFile::SetNumber(quint16 reg, double shown) {
     const auto place = m_places.constFind(reg);
     if (place != m_places.cend())
-        m_words[*place] = NearestWord(m_descriptions[*place], shown);
+        Store(*place, NearestWord(m_descriptions[*place], shown));
 }
 
 bool CRegisterFile::ReadFromLink(quint16 reg, quint16& word, QString& error) const {

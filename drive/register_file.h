@@ -29,6 +29,9 @@ public:
     /// The same in shown units, held within what the data type can carry.
     void SetNumber(quint16 reg, double shown);
 
+    /// Another number whenever a register that is not read-only has changed.
+    quint32 GetSettingsVersion() const { return m_settingsVersion; }
+
     /// Reads over the link. False for an unknown register, with the reason in `error`; `word` then stays.
     bool ReadFromLink(quint16 reg, quint16& word, QString& error) const;
     /// Writes over the link. False for a register that is unknown or read-only, and for a word outside its limits
@@ -36,9 +39,12 @@ public:
     bool WriteFromLink(quint16 reg, quint16 word, QString& error);
 
 private:
+    void Store(std::size_t place, quint16 word);
+
     std::vector<ParameterDescription> m_descriptions;
     std::vector<quint16> m_words;
     QHash<quint16, std::size_t> m_places;
+    quint32 m_settingsVersion = 1;
 };
 
 /// What a drive answers when it is asked for a register that it does not have.

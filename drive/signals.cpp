@@ -5,6 +5,7 @@
 #include "drive/registers.h"
 
 #include <cmath>
+#include <utility>
 
 namespace krt550 {
 namespace {
@@ -13,9 +14,14 @@ constexpr double kSpeedTolerance = 0.01; ///< of base speed
 constexpr double kSpeedThreshold = 0.05; ///< of base speed
 
 // Bits of the auxiliary status word.
+constexpr quint16 kAuxFansOn = 1U << 0;
 constexpr quint16 kAuxContactorClosed = 1U << 1;
+constexpr quint16 kAuxFieldOn = 1U << 2;
 constexpr quint16 kAuxZeroSpeed = 1U << 3;
 constexpr quint16 kAuxLocalControl = 1U << 4;
+constexpr quint16 kAuxSecondBridge = 1U << 5;
+constexpr quint16 kAuxTuning = 1U << 6;
+constexpr quint16 kAuxWeakening = 1U << 7;
 
 quint16 MainStatus(const DriveSignals& state) {
     quint16 word = state.statusBits;
@@ -30,13 +36,18 @@ quint16 MainStatus(const DriveSignals& state) {
 }
 
 quint16 AuxiliaryStatus(const DriveSignals& state) {
+    const std::pair<bool, quint16> bits[] = {
+        {state.inputs.contactorClosed, kAuxFansOn | kAuxContactorClosed},
+        {state.fieldOn, kAuxFieldOn},
+        {state.inputs.standstill, kAuxZeroSpeed},
+        {state.place == ControlPlace::Local, kAuxLocalControl},
+        {state.secondBridge, kAuxSecondBridge},
+        {state.tuning, kAuxTuning},
+        {state.weakening, kAuxWeakening},
+    };
     quint16 word = 0;
-    if (state.inputs.contactorClosed)
-        word |= kAuxContactorClosed;
-    if (state.inputs.standstill)
-        word |= kAuxZeroSpeed;
-    if (state.place == ControlPlace::Local)
-        word |= kAuxLocalControl;
+    for (const auto& [set, bit] : bits)
+        word |= set ? bit : 0;
     return word;
 }
 
@@ -72,8 +83,6 @@ quint16 PlaceNumber(const DriveSignals& state) {
 } // namespace
 
 void ShowSignals(const DriveSignals& state, CRegisterFile& registers) {
-    for (const quint16 speed : {reg::kSpeedFiltered, reg::kSpeedEmf, reg::kSpeedEncoder, reg::kSpeed, reg::kSpeedTacho})
-        registers.SetNumber(speed, state.speed);
     for (const quint16 reference : {reg::kSpeedReference, reg::kSpeedReferenceSum})
         registers.SetNumber(reference, state.speedReference);
 

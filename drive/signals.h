@@ -20,6 +20,10 @@ struct DriveSignals {
     quint16 statusBits = 0; ///< 0 to 6
     bool driving = false;
     ControlPlace place = ControlPlace::Remote;
+    bool fieldOn = false;      ///< the field exciter is switched on
+    bool secondBridge = false; ///< bridge 2 carries the current
+    bool tuning = false;       ///< a service run is on
+    bool weakening = false;    ///< the flux is below full flux
     double speed = 0;          ///< [rpm]
     double speedReference = 0; ///< after the ramp [rpm]
     double baseSpeed = 0;      ///< [rpm]

@@ -4,34 +4,55 @@
 #include "drive/registers.h"
 #include "drive/simulated_drive.h"
 #include "hostlib/tolvbo32/dtoa.h"
+#include "hostlib/tolvbo32/value_codec.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace krt550 {
 
-bool CSimulatedDrive::ReadRegister(quint16 reg, quint16& word) {
+void CSimulatedDrive::Poll() {
     Advance();
+    m_silence = 0;
+}
+
+bool CSimulatedDrive::ReadRegister(quint16 reg, quint16& word) {
+    Poll();
     ++m_counters.reads[reg];
     return m_registers.ReadFromLink(reg, word, m_error);
 }
 
 bool CSimulatedDrive::WriteRegister(quint16 reg, quint16 word) {
-    Advance();
+    Poll();
     ++m_counters.writes[reg];
+    if (reg == reg::kHandTacho && !TakeHandTacho(word))
+        return false;
     if (!m_registers.WriteFromLink(reg, word, m_error))
         return false;
+    if (reg == reg::kServiceMode)
+        m_service.Write(word, GetServiceView(), m_registers);
     Settle();
     return true;
 }
 
+bool CSimulatedDrive::TakeHandTacho(quint16 word) {
+    const ParameterDescription* parameter = m_registers.FindDescription(reg::kHandTacho);
+    double tacho = 0;
+    const double shown = parameter ? ShownNumber(*parameter, word) : 0;
+    return m_service.TakeHandTacho(shown, tacho) ||
+           Refuse(QStringLiteral("%1 rpm cannot be the motor's speed while the drive's own tacho shows %2 rpm.")
+                      .arg(dtoa(shown, 0), dtoa(tacho, 0)));
+}
+
 QByteArray CSimulatedDrive::ReadFaultRecord() {
-    Advance();
+    Poll();
     ++m_counters.faultReads;
     return EncodeFaultRecord(RecordState::Complete, m_faultFields.value_or(FaultFields{}));
 }
 
 bool CSimulatedDrive::TakeLocalControl() {
-    Advance();
+    Poll();
     ++m_counters.localTakes;
     if (m_place == ControlPlace::Other)
         return Refuse(QStringLiteral("Another control place holds the drive."));
@@ -46,7 +67,7 @@ bool CSimulatedDrive::TakeLocalControl() {
 }
 
 bool CSimulatedDrive::ReleaseLocalControl() {
-    Advance();
+    Poll();
     ++m_counters.localReleases;
     if (RefuseWithoutLocalControl())
         return false;
@@ -56,10 +77,12 @@ bool CSimulatedDrive::ReleaseLocalControl() {
 }
 
 bool CSimulatedDrive::CloseContactor() {
-    Advance();
+    Poll();
     ++m_counters.contactorCloses;
     if (RefuseWithoutLocalControl())
         return false;
+    if (m_connectionLost)
+        return Refuse(QStringLiteral("The drive is stopping: the tool was not heard in time."));
     m_localWord |= control::kOn;
     Settle();
     const bool on = m_contactorClosed && m_logic.GetState() != DriveState::Inhibited;
@@ -67,7 +90,7 @@ bool CSimulatedDrive::CloseContactor() {
 }
 
 bool CSimulatedDrive::OpenContactor() {
-    Advance();
+    Poll();
     ++m_counters.contactorOpens;
     if (RefuseWithoutLocalControl())
         return false;
@@ -79,7 +102,7 @@ bool CSimulatedDrive::OpenContactor() {
 }
 
 bool CSimulatedDrive::StartMotor() {
-    Advance();
+    Poll();
     ++m_counters.motorStarts;
     if (RefuseWithoutLocalControl())
         return false;
@@ -93,7 +116,7 @@ bool CSimulatedDrive::StartMotor() {
 }
 
 bool CSimulatedDrive::StopMotor() {
-    Advance();
+    Poll();
     ++m_counters.motorStops;
     if (RefuseWithoutLocalControl())
         return false;
@@ -103,7 +126,7 @@ bool CSimulatedDrive::StopMotor() {
 }
 
 bool CSimulatedDrive::ResetFault() {
-    Advance();
+    Poll();
     ++m_counters.resets;
     Acknowledge();
     Settle();
@@ -113,7 +136,7 @@ bool CSimulatedDrive::ResetFault() {
 }
 
 bool CSimulatedDrive::SetSpeedReference(double rpm) {
-    Advance();
+    Poll();
     ++m_counters.references;
     if (RefuseWithoutLocalControl())
         return false;
@@ -136,6 +159,13 @@ void CSimulatedDrive::SetOtherControl(bool holds) {
 void CSimulatedDrive::SetContactorStuck(bool stuck) {
     Advance();
     m_contactorStuck = stuck;
+    Settle();
+}
+
+void CSimulatedDrive::SetMains(double voltage) {
+    Advance();
+    m_mains = std::max(0.0, voltage);
+    m_control.SetMains(m_mains);
     Settle();
 }
 

@@ -35,8 +35,9 @@ QByteArray DisturbedRecord(QByteArray record, const CFaultModes& modes) {
 
 } // namespace
 
-CSimulatedHostDrive::CSimulatedHostDrive(std::vector<ParameterDescription> descriptions, QString wizardFile)
-    : m_drive(std::move(descriptions)), m_info(std::move(wizardFile)) {
+CSimulatedHostDrive::CSimulatedHostDrive(std::vector<ParameterDescription> descriptions, QString wizardFile,
+                                         const MotorSet* motor)
+    : m_drive(std::move(descriptions), motor), m_info(std::move(wizardFile)) {
     FetchStatus();
 }
 
@@ -78,7 +79,7 @@ bool CSimulatedHostDrive::SetReference(const QString& reference) {
 
 bool CSimulatedHostDrive::RefreshState() {
     return Command([this] {
-        m_drive.Advance();
+        m_drive.Poll();
         return true;
     });
 }
@@ -194,6 +195,18 @@ void CSimulatedHostDrive::ClearFaultModes() {
 void CSimulatedHostDrive::ApplyFaultModes() {
     m_drive.SetOtherControl(m_modes.Has(FaultModeKind::OtherControl));
     m_drive.SetContactorStuck(m_modes.Has(FaultModeKind::ContactorStuck));
+    const FeedbackEquipment sound;
+    FeedbackEquipment& feedback = m_drive.GetFeedback();
+    feedback.broken = m_modes.Has(FaultModeKind::FeedbackBroken);
+    feedback.reversed = m_modes.Has(FaultModeKind::FeedbackReversed);
+    feedback.pulses = m_modes.Find(FaultModeKind::EncoderPulses).value_or(static_cast<quint32>(sound.pulses));
+    const auto voltage = m_modes.Find(FaultModeKind::TachoVoltage);
+    feedback.tachoVoltage = voltage ? *voltage : sound.tachoVoltage;
+    CDcMotor& motor = m_drive.GetMotor();
+    motor.SetFieldBroken(m_modes.Has(FaultModeKind::FieldBroken));
+    motor.SetArmatureBroken(m_modes.Has(FaultModeKind::ArmatureBroken));
+    motor.SetLocked(m_modes.Has(FaultModeKind::MotorLocked));
+    m_drive.SetMainsLost(m_modes.Has(FaultModeKind::MainsLost));
     m_drive.SetTripCause(static_cast<quint16>(m_modes.Find(FaultModeKind::Trip).value_or(0)));
 }
 

@@ -29,8 +29,10 @@ inline constexpr quint32 kFault = 8;
 /// Fault modes may be switched on and off at any time, also during a call's wait.
 class CSimulatedHostDrive : public CHostDrive {
 public:
-    /// `wizardFile` is what CDriveInfo::GetWizardPath answers: a file in the wizard directory.
-    CSimulatedHostDrive(std::vector<ParameterDescription> descriptions, QString wizardFile);
+    /// `wizardFile` is what CDriveInfo::GetWizardPath answers: a file in the wizard directory. `motor` as
+    /// CSimulatedDrive takes it.
+    CSimulatedHostDrive(std::vector<ParameterDescription> descriptions, QString wizardFile,
+                        const MotorSet* motor = nullptr);
     ~CSimulatedHostDrive() override;
 
     /// The drive itself: its registers, its state and the counters of what it was told.

@@ -1,16 +1,40 @@
 #include "host/connect_drive.h"
 
+#include "drive/motor_sets.h"
 #include "host/drive_name.h"
 #include "host/simulated_connection.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace krt550 {
 namespace {
 
+struct Feedback {
+    const char* name;
+    FeedbackDevice device;
+};
+
+constexpr Feedback kFeedbacks[] = {
+    {"encoder", FeedbackDevice::Encoder}, {"tacho", FeedbackDevice::Tacho}, {"none", FeedbackDevice::None}};
+
+const Feedback* FindFeedback(const QString& name) {
+    const auto* const found =
+        std::ranges::find_if(kFeedbacks, [&name](const Feedback& known) { return name == QLatin1String(known.name); });
+    return found == std::end(kFeedbacks) ? nullptr : found;
+}
+
 /// The first thing in the name that the simulated drive does not know; empty when there is none.
 QString UnknownTo(const DriveName& name) {
-    if (!name.motor.isEmpty())
-        return QStringLiteral("motor \"%1\"").arg(name.motor);
-    return name.options.isEmpty() ? QString() : QStringLiteral("option \"%1\"").arg(name.options.first().first);
+    if (!name.motor.isEmpty() && !FindMotorSet(name.motor))
+        return QStringLiteral("motor \"%1\"; its motors are: %2").arg(name.motor, MotorSetNames());
+    for (const auto& [option, value] : name.options) {
+        if (option != QLatin1String("feedback"))
+            return QStringLiteral("option \"%1\"").arg(option);
+        if (!FindFeedback(value))
+            return QStringLiteral("feedback \"%1\"; there are: encoder, tacho, none").arg(value);
+    }
+    return {};
 }
 
 } // namespace
@@ -29,8 +53,11 @@ std::unique_ptr<CConnection> ConnectDrive(const QString& text, std::vector<Param
         return nullptr;
     }
     // The information names a file in the wizard directory, as a host does that knows where its module lies.
-    auto connection = std::make_unique<CSimulatedConnection>(std::move(parameters),
-                                                             wizardDirectory + QLatin1String("/KRT550Wizard.so"));
+    auto connection = std::make_unique<CSimulatedConnection>(
+        std::move(parameters), wizardDirectory + QLatin1String("/KRT550Wizard.so"),
+        name->motor.isEmpty() ? DefaultMotorSet() : *FindMotorSet(name->motor));
+    for (const auto& option : name->options)
+        connection->SetFeedback(FindFeedback(option.second)->device);
     for (const QString& fault : name->faults) {
         error = connection->SwitchFault(fault);
         if (!error.isEmpty()) {

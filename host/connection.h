@@ -4,6 +4,8 @@
 #include "hostlib/tolvbo32/parameter_description.h"
 #include "hostlib/tolvbo32/parameter_link.h"
 
+#include <optional>
+
 namespace krt550 {
 
 /// A drive that the tool has connected, whatever its kind.
@@ -24,6 +26,10 @@ public:
     virtual void PokeWord(quint16 reg, quint16 word) = 0;
     /// Switches a fault on, or all of them off: "none". Returns what went wrong, or an empty text.
     virtual QString SwitchFault(const QString& name) = 0;
+
+    /// What the motor itself would have in a register that tells about it, in shown units; nothing when it is not
+    /// known, as with any drive that is not simulated.
+    virtual std::optional<double> TrueValue(quint16 reg) = 0;
 };
 
 } // namespace krt550

@@ -1,7 +1,10 @@
 #include "host/drive_stage.h"
 
 #include "host/call_log.h"
+#include "hostlib/tolvbo32/dtoa.h"
 #include "hostlib/tolvbo32/value_codec.h"
+
+#include <cmath>
 
 namespace krt550 {
 namespace {
@@ -34,6 +37,21 @@ QString CDriveStage::DescribeDrive(quint16 reg) {
         return NoSuchText(reg);
     const ParameterDescription& parameter = *m_connection.FindParameter(reg);
     return QStringLiteral("%1: %2 %3").arg(parameter.displayName(), *text, parameter.unit).trimmed();
+}
+
+QString CDriveStage::CompareWithMotor(quint16 reg, int percent, bool& isNear) {
+    isNear = false;
+    const ParameterDescription* parameter = m_connection.FindParameter(reg);
+    if (!parameter)
+        return NoSuchText(reg);
+    const std::optional<double> truth = m_connection.TrueValue(reg);
+    if (!truth || *truth == 0)
+        return QStringLiteral("nobody knows what the motor itself has for %1").arg(reg);
+    const double found = ShownNumber(*parameter, m_connection.PeekWord(reg));
+    const double away = (found - *truth) / *truth * 100;
+    isNear = std::abs(away) <= percent;
+    return QStringLiteral("%1, the motor's own: %2 %3 (%4 %)")
+        .arg(DescribeDrive(reg), dtoa(*truth, parameter->decimals), parameter->unit, dtoa(away, 1));
 }
 
 const QStringList& CDriveStage::LogLines() const {

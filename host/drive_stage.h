@@ -16,6 +16,7 @@ public:
     QString ChangeDrive(quint16 reg, const QString& text) override;
     std::optional<QString> DriveText(quint16 reg) override;
     QString DescribeDrive(quint16 reg) override;
+    QString CompareWithMotor(quint16 reg, int percent, bool& isNear) override;
     QString SwitchFault(const QString& name) override { return m_connection.SwitchFault(name); }
     const QStringList& LogLines() const override;
     void ClearLog() override;

@@ -1,6 +1,7 @@
 #include "host/options.h"
 
 #include "drive/fault_modes.h"
+#include "drive/motor_sets.h"
 #include "host/play/vocabulary.h"
 
 #include <iterator>
@@ -88,12 +89,15 @@ QString HelpText() {
     }
     text += QStringLiteral(
                 "\n"
-                "The simulated drive has one option, fault=NAME, as often as needed. Its faults:\n%1\n"
-                "--drive sim,fault=missing:3016 is a drive without that parameter.\n\n"
+                "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none, and\n"
+                "fault=NAME, as often as needed. Its faults:\n%2\n"
+                "--drive sim:S1,feedback=tacho,fault=missing:3016 is the motor S1 with a tacho and a drive without\n"
+                "that parameter.\n\n"
                 "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
                 "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed or the wizard did\n"
                 "not run; 2 a wrong option, or a file that cannot be read or written.\n\n")
-                .arg(FaultModeNames().prepend(QLatin1String("  ")).replace(QLatin1String(", "), QLatin1String("\n  ")));
+                .arg(MotorSetNames(),
+                     FaultModeNames().prepend(QLatin1String("  ")).replace(QLatin1String(", "), QLatin1String("\n  ")));
     return text + PlayHelpText();
 }
 

@@ -11,6 +11,10 @@ QString CSimulatedConnection::SwitchFault(const QString& name) {
     return error;
 }
 
+std::optional<double> CSimulatedConnection::TrueValue(quint16 reg) {
+    return m_drive.GetDrive().GetTrueValue(reg);
+}
+
 CRegisterFile& CSimulatedConnection::Registers() {
     m_drive.GetDrive().Advance();
     return m_drive.GetDrive().GetRegisters();

@@ -8,8 +8,11 @@ namespace krt550 {
 /// The simulated drive as the tool connects it.
 class CSimulatedConnection : public CConnection {
 public:
-    CSimulatedConnection(std::vector<ParameterDescription> parameters, const QString& wizardFile)
-        : m_drive(std::move(parameters), wizardFile) {}
+    CSimulatedConnection(std::vector<ParameterDescription> parameters, const QString& wizardFile, const MotorSet& motor)
+        : m_drive(std::move(parameters), wizardFile, &motor) {}
+
+    /// What is mounted at the motor's shaft end.
+    void SetFeedback(FeedbackDevice device) { m_drive.GetDrive().GetFeedback().device = device; }
 
     CHostDrive& GetDrive() override { return m_drive; }
     CParameterLink& GetLink() override { return m_drive.GetLink(); }
@@ -18,6 +21,7 @@ public:
     quint16 PeekWord(quint16 reg) override { return Registers().GetWord(reg); }
     void PokeWord(quint16 reg, quint16 word) override { Registers().SetWord(reg, word); }
     QString SwitchFault(const QString& name) override;
+    std::optional<double> TrueValue(quint16 reg) override;
 
 private:
     /// Registers of this moment: the drive has gone on since it was last asked.

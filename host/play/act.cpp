@@ -123,6 +123,16 @@ QString Shoot(const QString& directory, const QString& name) {
     return {};
 }
 
+QString Compare(const Arguments& arguments, const ActingContext& context) {
+    bool isNear = false;
+    const QString text =
+        context.stage.CompareWithMotor(static_cast<quint16>(arguments.number), arguments.percent, isNear);
+    if (!isNear)
+        return text;
+    context.print(QLatin1String("  ") + text);
+    return {};
+}
+
 QString Close(const Arguments& arguments) {
     QWidget* window = arguments.hasText ? FindWindow(arguments.text) : FrontWindow();
     if (!window)
@@ -163,6 +173,8 @@ QString Act(const PlayAction& action, const ActingContext& context) {
     case Verb::Show:
         context.print(QLatin1String("  ") + context.stage.DescribeDrive(reg));
         return {};
+    case Verb::Compare:
+        return Compare(arguments, context);
     case Verb::ClearLog:
         context.stage.ClearLog();
         return {};
@@ -183,6 +195,7 @@ bool LooksPastBoxes(Verb verb) {
     case Verb::Drive:
     case Verb::Fault:
     case Verb::Show:
+    case Verb::Compare:
     case Verb::Say:
     case Verb::ClearLog:
         return true;

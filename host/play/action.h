@@ -23,6 +23,7 @@ enum class Verb {
     Drive,
     Fault,
     Show,
+    Compare,
     Say,
     ClearLog,
     Close
@@ -58,6 +59,7 @@ enum class BoxAnswer { Ok, Cancel, Yes, No };
 /// The arguments of a verb or a condition, read and checked.
 struct Arguments {
     int number = 0;          ///< control id, register, page index, layout, count or per cent
+    int percent = 0;         ///< of the verb Compare
     bool byRegister = false; ///< `number` is the register of a parameter row
     double seconds = 0;
     BoxAnswer answer = BoxAnswer::Ok;

@@ -68,6 +68,8 @@ QString ReadWord(ArgumentKind kind, const QString& word, Arguments& arguments) {
         return ReadNumber(word, 0, kMaxInt, arguments.number) ? QString() : Bad("a number", word);
     case ArgumentKind::Percent:
         return ReadNumber(word, 0, 100, arguments.number) ? QString() : Bad("a number from 0 to 100", word);
+    case ArgumentKind::Tolerance:
+        return ReadNumber(word, 0, 100, arguments.percent) ? QString() : Bad("a number from 0 to 100", word);
     case ArgumentKind::Seconds:
         return ReadSeconds(word, arguments.seconds) ? QString() : Bad("a number of seconds", word);
     case ArgumentKind::Answer:

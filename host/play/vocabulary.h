@@ -17,6 +17,7 @@ enum class ArgumentKind {
     PageIndex,
     Number,
     Percent,
+    Tolerance,
     Seconds,
     Answer,
     KeyName,

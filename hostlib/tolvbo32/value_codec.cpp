@@ -29,7 +29,10 @@ Range RawRange(DataType type) {
 }
 
 double Scale(const ParameterDescription& parameter) {
-    return std::pow(10.0, parameter.decimals);
+    double scale = 1;
+    for (int i = 0; i < parameter.decimals; ++i)
+        scale *= 10;
+    return scale;
 }
 
 Range ShownRange(const ParameterDescription& parameter) {

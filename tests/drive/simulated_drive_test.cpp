@@ -11,6 +11,7 @@ namespace {
 
 constexpr quint16 kRemoteOn = control::kByOverridingControl | control::kIdle | control::kOn;
 constexpr quint16 kRemoteRun = kRemoteOn | control::kRun;
+constexpr double kFollows = 25; ///< a motor follows its reference so far behind [rpm]
 
 class SimulatedDriveTest : public testing::Test {
 protected:
@@ -43,21 +44,24 @@ TEST_F(SimulatedDriveTest, RunsUpAndDownInTheRampTimes) {
     EXPECT_EQ(Status(), 0b1000110001) << "ready, no stop active, control requested";
     Run(1500);
     EXPECT_FALSE(m_drive.IsStopped());
+    Seconds(2);
+    const double start = Speed();
+    EXPECT_GT(start, 0) << "the field is there";
     Seconds(5);
-    EXPECT_EQ(Speed(), 750);
-    EXPECT_EQ(m_drive.GetRegisters().GetNumber(reg::kSpeedReference, 0), 750);
-    EXPECT_EQ(m_drive.GetRegisters().GetNumber(reg::kSpeedEmf, 0), 750);
-    Seconds(10);
-    EXPECT_EQ(Speed(), 1500);
+    EXPECT_NEAR(Speed(), start + 750, kFollows);
+    EXPECT_NEAR(m_drive.GetRegisters().GetNumber(reg::kSpeedReference, 0), Speed(), kFollows);
+    EXPECT_NEAR(m_drive.GetRegisters().GetNumber(reg::kSpeedEmf, 0), Speed(), 2 * kFollows);
+    Seconds(15);
+    EXPECT_NEAR(Speed(), 1500, 1);
     EXPECT_EQ(Status(), 0b10100110111) << "in operation, at its reference, above the threshold";
 
     ASSERT_TRUE(m_drive.StopMotor());
     ASSERT_TRUE(m_drive.OpenContactor());
-    Seconds(4.9);
+    Seconds(4.8);
     EXPECT_NE(Status() & status::kOperationEnabled, 0) << "a motor that is still driven denies the next start";
     EXPECT_FALSE(m_drive.IsStopped());
     EXPECT_TRUE(m_drive.IsContactorClosed()) << "opens without current only";
-    Seconds(0.2);
+    Seconds(1);
     EXPECT_EQ(Speed(), 0);
     EXPECT_TRUE(m_drive.IsStopped());
     EXPECT_FALSE(m_drive.IsContactorClosed());
@@ -72,7 +76,7 @@ TEST_F(SimulatedDriveTest, StopKeepsTheContactorClosedForTheNextStart) {
     EXPECT_TRUE(m_drive.IsContactorClosed());
     ASSERT_TRUE(m_drive.StartMotor());
     Seconds(1);
-    EXPECT_EQ(Speed(), -150);
+    EXPECT_NEAR(Speed(), -150, kFollows) << "the field has stayed";
 }
 
 TEST_F(SimulatedDriveTest, CommandsNeedLocalControlAndTheirOrder) {
@@ -135,20 +139,20 @@ TEST_F(SimulatedDriveTest, OverridingControlRunsTheDriveByItsControlWord) {
     Remote(kRemoteRun & ~control::kOn);
     Remote(kRemoteRun);
     Seconds(5);
-    EXPECT_EQ(Speed(), 300);
+    EXPECT_NEAR(Speed(), 300, 1);
     EXPECT_EQ(m_drive.GetRegisters().GetWord(reg::kUsedControlWord), kRemoteRun);
     EXPECT_NE(Status() & (status::kReadyToOperate | status::kOperationEnabled), 0);
 
     Remote(kRemoteRun & ~control::kUnfreezeRamp);
     m_drive.GetRegisters().SetNumber(reg::kRemoteReference, 900);
     Seconds(5);
-    EXPECT_EQ(Speed(), 300) << "frozen";
+    EXPECT_NEAR(Speed(), 300, 1) << "frozen";
     Remote(kRemoteRun & ~control::kEnableSetpoint);
     Seconds(0.5);
-    EXPECT_EQ(Speed(), 150) << "ramps to 0";
+    EXPECT_NEAR(Speed(), 150, kFollows) << "ramps to 0";
     Remote(kRemoteRun & ~control::kEnableRamp);
-    Seconds(0.01);
-    EXPECT_EQ(Speed(), 0) << "at once";
+    Seconds(0.2);
+    EXPECT_NEAR(Speed(), 0, kFollows) << "as fast as the current limit lets it";
 }
 
 TEST_F(SimulatedDriveTest, CoastAndQuickStopDifferInTheirWayToStandstill) {
@@ -157,15 +161,15 @@ TEST_F(SimulatedDriveTest, CoastAndQuickStopDifferInTheirWayToStandstill) {
         quint16 bit;
         double speedAfterHalfASecond;
         bool contactor;
-    } cases[] = {{control::kNoCoastStop, 1425, false}, {control::kNoQuickStop, 750, true}};
+    } cases[] = {{control::kNoCoastStop, 1300, false}, {control::kNoQuickStop, 750, true}};
     for (const auto& c : cases) {
         Remote(kRemoteOn & ~control::kOn);
         Remote(kRemoteRun);
         Seconds(30);
-        ASSERT_EQ(Speed(), 1500);
+        ASSERT_NEAR(Speed(), 1500, 1);
         Remote(kRemoteRun & ~c.bit);
         Seconds(0.5);
-        EXPECT_EQ(Speed(), c.speedAfterHalfASecond);
+        EXPECT_NEAR(Speed(), c.speedAfterHalfASecond, 50);
         EXPECT_EQ(m_drive.IsContactorClosed(), c.contactor);
         Seconds(30);
         Remote(kRemoteRun);
@@ -186,11 +190,11 @@ TEST_F(SimulatedDriveTest, LocalControlTakesOverWithoutAJerkAndGivesBackWithASto
     ASSERT_TRUE(m_drive.TakeLocalControl());
     EXPECT_EQ(Status() & status::kControlRequested, 0);
     Seconds(5);
-    EXPECT_EQ(Speed(), 600);
+    EXPECT_NEAR(Speed(), 600, 1);
 
     Remote(0);
     Seconds(5);
-    EXPECT_EQ(Speed(), 600) << "the overriding control has nothing to say now";
+    EXPECT_NEAR(Speed(), 600, 1) << "the overriding control has nothing to say now";
     ASSERT_TRUE(m_drive.ReleaseLocalControl());
     Seconds(5);
     EXPECT_TRUE(m_drive.IsStopped());
@@ -218,7 +222,8 @@ TEST_F(SimulatedDriveTest, TripCoastsAndIsRememberedUntilItIsReset) {
     EXPECT_EQ(Status() & (status::kFault | status::kInhibited), status::kFault | status::kInhibited);
     EXPECT_FALSE(m_drive.IsContactorClosed());
     Seconds(1);
-    EXPECT_EQ(Speed(), 750) << "coasts";
+    EXPECT_GT(Speed(), 400) << "coasts";
+    EXPECT_LT(Speed(), 850);
     ASSERT_TRUE(m_drive.GetFaultFields());
     EXPECT_EQ(m_drive.GetFaultFields()->at(1).value, 104U);
     EXPECT_EQ(m_drive.GetFaultFields()->at(0).value, 100000U) << "10 s after power-up";
@@ -269,17 +274,6 @@ TEST_F(SimulatedDriveTest, StuckContactorFailsTheCommandAndThenTrips) {
     EXPECT_TRUE(m_drive.IsContactorClosed());
 }
 
-TEST_F(SimulatedDriveTest, ServiceModeKeepsWhatIsWritten) {
-    ASSERT_TRUE(m_drive.WriteRegister(reg::kServiceMode, 2));
-    Seconds(600);
-    quint16 mode = 0;
-    ASSERT_TRUE(m_drive.ReadRegister(reg::kServiceMode, mode));
-    EXPECT_EQ(mode, 2);
-    ASSERT_TRUE(m_drive.WriteRegister(reg::kServiceMode, 0));
-    EXPECT_EQ(m_drive.GetCounters().writes[reg::kServiceMode], 2);
-    EXPECT_EQ(m_drive.GetCounters().reads[reg::kServiceMode], 1);
-}
-
 TEST(SimulatedDriveWithoutRegisters, StillSwitchesTurnsAndTrips) {
     CSteppedClock clock;
     const ClockScope scope(clock);
@@ -290,7 +284,7 @@ TEST(SimulatedDriveWithoutRegisters, StillSwitchesTurnsAndTrips) {
     ASSERT_TRUE(drive.StartMotor());
     clock.Sleep(60000);
     drive.Advance();
-    EXPECT_EQ(drive.GetSpeed(), 1000);
+    EXPECT_NEAR(drive.GetSpeed(), 1000, 1);
     drive.Trip(kFaultExternal);
     EXPECT_EQ(drive.ReadFaultRecord().size(), kFaultRecordSize);
 }
@@ -308,9 +302,9 @@ TEST(SimulatedDriveClock, AClockThatStartsAnewDoesNotTurnTimeBack) {
     const ClockScope secondScope(second);
     drive.Advance();
     EXPECT_EQ(drive.GetSpeed(), 0);
-    second.Sleep(1000);
+    second.Sleep(5000);
     drive.Advance();
-    EXPECT_NEAR(drive.GetSpeed(), 150, 1e-6);
+    EXPECT_GT(drive.GetSpeed(), 300);
 }
 
 } // namespace

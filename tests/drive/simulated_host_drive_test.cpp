@@ -55,7 +55,7 @@ TEST_F(SimulatedHostDriveTest, StateIsWhatTheDriveAnsweredLast) {
     ASSERT_TRUE(m_host.StartMotor());
     EXPECT_EQ(m_host.GetStatusWord(),
               host_status::kContactorClosed | host_status::kRunning | host_status::kLocalControl);
-    m_clock.Sleep(1000);
+    m_clock.Sleep(5000);
     ASSERT_TRUE(m_host.StopMotor());
     m_clock.Sleep(60000);
     EXPECT_EQ(m_host.GetStatusWord() & kStatusStopped, 0U) << "nobody has asked the drive since";

@@ -1,4 +1,3 @@
-#include "drive/motor.h"
 #include "drive/speed_ramp.h"
 
 #include <gtest/gtest.h>
@@ -35,19 +34,6 @@ TEST(SpeedRamp, RampTimeOfZeroIsAtOnce) {
     ramp.Step(0.001, 1200, {RampSlope(1500, 0), RampSlope(1500, 0)});
     EXPECT_EQ(ramp.GetOutput(), 1200);
     EXPECT_EQ(RampSlope(-1500, 10), 150);
-}
-
-TEST(Motor, FollowsItsDriveAndCoastsDownToStandstill) {
-    CMotor motor;
-    motor.Step(0.1, -900.0);
-    EXPECT_EQ(motor.GetSpeed(), -900);
-    double former = motor.GetSpeed();
-    for (int second = 0; second < 60; ++second) {
-        motor.Step(1, std::nullopt);
-        EXPECT_TRUE(motor.GetSpeed() > former || motor.GetSpeed() == 0);
-        former = motor.GetSpeed();
-    }
-    EXPECT_EQ(motor.GetSpeed(), 0);
 }
 
 } // namespace

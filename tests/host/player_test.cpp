@@ -21,6 +21,10 @@ public:
     }
     std::optional<QString> DriveText(quint16) override { return value; }
     QString DescribeDrive(quint16) override { return QStringLiteral("Speed: ") + value; }
+    QString CompareWithMotor(quint16 reg, int percent, bool& isNear) override {
+        isNear = percent >= 3;
+        return QStringLiteral("%1 lies 3 % away").arg(reg);
+    }
     QString SwitchFault(const QString& name) override { return QStringLiteral("there is no fault ") + name; }
     const QStringList& LogLines() const override { return lines; }
     void ClearLog() override { lines.clear(); }

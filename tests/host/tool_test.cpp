@@ -107,14 +107,14 @@ TEST_F(Tool, RefusesWrongOptionsAndFilesInOneLine) {
 }
 
 TEST_F(Tool, PlaysAScriptAndLogsTheCalls) {
-    Write("a.play", "expect title 350\nstart\nset 9902 44\nshow 9902\nshot step.png\nexpect log \"ReadWord 9902\"\n"
+    Write("a.play", "expect title 240\nstart\nset 9902 44\nshow 9902\nshot step.png\nexpect log \"ReadWord 9902\"\n"
                     "press cancel\nwait closed\ndrive 9902 500\nexpect drive 9902 500\n");
     EXPECT_EQ(Run("--play ~/a.play --log - --shots ~/pictures"), 0) << m_errors.toStdString();
     EXPECT_EQ(m_errors, QString());
     EXPECT_TRUE(m_output.contains(QStringLiteral("a.play:3  set 9902 44\n")));
-    EXPECT_TRUE(m_output.contains(QStringLiteral("  99.02 Motor 1 nominal voltage: 350 V\n")));
+    EXPECT_TRUE(m_output.contains(QStringLiteral("  99.02 Motor 1 nominal voltage: 240 V\n")));
     EXPECT_TRUE(m_output.contains(QStringLiteral("RunWizard returned 0\n")));
-    EXPECT_EQ(Calls(), QStringList({QStringLiteral("GetParameterRoot ok"), QStringLiteral("ReadWord 9902 350 ok"),
+    EXPECT_EQ(Calls(), QStringList({QStringLiteral("GetParameterRoot ok"), QStringLiteral("ReadWord 9902 240 ok"),
                                     QStringLiteral("TakeLocalControl ok"), QStringLiteral("ReleaseLocalControl ok")}));
     EXPECT_TRUE(QFile::exists(Path("pictures/step.png")));
 }
@@ -151,7 +151,7 @@ TEST_F(Tool, NeedsNoDisplayForAPlayOnly) {
     m_process.setProcessEnvironment(environment);
     EXPECT_EQ(Run(""), 1);
     EXPECT_TRUE(m_errors.contains(QLatin1String("there is no display"))) << m_errors.toStdString();
-    Write("a.play", "expect title 350\n");
+    Write("a.play", "expect title 240\n");
     EXPECT_EQ(Run("--play ~/a.play"), 0) << m_errors.toStdString();
 }
 

@@ -56,7 +56,7 @@ TEST_F(Module, KeepsStepStatesFromOneRunToTheNext) {
         Robot::Press(kNext);
     });
     EXPECT_EQ(Digits(), "1000000");
-    Run([this] {
+    Run([] {
         EXPECT_EQ(Digits(), "1000000");
         EXPECT_FALSE(Robot::IsEnabled(kNext)) << "a new run starts with nothing ticked";
     });

@@ -62,7 +62,7 @@ TEST_F(StartPage, EnablesNextForTickedBoxesThatAreOffered) {
 }
 
 TEST_F(StartPage, WalksTheTickedPagesInPageOrderAndComesBack) {
-    Run([this] {
+    Run([] {
         Robot::Press(kView);
         for (const int page : {7, 2, 12})
             Robot::Press(kBoxes[page]);
@@ -90,7 +90,7 @@ TEST_F(StartPage, WalksTheTickedPagesInPageOrderAndComesBack) {
 }
 
 TEST_F(StartPage, StartWalksBasicCommissioningWhateverIsTicked) {
-    Run([this] {
+    Run([] {
         Robot::Press(kBoxes[5]);
         Robot::Press(kStart);
         for (int page = 1; page <= 7; ++page) {

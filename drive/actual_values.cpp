@@ -1,0 +1,93 @@
+#include "drive/actual_values.h"
+
+#include "drive/drive_settings.h"
+#include "drive/motor_control.h"
+#include "drive/register_file.h"
+#include "drive/registers.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace krt550 {
+namespace {
+
+constexpr double kRpm = 30 / std::numbers::pi;
+constexpr double kDegrees = 180 / std::numbers::pi;
+constexpr double kLeastFlux = 0.05; ///< without field the EMF tells nothing about the speed
+
+constexpr quint16 kFirstOutputIndex = 1401; ///< index and bit number in turn, for eight outputs
+constexpr int kOutputs = 8;
+
+double SpeedByEmf(const MotorState& state, const ActualValues& values, const DriveSettings& settings) {
+    if (std::abs(state.fieldCurrent) < kLeastFlux * settings.ratedFieldCurrent)
+        return 0;
+    return (state.armatureVoltage - values.resistance * state.armatureCurrent) / values.fluxConstant;
+}
+
+} // namespace
+
+void ShowActualValues(const MotorState& state, const ActualValues& values, const DriveSettings& settings,
+                      CRegisterFile& registers) {
+    const double current = state.armatureCurrent / settings.ratedCurrent * 100;
+    const double torque = state.torque / values.torqueAtFullFlux * 100;
+    const double power = state.armatureVoltage * state.armatureCurrent;
+    const double field = state.fieldCurrent / settings.ratedFieldCurrent;
+    const double reference = state.currentReference / settings.ratedCurrent * 100;
+    const double speedError = state.bridge ? state.speedReference - state.signals.used : 0;
+    const std::pair<quint16, double> numbers[] = {
+        {reg::kSpeedFiltered, values.filteredSpeed * kRpm},
+        {reg::kSpeedEmf, SpeedByEmf(state, values, settings) * kRpm},
+        {reg::kSpeedEncoder, state.signals.encoder * kRpm},
+        {reg::kSpeed, state.signals.used * kRpm},
+        {reg::kSpeedTacho, state.signals.tacho * kRpm},
+        {reg::kCurrentRelative, current},
+        {reg::kTorqueFiltered, torque},
+        {reg::kTorqueRelative, torque},
+        {reg::kTorque, state.torque},
+        {reg::kSpeedRelative, state.speed / settings.baseSpeed * 100},
+        {reg::kMainsRelative, values.mains / settings.ratedMains * 100},
+        {reg::kMainsVoltage, values.mains},
+        {reg::kVoltageRelative, state.armatureVoltage / settings.ratedVoltage * 100},
+        {reg::kArmatureVoltage, state.armatureVoltage},
+        {reg::kConverterRelative,
+         state.armatureCurrent / registers.GetNumber(reg::kConverterCurrent, settings.ratedCurrent) * 100},
+        {reg::kArmatureCurrent, state.armatureCurrent},
+        {reg::kEmfRelative, state.emf / settings.ratedVoltage * 100},
+        {reg::kEmf, state.emf},
+        {reg::kPower, power / 1000},
+        {reg::kPowerRelative, power / (settings.ratedVoltage * settings.ratedCurrent) * 100},
+        {reg::kTemperatureRise, values.temperatureRise * 100},
+        {reg::kFiringAngle, std::acos(state.bridge ? state.cosine : settings.cosineLow) * kDegrees},
+        {reg::kCurrentReference, reference},
+        {reg::kSpeedError, speedError * kRpm},
+        {reg::kFieldRelative, field * 100},
+        {reg::kFieldCurrent, state.fieldCurrent},
+        {reg::kFieldVoltage, state.fieldVoltage},
+        {reg::kFlux, settings.fluxOfField(std::abs(field)) * 100},
+        {reg::kTorqueUsed, state.torqueReference * 100},
+        {reg::kReferenceOfCurrent, reference},
+        {reg::kReferenceLimited, reference},
+        {reg::kFluxReference, state.fluxReference * 100},
+        {reg::kFieldReference, state.fieldReference * 100},
+    };
+    for (const auto& [reg, number] : numbers)
+        registers.SetNumber(reg, number);
+    registers.SetWord(reg::kBridgeUsed, state.bridge > 0 ? 1 : state.bridge < 0 ? 2 : 0);
+}
+
+void ShowDigitalOutputs(CRegisterFile& registers) {
+    quint16 outputs = 0;
+    for (int i = 0; i < kOutputs; ++i) {
+        const auto place = static_cast<quint16>(kFirstOutputIndex + 2 * i);
+        const int index = static_cast<int>(registers.GetNumber(place, 0));
+        const int bit = static_cast<int>(registers.GetNumber(place + 1, 0));
+        if (index == 0 || bit < 0 || bit > 15)
+            continue;
+        const bool set = (registers.GetWord(static_cast<quint16>(std::abs(index))) >> bit & 1) != 0;
+        if (set != (index < 0)) // a negative index inverts
+            outputs |= static_cast<quint16>(1U << i);
+    }
+    registers.SetWord(reg::kDigitalOutputs, outputs);
+}
+
+} // namespace krt550

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace krt550 {
+
+class CRegisterFile;
+struct DriveSettings;
+struct MotorState;
+
+/// What the actual values are made of beside the motor's state.
+struct ActualValues {
+    double filteredSpeed = 0;    ///< [rad/s]
+    double fluxConstant = 0;     ///< [V*s]
+    double resistance = 0;       ///< of the armature as the EMF measurement knows it [Ohm]
+    double mains = 0;            ///< [V]
+    double temperatureRise = 0;  ///< relative
+    double torqueAtFullFlux = 0; ///< rated torque [N*m]
+};
+
+/// Puts currents, voltages, speeds, torques and references into the registers that show them.
+void ShowActualValues(const MotorState& state, const ActualValues& values, const DriveSettings& settings,
+                      CRegisterFile& registers);
+
+/// Sets the digital outputs from the bits that their indices and bit numbers choose.
+void ShowDigitalOutputs(CRegisterFile& registers);
+
+} // namespace krt550

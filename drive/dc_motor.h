@@ -1,0 +1,80 @@
+#pragma once
+
+#include "drive/monotone_curve.h"
+
+namespace krt550 {
+
+/// Constants of a separately excited DC motor.
+struct MotorData {
+    double armatureResistance = 1;   ///< Ra [Ohm]
+    double armatureInductance = 0.1; ///< La [H]
+    double fieldResistance = 1;      ///< Rf [Ohm]
+    double fieldInductance = 1;      ///< Lf [H]
+    double mutualInductance = 1;     ///< Laf [H]: the flux constant is k = Laf*if [V*s] without saturation
+    double inertia = 1;              ///< J [kg*m2], above 0
+    double viscousFriction = 0;      ///< B [N*m*s]
+    double coulombFriction = 0;      ///< [N*m]
+    double brushDrop = 0;            ///< both brushes together, against the current [V]
+    CMonotoneCurve magnetisation;    ///< k [V*s] over if [A]; empty: without saturation
+};
+
+/// Which way the armature circuit lets current through.
+enum class Conduction { Open, Forward, Backward, Both };
+
+/// What feeds the armature for a step: u = voltage + slope * (ia - ia at the step's start).
+struct ArmatureSupply {
+    Conduction conduction = Conduction::Open;
+    double voltage = 0; ///< [V]
+    double slope = 0;   ///< du/dia [Ohm], not above 0: a converter's voltage gives way under its current
+};
+
+/// A separately excited DC motor with its shaft:
+///     La*dia/dt = ua - Ra*ia - k(if)*w - brush drop,  Lf*dif/dt = uf - Rf*if,
+///     J*dw/dt = k(if)*ia - load - B*w - Coulomb friction.
+/// The currents go by the exponential solution over a step, the speed by the current at its end, so that a step may be
+/// longer than the electrical time constants. 0.1 ms suits the speed loops of all motors here.
+class CDcMotor {
+public:
+    explicit CDcMotor(MotorData data = {}) : m_data(std::move(data)) {}
+
+    const MotorData& GetData() const { return m_data; }
+    /// Other constants from now on, the state stays.
+    void SetData(const MotorData& data) { m_data = data; }
+    /// Torque against positive rotation [N*m]; a hanging load turns a motor that nothing holds.
+    void SetLoad(double torque) { m_load = torque; }
+    double GetLoad() const { return m_load; }
+    /// A locked shaft does not turn, whatever the torque.
+    void SetLocked(bool locked) { m_locked = locked; }
+    /// A broken field circuit carries no current.
+    void SetFieldBroken(bool broken) { m_fieldBroken = broken; }
+    /// A broken armature circuit carries no current.
+    void SetArmatureBroken(bool broken) { m_armatureBroken = broken; }
+
+    void Step(double seconds, const ArmatureSupply& armature, double fieldVoltage);
+    /// A long time without any supply: the field current decays. For a motor that stands.
+    void Rest(double seconds);
+    /// Nothing turns or is about to turn by itself.
+    bool IsAtRest() const;
+
+    double GetArmatureCurrent() const { return m_armatureCurrent; }            ///< ia [A]
+    double GetFieldCurrent() const { return m_fieldCurrent; }                  ///< if [A]
+    double GetSpeed() const { return m_speed; }                                ///< w [rad/s]
+    double GetFluxConstant() const;                                            ///< k [V*s]
+    double GetEmf() const { return GetFluxConstant() * m_speed; }              ///< [V]
+    double GetTorque() const { return GetFluxConstant() * m_armatureCurrent; } ///< [N*m]
+
+private:
+    void StepArmature(double seconds, const ArmatureSupply& armature);
+    void StepShaft(double seconds);
+
+    MotorData m_data;
+    double m_load = 0;
+    bool m_locked = false;
+    bool m_fieldBroken = false;
+    bool m_armatureBroken = false;
+    double m_armatureCurrent = 0;
+    double m_fieldCurrent = 0;
+    double m_speed = 0;
+};
+
+} // namespace krt550

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "drive/dc_motor.h"
+
+#include <QString>
+
+#include <span>
+
+namespace krt550 {
+
+class CRegisterFile;
+
+/// A motor with its name plate and the supply that fits it.
+struct MotorSet {
+    const char* name;                                      ///< "S2"
+    const char* text;                                      ///< "5 hp"
+    double voltage;                                        ///< armature [V]
+    double current;                                        ///< armature [A]
+    double baseSpeed;                                      ///< [rpm]
+    double fieldCurrent;                                   ///< [A]
+    double fieldVoltage;                                   ///< [V]
+    double mains;                                          ///< line to line, of the armature converter [V]
+    double fieldSupply;                                    ///< line voltage of the field exciter [V]
+    double converterCurrent;                               ///< nominal [A]
+    double exciterCurrent;                                 ///< nominal [A]
+    quint16 exciterType;                                   ///< number in the value list of 4.06
+    double ra, la, rf, lf, laf, inertia, viscous, coulomb; ///< as in MotorData
+};
+
+/// The motors that can be chosen by name.
+std::span<const MotorSet> MotorSets();
+/// Null when there is no such motor; capital or small letters alike.
+const MotorSet* FindMotorSet(const QString& name);
+/// The motor of a drive that names none.
+const MotorSet& DefaultMotorSet();
+/// "S1, S2, S3, S5".
+QString MotorSetNames();
+
+MotorData DataOf(const MotorSet& set);
+
+/// Puts the name plate and what follows from it (speed limits, overspeed, supply, ratings) into the registers.
+void ApplyNamePlate(const MotorSet& set, CRegisterFile& registers);
+
+} // namespace krt550

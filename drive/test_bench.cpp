@@ -1,0 +1,87 @@
+#include "drive/test_bench.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace krt550 {
+namespace {
+
+constexpr double kNoise = 0.005;      ///< standard deviation of currents and voltages, of the rated value
+constexpr double kSpeedNoise = 0.001; ///< of base speed
+constexpr double kTurns = 0.01;       ///< faster than this the motor turns, of base speed
+constexpr double kTurnsFor = 0.02;    ///< [s]
+
+} // namespace
+
+CTestBench::CTestBench(const DriveSettings& settings, double ideal, double peak, double frequency, double speedLimit)
+    : m_settings(settings), m_ideal(ideal), m_peak(peak), m_frequency(frequency), m_speedLimit(speedLimit) {}
+
+/// Evenly spread noise with the standard deviation `range`.
+double CTestBench::Noisy(double value, double range) {
+    constexpr double kWidth = 1.7320508; // half width of an even spread with deviation 1
+    const double even = 2 * double(m_random() - decltype(m_random)::min()) /
+                            double(decltype(m_random)::max() - decltype(m_random)::min()) -
+                        1;
+    return value + range * kWidth * even;
+}
+
+bool CTestBench::Observe(double seconds, const MotorState& state, bool pulseOver) {
+    m_time += seconds;
+    const struct {
+        double Measurement::*value;
+        double actual;
+        double noise;
+    } inputs[] = {
+        {&Measurement::armatureVoltage, state.armatureVoltage, kNoise * m_settings.ratedVoltage},
+        {&Measurement::armatureCurrent, state.armatureCurrent, kNoise * m_settings.ratedCurrent},
+        {&Measurement::fieldVoltage, state.fieldVoltage, kNoise * m_settings.ratedFieldVoltage},
+        {&Measurement::fieldCurrent, state.fieldCurrent, kNoise * m_settings.ratedFieldCurrent},
+        {&Measurement::speed, state.signals.used, kSpeedNoise * m_settings.baseSpeed},
+        {&Measurement::emfSpeed, state.speed, kSpeedNoise * m_settings.baseSpeed},
+        {&Measurement::encoderSpeed, state.signals.encoder, kSpeedNoise * m_settings.baseSpeed},
+        {&Measurement::tachoSpeed, state.signals.tacho, kSpeedNoise * m_settings.baseSpeed},
+    };
+    for (const auto& input : inputs) {
+        m_now.*input.value = Noisy(input.actual, input.noise);
+        m_sum.*input.value += m_now.*input.value;
+    }
+    ++m_count;
+    m_continuous = state.continuous;
+    m_pulseOver = pulseOver;
+    const double step = m_slope * seconds;
+    command.speed += std::clamp(m_target - command.speed, -step, step);
+    m_turning = std::abs(m_now.speed) > kTurns * m_settings.baseSpeed ? m_turning + seconds : 0;
+    return !mustStand || m_turning < kTurnsFor;
+}
+
+void CTestBench::RampSpeed(double target, double slope) {
+    m_target = target;
+    m_slope = slope;
+}
+
+void CTestBench::StartMean() {
+    m_sum = {};
+    m_count = 0;
+}
+
+Measurement CTestBench::Mean() const {
+    Measurement mean = m_sum;
+    for (double* value : {&mean.armatureVoltage, &mean.armatureCurrent, &mean.fieldVoltage, &mean.fieldCurrent,
+                          &mean.speed, &mean.emfSpeed, &mean.encoderSpeed, &mean.tachoSpeed})
+        *value *= m_count ? 1.0 / m_count : 0;
+    return mean;
+}
+
+void CTestBench::Phase(double to, double seconds) {
+    m_from = GetProgress();
+    m_to = std::max(m_from, to);
+    m_phaseStart = m_time;
+    m_phaseTime = seconds;
+}
+
+int CTestBench::GetProgress() const {
+    const double gone = 1 - std::exp(-2 * (m_time - m_phaseStart) / m_phaseTime);
+    return static_cast<int>(m_from + (m_to - m_from) * gone);
+}
+
+} // namespace krt550

@@ -1,0 +1,129 @@
+// The closed loops with what the drive's own tuning has found.
+#include "drive/drive_settings.h"
+#include "drive/motor_control.h"
+#include "tests/drive/whole_drive.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace krt550 {
+namespace {
+
+using test::WholeDrive;
+
+struct Response {
+    double overshoot = 0; ///< [%] of the step
+    double settled = 0;   ///< [s] until it stays within 2 %
+};
+
+/// Gives `target` to the loop and looks at `actual`, both relative to the step.
+template <class Step> Response Watch(double seconds, const Step& step) {
+    Response response;
+    for (double time = 0; time < seconds; time += CMotorControl::kStep) {
+        const double value = step();
+        response.overshoot = std::max(response.overshoot, (value - 1) * 100);
+        if (std::abs(value - 1) > 0.02)
+            response.settled = time;
+    }
+    return response;
+}
+
+class ControlLoop : public testing::TestWithParam<const char*> {};
+
+TEST_P(ControlLoop, TunedByTheDriveStaysInItsBands) {
+    WholeDrive drive(GetParam());
+    for (const quint16 mode : {quint16{2}, quint16{1}, quint16{4}}) {
+        ASSERT_EQ(drive.Tune(mode), 0) << mode;
+        drive.Seconds(2);
+    }
+    const MotorSet& set = *FindMotorSet(QString::fromLatin1(GetParam()));
+    DriveSettings settings = ReadSettings(drive.Drive().GetRegisters(), set);
+    settings.currentSlope = 1e9; // the loop's own response
+    CMotorControl control(DataOf(set));
+    control.SetMains(set.mains);
+    control.GetMotor().SetLocked(true);
+    MotorCommand command;
+
+    // Armature current at standstill, where it flows all the time.
+    command.armature = ArmatureMode::Current;
+    const double low = 0.6 * set.current;
+    const double rise = 0.2 * set.current;
+    const auto current = [&] {
+        control.Step(command, settings);
+        return (control.GetState().armatureCurrent - low) / rise;
+    };
+    command.current = low;
+    Watch(0.5, current);
+    command.current = low + rise;
+    const Response ofCurrent = Watch(0.2, current);
+    EXPECT_GT(ofCurrent.overshoot, 2.5);
+    EXPECT_LT(ofCurrent.overshoot, 6);
+    EXPECT_LT(ofCurrent.settled, 15 * kConverterLag);
+
+    // Speed under half load, in steps small enough for the torque limit.
+    control.GetMotor().SetLocked(false);
+    command.field = FieldMode::Current;
+    command.armature = ArmatureMode::Blocked;
+    const double start = 0.4 * settings.baseSpeed;
+    const double torque = set.laf * set.fieldCurrent * set.current;
+    const double step = 0.2 * torque * 4 * settings.SmallLags() / set.inertia;
+    const auto speed = [&] {
+        control.Step(command, settings);
+        return (control.GetState().speed - start) / step;
+    };
+    Watch(3, speed);
+    control.GetMotor().SetLoad(torque / 2);
+    command.armature = ArmatureMode::Speed;
+    command.speed = start;
+    Watch(6, speed);
+    ASSERT_NEAR(control.GetState().speed, start, 0.01 * start);
+    command.speed = start + step;
+    const Response ofSpeed = Watch(1, speed);
+    EXPECT_GT(ofSpeed.overshoot, 4);
+    EXPECT_LT(ofSpeed.overshoot, 9);
+    EXPECT_LT(ofSpeed.settled, 30 * settings.SmallLags());
+
+    RecordProperty("current_overshoot", std::to_string(ofCurrent.overshoot));
+    RecordProperty("speed_overshoot", std::to_string(ofSpeed.overshoot));
+    std::printf("%s: overshoot of the current %.2f %%, of the speed %.2f %%\n", set.name, ofCurrent.overshoot,
+                ofSpeed.overshoot);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sets, ControlLoop, testing::Values("S1", "S2", "S3"),
+                         [](const auto& set) { return std::string(set.param); });
+
+TEST(ControlLoopOnAnExtremeMotor, RunsWhenSetByHand) {
+    // Nearly no inductance: the current has gaps always, which the drive says instead of measuring nonsense.
+    WholeDrive drive("S5");
+    EXPECT_EQ(drive.Tune(1), diagnosis::kNotContinuous);
+    drive.SetValue(reg::kCurrentGain, 0.008);
+    drive.SetValue(reg::kCurrentTime, 1.2);
+    drive.SetValue(reg::kArmatureInductance, 0.02);
+    drive.SetValue(reg::kArmatureResistance, 16);
+    EXPECT_EQ(drive.Tune(4), 0);
+    EXPECT_NEAR(drive.Value(reg::kInertia), drive.Motor().GetData().inertia, 0.001);
+    drive.Run(2000);
+    drive.Seconds(30);
+    EXPECT_NEAR(drive.Value(reg::kSpeed), 2000, 20);
+}
+
+TEST(FieldWeakening, HoldsTheVoltageAboveBaseSpeed) {
+    WholeDrive drive("S2");
+    drive.SetValue(reg::kFieldMode, 1);
+    for (const quint16 mode : {quint16{2}, quint16{1}, quint16{4}, quint16{3}}) {
+        ASSERT_EQ(drive.Tune(mode), 0) << mode;
+        drive.Seconds(2);
+    }
+    drive.SetValue(reg::kSpeedMaximum, 3000);
+    drive.SetValue(reg::kOverspeed, 3400);
+    drive.SetValue(reg::kLeastField, 30);
+    drive.Run(2600);
+    drive.Seconds(60);
+    EXPECT_NEAR(drive.Value(reg::kSpeed), 2600, 30);
+    EXPECT_LT(drive.Value(reg::kArmatureVoltage), 1.02 * 240);
+    EXPECT_NEAR(drive.Value(reg::kFieldRelative), 100 * 1750.0 / 2600, 5);
+    EXPECT_EQ(drive.Drive().GetActiveFault(), 0);
+}
+
+} // namespace
+} // namespace krt550
