@@ -17,7 +17,13 @@ enum ControlId : int {
     kIdAutotuningLabel = 60201,
     kIdAutotuningStart = 60202,
     kIdAutotuningProgress = 60203,
-    kIdAutotuningDiagnosis = 60204
+    kIdAutotuningDiagnosis = 60204,
+    // Of the speed controller's autotuning page.
+    kIdSpeedResponse = 60211,
+    kIdSpeedResponseSlow = 60212,
+    kIdSpeedResponseNormal = 60213,
+    kIdSpeedResponseFast = 60214,
+    kIdTabPlaceholder = 60221 ///< where a page has its tabs
 };
 
 /// Ids of the digits of steps 1 to 7, in order.
