@@ -11,13 +11,7 @@
 namespace krt550 {
 namespace {
 
-constexpr int kStartRun = 60202;
-constexpr int kProgress = 60203;
-constexpr int kDiagnosis = 60204;
-
 const QString kMightTurn = "Attention:\nThe motor might turn during autotuning!\nMake sure everything is safe!\n";
-const QString kRunsUp = "Attention:\nThe motor will run up to base speed during test!\nMake sure everything is safe!";
-const QString kDenied = "Start of autotuning denied.\nDrive is controlled by another source!";
 
 struct PageCase {
     int page;
@@ -57,10 +51,6 @@ const PageCase kPages[] = {
      {"read 4409", "read 4410", "read 4412", "read 4413", "read 4414"}},
 };
 
-QString FailureText(const QString& diagnosis) {
-    return "Autotuning failed:\n" + diagnosis + "\nFix the problem and try again\n";
-}
-
 void PrintTo(const PageCase& page, std::ostream* out) {
     *out << "step " << page.page;
 }
@@ -88,20 +78,10 @@ protected:
             EXPECT_TRUE(Robot::IsEnabled(id)) << id;
     }
 
-    static QStringList Permission() {
-        return {"refresh", "read 801", "take local control", "refresh", "release local control", "refresh"};
-    }
     static QStringList Launch() {
         return {"write 9906=" + QString::number(GetParam().mode), "refresh", "take local control", "close contactor",
                 "start motor"};
     }
-    static QStringList Looks(int count) {
-        QStringList looks;
-        for (int i = 0; i < count; ++i)
-            looks += {"read 9906", "read 424"};
-        return looks;
-    }
-    static QStringList Stop() { return {"stop motor", "open contactor", "refresh", "release local control"}; }
     /// What a failed run reads for its box, and the fault record where the page reads it.
     static QStringList Report() {
         QStringList report = {"read 911"};

@@ -3,12 +3,12 @@
 #include "tests/shell/wizard_fixture.h"
 
 #include "wizard/platform/row_ids.h"
+#include "wizard/platform/slider.h"
+
+#include <QTest>
 
 namespace krt550 {
 namespace {
-
-constexpr int kStartRun = 60202;
-constexpr int kDiagnosis = 60204;
 
 QStringList Reads(std::initializer_list<int> registers) {
     QStringList reads;
@@ -77,6 +77,19 @@ TEST_F(AutotuningPages, FollowTheDetectedExciterThroughTheTimer) {
     OnPage(165, [this] {
         m_drive.words[406] = 42;
         EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(ValueId(406)) == "42"; }));
+    });
+}
+
+TEST_F(AutotuningPages, TheSliderOfStep6GoesFrom0To100WhereTheTextsSayNothing) {
+    OnPage(168, [this] {
+        auto* slider = static_cast<CSlider*>(Robot::Control(60211));
+        EXPECT_EQ(slider->minimum(), 0);
+        EXPECT_EQ(slider->value(), 100);
+        slider->setValue(48);
+        slider->setFocus();
+        m_drive.TakeLog();
+        QTest::keyClick(slider, Qt::Key_Left);
+        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 2306=200"})) << "47 is position 4";
     });
 }
 

@@ -10,6 +10,8 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTabBar>
+#include <QTest>
 #include <QTimer>
 
 #include <cstdio>
@@ -17,8 +19,6 @@
 namespace krt550 {
 namespace {
 
-constexpr int kStartRun = 60202;
-constexpr int kDiagnosis = 60204;
 constexpr int kDiagnosisDialog = 122;
 
 enum class Disturbance { FailsOnce, FailsFromThenOn, Cancel, Close };
@@ -84,12 +84,42 @@ void ApplyNamePlate() {
     PressIfThere(kNext);
 }
 
+void ShowTab(int index) {
+    auto* tabs = Robot::Front() ? Robot::Front()->findChild<QTabBar*>() : nullptr;
+    if (tabs && tabs->isVisible())
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+}
+
+void ChangeTabs() {
+    PressIfThere(168);
+    PressIfThere(kNext);
+    for (const int tab : {1, 2, 0})
+        ShowTab(tab);
+}
+
+/// Changes a row on every tab, moves the slider and goes on.
+void ApplySpeedController() {
+    constexpr int kSlider = 60211;
+    PressIfThere(168);
+    PressIfThere(kNext);
+    int tab = 0;
+    for (const quint16 reg : {quint16(2001), quint16(2003), quint16(5006)}) {
+        ShowTab(tab++);
+        if (Robot::Find(ValueId(reg)) && Robot::IsEnabled(ValueId(reg)))
+            Robot::Type(ValueId(reg), "300");
+    }
+    if (QWidget* slider = Robot::Find(kSlider)) {
+        slider->setFocus();
+        QTest::keyClick(slider, Qt::Key_Left);
+    }
+    PressIfThere(kNext);
+}
+
 const Procedure kProcedures[] = {
-    {"Step3", [] { Tune(165); }, 3},
-    {"Step4", [] { Tune(166); }, 4},
-    {"Step7", [] { Tune(169); }, 7},
-    {"Apply", ApplyNamePlate, 1},
-    {"OpenAndClose", [] { PressIfThere(158); }, 0},
+    {"Step3", [] { Tune(165); }, 3},   {"Step4", [] { Tune(166); }, 4},
+    {"Step6", [] { Tune(168); }, 6},   {"Step7", [] { Tune(169); }, 7},
+    {"Apply", ApplyNamePlate, 1},      {"ApplyStep6", ApplySpeedController, 6},
+    {"ChangeTabs", ChangeTabs, 0},     {"OpenAndClose", [] { PressIfThere(158); }, 0},
     {"Diagnosis", LookAtDiagnosis, 0},
 };
 
@@ -128,7 +158,7 @@ public:
 class FaultMatrix : public testing::TestWithParam<std::tuple<int, Disturbance>> {
 protected:
     FaultMatrix() {
-        static const WizardFiles files("PAN\t1\tNothing\n");
+        static const WizardFiles files("SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\n");
         m_wizardPath = files.WizardPath();
         EnsureStepStates();
     }

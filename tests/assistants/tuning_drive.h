@@ -4,6 +4,34 @@
 
 namespace krt550 {
 
+inline constexpr int kStartRun = 60202;
+inline constexpr int kProgress = 60203;
+inline constexpr int kDiagnosis = 60204;
+
+inline const QString kRunsUp =
+    "Attention:\nThe motor will run up to base speed during test!\nMake sure everything is safe!";
+inline const QString kDenied = "Start of autotuning denied.\nDrive is controlled by another source!";
+
+inline QString FailureText(const QString& diagnosis) {
+    return "Autotuning failed:\n" + diagnosis + "\nFix the problem and try again\n";
+}
+
+// What a run asks of the drive, part by part.
+inline QStringList Permission() {
+    return {"refresh", "read 801", "take local control", "refresh", "release local control", "refresh"};
+}
+
+inline QStringList Looks(int count) {
+    QStringList looks;
+    for (int i = 0; i < count; ++i)
+        looks += {"read 9906", "read 424"};
+    return looks;
+}
+
+inline QStringList Stop() {
+    return {"stop motor", "open contactor", "refresh", "release local control"};
+}
+
 /// A drive that tunes itself: started in a service mode it advances its progress with every look at the mode, and ends
 /// it.
 class TuningDrive : public FakeDrive {
@@ -19,8 +47,9 @@ public:
 
     static std::vector<ParameterDescription> Parameters() {
         std::vector<ParameterDescription> parameters;
-        for (const int reg : {9902, 9903, 9904, 9911, 2001, 2002, 2005, 2006, 2012, 2013, 3012, 4306, 4307, 4308,
-                              4309, 4310, 4402, 4403, 4502, 9408, 4409, 4410, 4412, 4413, 4414, 406,  801,  424})
+        for (const int reg : {9902, 9903, 9904, 9911, 2001, 2002, 2005, 2006, 2012, 2013, 3012, 4306,
+                              4307, 4308, 4309, 4310, 4402, 4403, 4502, 9408, 4409, 4410, 4412, 4413,
+                              4414, 406,  801,  424,  2003, 2201, 2202, 2306, 2311, 2403, 2409, 5006})
             parameters.push_back(
                 Number(static_cast<quint16>(reg), QStringLiteral("Parameter %1").arg(reg), 0, 0, 10000));
         for (const int reg : {9912, 4401})
@@ -49,7 +78,7 @@ private:
             return;
         words[9906] = 0;
         words[911] = outcome;
-        words[4306] = words[4402] = words[4409] = 77; // what it has found
+        words[2403] = words[4306] = words[4402] = words[4409] = 77; // what it has found
         m_looks = -1;
     }
 

@@ -4,8 +4,8 @@
 
 namespace krt550 {
 
-/// A set of resources with three layouts: two edits, a drop-down and a button; one larger than that; one with a place
-/// for a child between two edits.
+/// A set of resources: two edits, a drop-down and a button; a layout larger than that; a place for a child between two
+/// edits; a slider.
 class TestResources : public CResources {
 public:
     static constexpr int kLayout = 7;
@@ -19,6 +19,8 @@ public:
     static constexpr int kPlaceholder = 10;
     static constexpr int kEditBefore = 11;
     static constexpr int kEditAfter = 12;
+    static constexpr int kSliderLayout = 13;
+    static constexpr int kSlider = 14;
 
     static DialogLayout ParentLayout() {
         DialogLayout layout{.number = kParentLayout, .width = 400, .height = 300, .caption = {}, .controls = {}};
@@ -33,6 +35,12 @@ public:
     std::optional<DialogLayout> GetLayout(int number) const override {
         if (number == kParentLayout)
             return ParentLayout();
+        if (number == kSliderLayout)
+            return DialogLayout{.number = number,
+                                .width = 120,
+                                .height = 30,
+                                .caption = {},
+                                .controls = {{.id = kSlider, .kind = ControlKind::Slider, .rect = {4, 4, 100, 16}}}};
         if (number == kLargeLayout)
             return DialogLayout{.number = number, .width = 210, .height = 90, .caption = "Large", .controls = {}};
         if (number != kLayout)

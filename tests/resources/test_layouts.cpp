@@ -17,7 +17,8 @@
 namespace krt550 {
 namespace {
 
-constexpr int kLayouts[] = {100, 101, 103, 104, 107, 110, 111, 112, 122, 133, 134, 135, 136, 137, 138, 139, 146, 147};
+constexpr int kLayouts[] = {100, 101, 103, 104, 107, 110, 111, 112,   122,   133,  134,
+                            135, 136, 137, 138, 139, 146, 147, 10056, 10057, 10058};
 
 class CLayoutWindow : public CWindow {
 public:

@@ -118,6 +118,8 @@ std::vector<ParameterDescription> WizardParameters() {
     parameters.push_back(Number(9906, "Service mode", 0, 0, 14));
     parameters.push_back(Number(424, "Progress", 0, 0, 100));
     parameters.push_back(Number(911, "Diagnosis", 0, 0, 100));
+    for (const int reg : {102, 103, 105, 218})
+        parameters.push_back(Number(static_cast<quint16>(reg), QStringLiteral("Speed %1").arg(reg), 0, 0, 0));
     parameters.push_back(List(4401, "Field control mode", {{0, "Constant"}, {1, "Weakening"}}));
     parameters.push_back(List(9912, "Exciter", {{0, "None"}, {1, "On-board"}}));
     return parameters;

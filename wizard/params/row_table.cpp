@@ -87,6 +87,11 @@ bool CRowTable::Reread(std::size_t first, std::size_t count) {
     return success;
 }
 
+void CRowTable::Unmark() const {
+    for (const RowDef& row : m_rows)
+        UnmarkChanged(RegisterOf(row));
+}
+
 void CRowTable::AttachToolTips(const std::function<void(int labelId, const QString& text)>& addToolTip) const {
     for (std::size_t row = 0; row < m_rows.size(); ++row)
         addToolTip(IdsOf(row).label, CWizardTextStore::Instance().GetToolTip(RegisterOf(m_rows[row])));

@@ -63,6 +63,8 @@ public:
     bool Write(std::size_t first, std::size_t count);
     /// Reads rows from the drive into their controls; true when all succeeded.
     bool Reread(std::size_t first, std::size_t count);
+    /// Forgets what the user changed on the rows.
+    void Unmark() const;
     /// Gives every label the wizard text file's tool tip of its register.
     void AttachToolTips(const std::function<void(int labelId, const QString& text)>& addToolTip) const;
 

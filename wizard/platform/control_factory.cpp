@@ -2,6 +2,7 @@
 
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/picture.h"
+#include "wizard/platform/slider.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -10,7 +11,6 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QSlider>
 
 namespace krt550 {
 namespace {
@@ -66,7 +66,7 @@ QWidget* MakeControl(const ControlLayout& control, QWidget* parent) {
     case ControlKind::ProgressBar:
         return MakeProgressBar(parent);
     case ControlKind::Slider:
-        return new QSlider(Qt::Horizontal, parent);
+        return new CSlider(parent);
     case ControlKind::Icon:
     case ControlKind::Placeholder:
     case ControlKind::Custom:
@@ -79,6 +79,8 @@ void DressControl(QWidget& widget, const ControlLayout& control) {
     widget.setObjectName(QString::number(control.id));
     if (!control.text.isEmpty())
         SetControlText(&widget, control.text);
+    if (auto* label = qobject_cast<QLabel*>(&widget); label && control.alignment)
+        label->setAlignment(control.alignment | Qt::AlignVCenter);
     if (control.reg != 0)
         widget.setProperty("register", int(control.reg));
     if (control.bold) {

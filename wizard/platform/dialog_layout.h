@@ -18,7 +18,7 @@ enum class ControlKind {
     Picture,       ///< picture by number, scaled into its rectangle
     Icon,          ///< static that the page gives a pixmap
     ProgressBar,
-    Slider,
+    Slider,      ///< horizontal, 0 to 100
     Placeholder, ///< marks where a child window goes; shows nothing
     Custom       ///< made by the window itself
 };
@@ -41,6 +41,7 @@ struct ControlLayout {
     int buddy = 0;   ///< Label: id of the value control that it names
     quint16 reg = 0; ///< value control of a parameter row: the register
     bool bold = false;
+    Qt::Alignment alignment = {}; ///< Label: horizontally; to the left unless given
 };
 
 /// A dialog layout: a plain value. The controls stand in tab order.

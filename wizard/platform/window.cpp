@@ -4,6 +4,7 @@
 #include "wizard/platform/dialog_units.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
+#include "wizard/platform/slider.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -11,7 +12,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSlider>
 #include <QTimer>
 
 namespace krt550 {
@@ -61,8 +61,8 @@ void CWindow::Connect(QWidget* control) {
         dropDown->installEventFilter(this);
     } else if (auto* button = qobject_cast<QAbstractButton*>(control)) {
         connect(button, &QAbstractButton::clicked, this, [this, button] { Notify(button, ControlEvent::Clicked); });
-    } else if (auto* slider = qobject_cast<QSlider*>(control)) {
-        connect(slider, &QSlider::sliderReleased, this, [this, slider] { Notify(slider, ControlEvent::Released); });
+    } else if (auto* slider = qobject_cast<CSlider*>(control)) {
+        connect(slider, &CSlider::released, this, [this, slider] { Notify(slider, ControlEvent::Released); });
     }
 }
 

@@ -18,8 +18,12 @@ enum ControlId : int {
     kIdAutotuningStart = 60202,
     kIdAutotuningProgress = 60203,
     kIdAutotuningDiagnosis = 60204,
-    // Of the pages with tabs.
-    kIdTabsPlaceholder = 60301,
+    // Of the speed controller's autotuning page.
+    kIdSpeedResponse = 60211,
+    kIdSpeedResponseSlow = 60212,
+    kIdSpeedResponseNormal = 60213,
+    kIdSpeedResponseFast = 60214,
+    kIdTabPlaceholder = 60221, ///< where a page has its tabs
     // Of the speed feedback assistant: label ids of the three values that it shows.
     kIdShownReference = 60310,
     kIdShownEmf = 60320,

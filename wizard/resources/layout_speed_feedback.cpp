@@ -59,7 +59,7 @@ void AddLabel(CLayoutBuilder& layout, int id, const DialogRect& rect, const char
 
 DialogLayout SpeedFeedbackLayout() {
     CLayoutBuilder layout(110, kPageWidth, kPageHeight);
-    layout.Add({.id = kIdTabsPlaceholder, .kind = ControlKind::Placeholder, .rect = {11, 8, 10, 10}});
+    layout.Add({.id = kIdTabPlaceholder, .kind = ControlKind::Placeholder, .rect = {11, 8, 10, 10}});
     const RowColumns& columns = kStyle.columns;
     constexpr int kTop = 235;
     constexpr int kShift = 8; // in line with the columns of the tabs

@@ -7,15 +7,19 @@
 namespace krt550 {
 
 /// One function for each dialog layout that is more than its bottom row.
-DialogLayout NamePlateLayout();      ///< 100
-DialogLayout FieldCurrentLayout();   ///< 103
-DialogLayout ArmatureLayout();       ///< 104
-DialogLayout StartPageLayout();      ///< 107
-DialogLayout SpeedFeedbackLayout();  ///< 110
-DialogLayout FieldWeakeningLayout(); ///< 112
-DialogLayout DiagnosisLayout();      ///< 122
+DialogLayout NamePlateLayout();       ///< 100
+DialogLayout FieldCurrentLayout();    ///< 103
+DialogLayout ArmatureLayout();        ///< 104
+DialogLayout StartPageLayout();       ///< 107
+DialogLayout SpeedFeedbackLayout();   ///< 110
+DialogLayout SpeedControllerLayout(); ///< 111
+DialogLayout FieldWeakeningLayout();  ///< 112
+DialogLayout DiagnosisLayout();       ///< 122
 
 /// Tabs.
+DialogLayout SpeedGeneralTabLayout();   ///< 10056
+DialogLayout SpeedFiltersTabLayout();   ///< 10057
+DialogLayout SpeedLimitsTabLayout();    ///< 10058
 DialogLayout TachoManualLayout();       ///< 10062
 DialogLayout SpeedFeedbackAutoLayout(); ///< 10063
 

@@ -124,7 +124,10 @@ constexpr Entry kStrings[] = {
     {569, u"Fault or alarm code"},
     {570, u"601 Fault days"},
     {571, u"REPLACE"},
+    {572, u"Set general parameters"},
+    {573, u"Set filters"},
     {574, u"Start of autotuning denied.\nDrive is controlled by another source!"},
+    {1063, u"Set limits"},
 };
 
 static_assert(std::is_sorted(std::begin(kStrings), std::end(kStrings),

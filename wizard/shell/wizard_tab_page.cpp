@@ -43,6 +43,8 @@ bool CRowTabPage::LoadParameters() {
         return false;
     QString errors;
     const bool bound = BindRows(GetParameterRoot(), errors);
+    // Filling the controls raised change notifications, and what was typed is gone.
+    m_rows.Unmark();
     SetLoaded();
     if (!errors.isEmpty())
         ReportLoadErrors(errors);

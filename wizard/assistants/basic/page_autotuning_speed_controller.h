@@ -1,15 +1,59 @@
 #pragma once
 
-#include "wizard/shell/plain_page.h"
+#include "wizard/assistants/basic/autotuning_page.h"
+#include "wizard/shell/wizard_tab_page.h"
 
 namespace krt550 {
 
-/// Step 6: autotuning of the speed controller. Without rows so far.
-class CPageAutotuningSpeedController : public CPlainPage {
+/// Base speed, speed range and ramps.
+class CTabPageSetGeneralParameters : public CRowTabPage {
     Q_OBJECT
 
 public:
-    CPageAutotuningSpeedController() : CPlainPage(111, QStringLiteral("6.htm")) {}
+    CTabPageSetGeneralParameters();
+};
+
+/// Zero speed, torque and current limits.
+class CTabPageSetLimits : public CRowTabPage {
+    Q_OBJECT
+
+public:
+    CTabPageSetLimits();
+};
+
+/// Filters of the speed loop, which the slider of the page sets too.
+class CTabPageSetFilters : public CRowTabPage {
+    Q_OBJECT
+
+public:
+    CTabPageSetFilters();
+    /// Shows what the drive has by now and forgets what was typed, once the tab has been loaded.
+    void ShowDriveValues();
+};
+
+/// Step 6: autotuning of the speed controller. A slider between slow and fast writes a set of values of the wizard text
+/// file for each of its positions.
+class CPageAutotuningSpeedController : public CAutotuningPage {
+    Q_OBJECT
+
+public:
+    CPageAutotuningSpeedController();
+
+    bool LoadParameters() override;
+
+protected:
+    bool WriteRows() override;
+
+private:
+    void SetUpSlider();
+    /// Writes the values of the slider's position, then the filters tab. A parameter that the drive lacks is told of
+    /// and passed over. True when everything else was written.
+    bool ApplySlider();
+
+    CTabPageSetGeneralParameters m_general;
+    CTabPageSetLimits m_limits;
+    CTabPageSetFilters m_filters;
+    int m_sliderStep;
 };
 
 } // namespace krt550

@@ -29,7 +29,7 @@ constexpr std::pair<int, quint16> kToolTips[] = {{kIdShownReference, 217}, {kIdS
 } // namespace
 
 CPageSpeedFeedback::CPageSpeedFeedback() : CRowPage(110, QStringLiteral("5.htm"), {}) {
-    CWizardTabSheet& tabs = UseTabs(kIdTabsPlaceholder, kTabsOffset);
+    CWizardTabSheet& tabs = UseTabs(kIdTabPlaceholder, kTabsOffset);
     tabs.AddTab(m_auto, LoadText(kAutoTab));
     tabs.AddTab(m_manual, LoadText(kManualTab));
 }

@@ -1,0 +1,254 @@
+// Step 6: its run by the whole log of drive calls, its tabs, its slider.
+#include "tests/assistants/tuning_drive.h"
+#include "tests/shell/wizard_fixture.h"
+
+#include "hostlib/tolvbo32/clock.h"
+#include "wizard/platform/property_sheet.h"
+#include "wizard/platform/row_ids.h"
+#include "wizard/platform/slider.h"
+
+#include <QApplication>
+#include <QGroupBox>
+#include <QProgressBar>
+#include <QTabBar>
+#include <QTest>
+
+namespace krt550 {
+namespace {
+
+constexpr int kPageBox = 168;
+constexpr int kPlaceholder = 60221;
+constexpr int kSlider = 60211;
+
+const QStringList kResults = {"read 2403", "read 2409"};
+const QStringList kLaunch = {"write 9906=4", "refresh", "take local control", "close contactor", "start motor"};
+/// What a failed run reads for its box, then the fault record.
+const QStringList kReport = {"read 911", "read fault buffer", "write 9906=0"};
+const QStringList kFiltersRead = {"read 2306", "read 2311", "read 5006"};
+
+class SpeedController : public testing::Test {
+protected:
+    SpeedController() {
+        // No update periods: only what is asserted talks to the drive. 3333 is a register that the drive lacks.
+        static const WizardFiles files("SPEEDRESP\t10\t0\t100\n"
+                                       "SLIDERVAL\t4\t2306\t200\nSLIDERVAL\t10\t2306\t1\nSLIDERVAL\t4\t5006\t150\n"
+                                       "SLIDERVAL\t5\t3333\t1\nSLIDERVAL\t5\t2306\t60000\nSLIDERVAL\t5\t2311\t7\n");
+        m_drive.wizardPath = files.WizardPath();
+        m_drive.faultBufferError = 0;
+        EnsureStepStates();
+    }
+
+    void OnPage(const std::function<void()>& script) {
+        RunWizardWith(m_drive, [&] {
+            m_drive.TakeLog();
+            Robot::Press(kPageBox);
+            Robot::Press(kNext);
+            script();
+        });
+    }
+    static QTabBar* Bar() { return Robot::Front()->findChild<QTabBar*>(); }
+    void ShowTab(int index) {
+        QTest::mouseClick(Bar(), Qt::LeftButton, {}, Bar()->tabRect(index).center());
+        EXPECT_EQ(Bar()->currentIndex(), index);
+    }
+    static CSlider* Slider() { return static_cast<CSlider*>(Robot::Control(kSlider)); }
+    /// Takes the handle with the mouse and lets it go near a position.
+    static void Drag(int position) {
+        Slider()->setSliderDown(true);
+        Slider()->setSliderPosition(position);
+        QTest::mouseRelease(Slider(), Qt::LeftButton);
+    }
+
+    CSteppedClock m_clock;
+    ClockScope m_clockScope{m_clock};
+    TuningDrive m_drive;
+    MessageBoxes m_boxes;
+};
+
+TEST_F(SpeedController, RunsAndAlwaysLeavesTheDriveStopped) {
+    const QString success = "Autotuning speed controller successful";
+    struct {
+        const char* name;
+        std::function<void(TuningDrive&)> prepare;
+        QStringList boxes; ///< after the confirmation
+        QStringList log;
+        bool done;
+    } const cases[] = {
+        {"success",
+         [](TuningDrive&) {},
+         {success},
+         Permission() + kLaunch + Looks(4) + QStringList{"read 911"} + Stop() + kResults,
+         true},
+        {"the drive finds a reason against it",
+         [](TuningDrive& d) { d.outcome = 7; },
+         {FailureText("Motor turned")},
+         Permission() + kLaunch + Looks(4) + QStringList{"read 911"} + Stop() + kResults + kReport,
+         false},
+        {"start denied", [](TuningDrive& d) { d.words[801] = 4; }, {kDenied}, {"refresh", "read 801"}, false},
+        {"service mode refused",
+         [](TuningDrive& d) { d.unwritable.insert(9906); },
+         {"Writing parameter 99.06 Service mode failed: *", FailureText("No message"),
+          "Writing parameter 99.06 Service mode failed: *"},
+         Permission() + QStringList{"write 9906=4"} + kReport,
+         false},
+        {"no answer in the run",
+         [](TuningDrive& d) {
+             d.onLook = [&d](int look) {
+                 if (look == 2)
+                     d.unreadable.insert(424);
+             };
+         },
+         {"Reading parameter 4.24 Parameter 424 failed: *", FailureText("No message")},
+         Permission() + kLaunch + Looks(3) + Stop() + kReport,
+         false},
+        {"no end",
+         [](TuningDrive& d) { d.looksUntilDone = 0; },
+         {FailureText("No message")},
+         Permission() + kLaunch + Looks(5002) + Stop() + kReport,
+         false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        OnPage([&] {
+            m_drive.words[801] = 1;
+            m_drive.words[911] = m_drive.outcome = 0;
+            m_drive.looksUntilDone = 3;
+            m_drive.words[2403] = 5;
+            c.prepare(m_drive);
+            SetStepState(6, StepState::Pending);
+            m_boxes.Expect(kRunsUp).WithIcon(QMessageBox::Warning);
+            for (const QString& text : c.boxes)
+                m_boxes.Expect(text).Then([this](QMessageBox&) { EXPECT_FALSE(m_drive.localControl); });
+            m_drive.TakeLog();
+            Robot::Press(kStartRun);
+            EXPECT_EQ(m_drive.TakeLog(), c.log);
+            EXPECT_EQ(GetStepState(6) == StepState::Done, c.done);
+            EXPECT_EQ(Robot::Text(ValueId(2403)), c.log.contains("read 2403") ? "77" : "0");
+            for (const int id : {kStartRun, kNext, kBack})
+                EXPECT_TRUE(Robot::IsEnabled(id)) << id;
+            m_drive.unreadable.clear();
+            m_drive.unwritable.clear();
+            m_drive.onLook = {};
+        });
+        m_drive.words[2403] = 0;
+    }
+}
+
+TEST_F(SpeedController, IsAbortedByCancelAlsoWhileATabIsSwitched) {
+    OnPage([this] {
+        m_drive.looksUntilDone = 10;
+        m_drive.onLook = [this](int look) {
+            if (look == 3)
+                QMetaObject::invokeMethod(
+                    Robot::Front(), [this] { ShowTab(1); }, Qt::QueuedConnection);
+            if (look == 4)
+                QMetaObject::invokeMethod(Robot::Control(kCancel), "click", Qt::QueuedConnection);
+        };
+        m_boxes.Expect(kRunsUp);
+        m_drive.TakeLog();
+        Robot::Press(kStartRun);
+        const QStringList limits = {"read 2003", "read 2005", "read 2006", "read 2012", "read 2013"};
+        const QStringList abort = {"write 9906=0", "refresh", "stop motor", "open contactor", "release local control"};
+        EXPECT_EQ(m_drive.TakeLog().mid(0, 29),
+                  Permission() + kLaunch + Looks(3) + limits + Looks(1) + abort); // Cancel makes safe once more
+        EXPECT_EQ(Robot::Layout(), 107);
+    });
+}
+
+TEST_F(SpeedController, ShowsItsTabsAndRows) {
+    OnPage([this] {
+        EXPECT_EQ(m_drive.TakeLog({"read"}), (QStringList{"read 9904", "read 2001", "read 2002", "read 2201",
+                                                          "read 2202", "read 2403", "read 2409"}));
+        EXPECT_EQ(Bar()->tabText(0), "Set general parameters");
+        EXPECT_EQ(Bar()->tabText(1), "Set limits");
+        EXPECT_EQ(Bar()->tabText(2), "Set filters");
+        ShowTab(2);
+        EXPECT_EQ(m_drive.TakeLog(), kFiltersRead);
+        EXPECT_EQ(Robot::Text(kNext), "Finish");
+        EXPECT_FALSE(Robot::IsEnabled(kDiagnosis));
+    });
+}
+
+TEST_F(SpeedController, WritesPageTabsAndSliderInOrder) {
+    OnPage([this] {
+        Robot::Type(ValueId(2403), "6");
+        Robot::Type(ValueId(2202), "12");
+        Robot::Type(ValueId(9904), "1500");
+        ShowTab(1);
+        Robot::Type(ValueId(2013), "8");
+        ShowTab(2);
+        Robot::Type(ValueId(5006), "9");
+        m_drive.TakeLog();
+        Robot::Press(kApply);
+        EXPECT_EQ(m_drive.TakeLog(),
+                  (QStringList{"write 2403=6", "read 2403", "write 9904=1500", "read 9904", "write 2202=12",
+                               "read 2202", "write 2013=8", "read 2013", "write 2306=1", "write 5006=9", "read 5006"} +
+                   kFiltersRead));
+        EXPECT_EQ(Robot::Text(ValueId(2306)), "1") << "what the slider has set";
+        Robot::Press(kApply);
+        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 2306=1"})) << "the slider's values only";
+        m_drive.unwritable.insert(2306);
+        m_boxes.Expect("Writing parameter 23.06 Parameter 2306 failed: simulated failure");
+        Robot::Press(kNext);
+        EXPECT_EQ(Robot::Layout(), 111) << "a refused value keeps the page";
+    });
+}
+
+TEST_F(SpeedController, WritesTheSlidersValuesWhenItIsReleased) {
+    OnPage([this] {
+        EXPECT_EQ(Slider()->minimum(), 0);
+        EXPECT_EQ(Slider()->maximum(), 100);
+        EXPECT_EQ(Slider()->value(), 100);
+        m_drive.TakeLog();
+        Drag(47);
+        EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 2306=200", "write 5006=150"})) << "the tab is not loaded";
+        ShowTab(2);
+        Robot::Type(ValueId(2311), "3");
+        m_drive.TakeLog();
+        Drag(49);
+        EXPECT_EQ(m_drive.TakeLog(),
+                  (QStringList{"write 2306=200", "write 5006=150", "write 2311=3", "read 2311"} + kFiltersRead));
+        EXPECT_EQ(Robot::Text(ValueId(5006)), "150");
+    });
+}
+
+// What cannot be written is told of, and the rest is written all the same.
+TEST_F(SpeedController, TellsWhichOfTheSlidersValuesItCannotWrite) {
+    OnPage([this] {
+        Drag(49);
+        m_boxes.Expect("Parameter 3333 not found from drive.\n\nUnable to use the specified parameter.");
+        m_boxes.Expect("Parameter 23.06 Parameter 2306: 60000 is out of range. *");
+        m_drive.TakeLog();
+        Slider()->setFocus();
+        QTest::keyClick(Slider(), Qt::Key_Right);
+        EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 2311=7"}));
+    });
+}
+
+// The sheet is no control of the layout: that it fits is seen on the page itself only.
+TEST_F(SpeedController, HasRoomForItsTabs) {
+    const QFont former = QApplication::font();
+    for (const int pointSize : {9, 13}) {
+        QFont font = former;
+        font.setPointSize(pointSize);
+        QApplication::setFont(font);
+        OnPage([&] {
+            const QWidget* placeholder = Robot::Control(kPlaceholder);
+            const QWidget* page = placeholder->parentWidget();
+            const auto* sheet = page->findChild<CPropertySheet*>();
+            ASSERT_TRUE(sheet);
+            EXPECT_EQ(sheet->pos(), placeholder->pos() - QPoint(6, 7));
+            EXPECT_TRUE(page->rect().contains(sheet->geometry())) << pointSize;
+            for (const QWidget* other : page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+                if (other != sheet && other != placeholder) {
+                    EXPECT_FALSE(other->geometry().intersects(sheet->geometry()))
+                        << other->objectName().toStdString() << " at " << pointSize << " pt";
+                }
+            }
+        });
+    }
+    QApplication::setFont(former);
+}
+
+} // namespace
+} // namespace krt550

@@ -1,0 +1,119 @@
+#include "wizard/assistants/basic/page_autotuning_speed_controller.h"
+
+#include "hostlib/tolvbo32/parameter.h"
+#include "wizard/params/parameter_access.h"
+#include "wizard/platform/resources.h"
+#include "wizard/platform/slider.h"
+#include "wizard/platform/wait_cursor.h"
+#include "wizard/resources/control_ids.h"
+#include "wizard/shell/sheet_wizard.h"
+#include "wizard/shell/wizard_tab_sheet.h"
+#include "wizard/texts/wizard_text_store.h"
+
+namespace krt550 {
+namespace {
+
+constexpr RowDef kGeneralRows[] = {{"9904"}, {"2001"}, {"2002"}, {"2201"}, {"2202"}};
+constexpr RowDef kLimitRows[] = {{"2003"}, {"2005"}, {"2006"}, {"2012"}, {"2013"}};
+constexpr RowDef kFilterRows[] = {{"2306"}, {"2311"}, {"5006"}};
+static_assert(HasUniqueRegisters(kGeneralRows) && HasUniqueRegisters(kLimitRows) && HasUniqueRegisters(kFilterRows));
+
+constexpr RowDef kRows[] = {{"2403"}, {"2409"}};
+
+constexpr AutotuningPageDef kPage = {
+    .layout = 111,
+    .helpTopic = u"6.htm",
+    .variant = {.mode = 4, .confirmation = 370, .success = 249, .step = 6, .judgesFirst = true},
+    .rows = kRows,
+    .firstResult = 0,
+    .rowsBeforeCondition = std::size(kRows) + 1,
+};
+
+constexpr QPoint kTabOffset(-6, -7);
+constexpr int kGeneralLabel = 572;
+constexpr int kLimitsLabel = 1063;
+constexpr int kFiltersLabel = 573;
+
+/// Where the wizard text file gives none.
+constexpr int kDefaultSliderStep = 10;
+
+/// Sets and writes one value; a missing parameter is told of and passed over.
+bool WriteValue(CParameterGroup* root, const SliderValue& value) {
+    CParameter* parameter = FindParameter(root, QString::number(value.reg));
+    if (!parameter)
+        return true;
+    if (parameter->SetValue(value.value, false))
+        return WriteParameter(parameter);
+    ShowLastError(parameter);
+    return false;
+}
+
+} // namespace
+
+CTabPageSetGeneralParameters::CTabPageSetGeneralParameters() : CRowTabPage(10056, kGeneralRows) {}
+
+CTabPageSetLimits::CTabPageSetLimits() : CRowTabPage(10058, kLimitRows) {}
+
+CTabPageSetFilters::CTabPageSetFilters() : CRowTabPage(10057, kFilterRows) {}
+
+void CTabPageSetFilters::ShowDriveValues() {
+    for (std::size_t row = 0; row < GetRows().size(); ++row)
+        if (!GetRows().GetParameter(row))
+            return;
+    GetRows().Reread(0, GetRows().size());
+    GetRows().Unmark();
+}
+
+CPageAutotuningSpeedController::CPageAutotuningSpeedController()
+    : CAutotuningPage(kPage), m_sliderStep(kDefaultSliderStep) {
+    CWizardTabSheet& tabs = UseTabs(kIdTabPlaceholder, kTabOffset);
+    tabs.AddTab(m_general, LoadText(kGeneralLabel));
+    tabs.AddTab(m_limits, LoadText(kLimitsLabel));
+    tabs.AddTab(m_filters, LoadText(kFiltersLabel));
+    Handle(kIdSpeedResponse, ControlEvent::Released, [this] {
+        const CWaitCursor wait;
+        ApplySlider();
+    });
+}
+
+bool CPageAutotuningSpeedController::LoadParameters() {
+    const bool loaded = CAutotuningPage::LoadParameters();
+    SetUpSlider();
+    return loaded;
+}
+
+void CPageAutotuningSpeedController::SetUpSlider() {
+    auto* slider = GetControl<CSlider>(kIdSpeedResponse);
+    if (!slider)
+        return;
+    SpeedResponse response;
+    if (CWizardTextStore::Instance().GetSpeedResponse(response)) {
+        slider->setRange(response.minimum, response.maximum);
+        m_sliderStep = response.step > 0 ? response.step : kDefaultSliderStep;
+    }
+    slider->SetMark(std::abs(slider->minimum() - slider->maximum() / 2));
+    slider->setValue(slider->maximum());
+}
+
+bool CPageAutotuningSpeedController::WriteRows() {
+    bool written = GetRows().Write();
+    written = m_general.ApplyParameters() && written;
+    written = m_limits.ApplyParameters() && written;
+    return ApplySlider() && written;
+}
+
+bool CPageAutotuningSpeedController::ApplySlider() {
+    bool written = true;
+    const auto* slider = GetControl<CSlider>(kIdSpeedResponse);
+    CParameterGroup* root = GetPageParameterRoot(GetSheet());
+    QList<SliderValue> values;
+    if (slider && root)
+        CWizardTextStore::Instance().GetSliderValues(static_cast<quint16>(slider->value() / m_sliderStep), values);
+    for (const SliderValue& value : values)
+        written = WriteValue(root, value) && written;
+    written = m_filters.ApplyParameters() && written;
+    m_filters.ShowDriveValues();
+    return written;
+}
+
+} // namespace krt550
