@@ -1,41 +1,46 @@
 #pragma once
 
-#include "tests/support/fake_drive.h"
+#include "tests/assistants/tuning_drive.h"
 
 namespace krt550 {
 
-/// A drive that finds its speed feedback: in mode 5 its progress rises with every look at it, until it has adapted 50.03;
-/// in mode 14 it stays where it is until the motor is stopped.
-class FeedbackDrive : public FakeDrive {
+/// A drive that finds its speed feedback: in mode 5 its progress rises with every look at it, until it has
+/// adapted 50.03; in mode 14 it stays where it is until the motor is stopped.
+class FeedbackDrive : public TuningDrive {
 public:
-    FeedbackDrive() : FakeDrive(Parameters()) {
-        words[801] = 1;
+    FeedbackDrive() : TuningDrive(Parameters()) {
         words[8827] = 10000;
         words[5003] = 3;
         faultBufferError = 0;
         faultRecord = QByteArray(74, 0);
         faultRecord[0] = 10;
-        onCall = [this](const QString& call) { Advance(call); };
     }
 
     quint16 found = 1;     ///< value of 50.03 in the end
-    quint16 outcome = 0;   ///< value of 9.11 then
     quint16 goal = 81;     ///< progress of the test in the end
     quint16 tuningAt = 50; ///< progress during the fine tuning
-    std::function<void(int look)> onLook;
     std::function<void(int look)> onTuning;
 
     static std::vector<ParameterDescription> Parameters() {
-        std::vector<ParameterDescription> parameters = WizardParameters();
-        for (const int reg : {102, 103, 105, 218, 424, 801, 2001, 2002, 5004, 5012, 5013})
+        std::vector<ParameterDescription> parameters = TuningDrive::Parameters();
+        for (const int reg : {102, 103, 105, 218, 5004, 5012, 5013})
             Add(parameters, Number(static_cast<quint16>(reg), QStringLiteral("Parameter %1").arg(reg), 0, 0, 10000));
         Add(parameters, Number(8827, "Analog tacho adjust", 2, 50, 200));
         Add(parameters, List(425, "Tacho input range", {{0, "Not in use"}, {3, "90 to 270 V"}}));
         Add(parameters, List(5002, "Encoder evaluation", {{0, "One edge"}, {2, "All edges"}}));
         Add(parameters, List(5003, "Feedback", {{0, "EMF"}, {1, "Encoder"}, {2, "Tacho"}, {3, "External"}}));
-        Add(parameters, Number(9906, "Service mode", 0, 0, 14));
-        Add(parameters, List(911, "Diagnosis", {{0, "No message"}, {71, "Encoder signal missing"}}));
+        Add(parameters,
+            List(911, "Diagnosis", {{0, "No message"}, {7, "Motor turned"}, {71, "Encoder signal missing"}}));
         return parameters;
+    }
+
+protected:
+    void Advance(const QString& call) override {
+        const bool testing = words[9906] == 5 || words[9906] == 14;
+        if (testing || call == "start motor" || call == "stop motor")
+            AdvanceTest(call);
+        if (!testing)
+            TuningDrive::Advance(call);
     }
 
 private:
@@ -44,7 +49,7 @@ private:
         parameters.push_back(parameter);
     }
 
-    void Advance(const QString& call) {
+    void AdvanceTest(const QString& call) {
         if (call == "start motor") {
             statusWord = 0;
             m_looks = 0;

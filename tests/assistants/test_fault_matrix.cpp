@@ -1,11 +1,12 @@
 // Every procedure with a fault at every call: the n-th call to the host fails, once or from then on; Cancel or the
 // close button comes at the n-th call. n runs from 1 until a run meets no fault. One case alone:
 //   KRT550_FAULT_CASE=n test_fault_matrix --gtest_filter=<the test that failed>
-#include "tests/assistants/tuning_drive.h"
+#include "tests/assistants/feedback_drive.h"
 #include "tests/shell/wizard_fixture.h"
 
 #include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/row_ids.h"
+#include "wizard/resources/control_ids.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -21,7 +22,7 @@ namespace {
 
 constexpr int kDiagnosisDialog = 122;
 
-enum class Disturbance { FailsOnce, FailsFromThenOn, Cancel, Close };
+enum class Disturbance { FailsOnce, FailsFromThenOn, Cancel, Close, Back, Next, OtherTab };
 
 const char* NameOf(Disturbance disturbance) {
     switch (disturbance) {
@@ -32,9 +33,15 @@ const char* NameOf(Disturbance disturbance) {
     case Disturbance::Cancel:
         return "Cancel";
     case Disturbance::Close:
+        return "Close";
+    case Disturbance::Back:
+        return "Back";
+    case Disturbance::Next:
+        return "Next";
+    case Disturbance::OtherTab:
         break;
     }
-    return "Close";
+    return "OtherTab";
 }
 
 /// What a person does in the wizard, from the start page on.
@@ -43,6 +50,8 @@ struct Procedure {
     std::function<void()> act;
     /// Step that an undisturbed run marks done, 0 for none.
     int step;
+    quint16 feedback = 1; ///< that the drive finds
+    int endOfTuning = 0;  ///< button that ends a tacho's fine tuning
 };
 
 void PressIfThere(int id) {
@@ -115,13 +124,33 @@ void ApplySpeedController() {
     PressIfThere(kNext);
 }
 
+void TurnByHand() {
+    PressIfThere(167);
+    PressIfThere(kNext);
+    ShowTab(1);
+    for (const int id : {kIdLocalOrRemote, kIdCloseContactor, kIdStartMotor, kIdSetNewReference, kIdStepUp,
+                         kIdStopMotor, kIdStartMotor})
+        PressIfThere(id);
+    PressIfThere(kNext);
+}
+
 const Procedure kProcedures[] = {
-    {"Step3", [] { Tune(165); }, 3},   {"Step4", [] { Tune(166); }, 4},
-    {"Step6", [] { Tune(168); }, 6},   {"Step7", [] { Tune(169); }, 7},
-    {"Apply", ApplyNamePlate, 1},      {"ApplyStep6", ApplySpeedController, 6},
-    {"ChangeTabs", ChangeTabs, 0},     {"OpenAndClose", [] { PressIfThere(158); }, 0},
+    // Those with tabs first.
+    {"Step5Encoder", [] { Tune(167); }, 5},
+    {"Step5Tacho", [] { Tune(167); }, 5, 2, kStartRun},
+    {"Step5TachoNext", [] { Tune(167); }, 5, 2, kNext},
+    {"TurnByHand", TurnByHand, 5},
+    {"Step6", [] { Tune(168); }, 6},
+    {"ApplyStep6", ApplySpeedController, 6},
+    {"ChangeTabs", ChangeTabs, 0},
+    {"Step3", [] { Tune(165); }, 3},
+    {"Step4", [] { Tune(166); }, 4},
+    {"Step7", [] { Tune(169); }, 7},
+    {"Apply", ApplyNamePlate, 1},
+    {"OpenAndClose", [] { PressIfThere(158); }, 0},
     {"Diagnosis", LookAtDiagnosis, 0},
 };
+constexpr int kTabProcedures = 7;
 
 /// Says OK to every message box and remembers the texts.
 class BoxRecorder : public QObject {
@@ -142,13 +171,8 @@ protected:
     }
 };
 
-class MatrixDrive : public TuningDrive {
+class MatrixDrive : public FeedbackDrive {
 public:
-    MatrixDrive() {
-        faultBufferError = 0;
-        faultRecord = QByteArray(74, 0);
-        faultRecord[0] = 10;
-    }
     int calls = 0;
     bool running = false;
     bool startedUnconfirmed = false;
@@ -180,6 +204,11 @@ protected:
 
 void FaultMatrix::PrepareDrive(MatrixDrive& drive) const {
     drive.wizardPath = m_wizardPath;
+    drive.found = GetProcedure().feedback;
+    drive.onTuning = [id = GetProcedure().endOfTuning](int look) {
+        if (look == 3)
+            QTimer::singleShot(0, qApp, [id] { PressIfThere(id); });
+    };
     if (GetProcedure().name == std::string("Diagnosis"))
         drive.outcome = 7;
 }
@@ -189,7 +218,8 @@ void FaultMatrix::Watch(MatrixDrive& drive, BoxRecorder& boxes, int n) {
     drive.onCall = [&drive, &boxes, advance](const QString& call) {
         if (call == "start motor") {
             drive.startedUnconfirmed = drive.startedUnconfirmed || !boxes.confirmed;
-            boxes.confirmed = false;
+            // Whoever has agreed to turn the motor by hand may start it again, until local control is given back.
+            boxes.confirmed = boxes.confirmed && drive.words[9906] == 0;
             drive.running = true;
         } else if (call == "stop motor") {
             drive.running = false;
@@ -208,6 +238,9 @@ void FaultMatrix::Watch(MatrixDrive& drive, BoxRecorder& boxes, int n) {
             return drive.calls >= n;
         case Disturbance::Cancel:
         case Disturbance::Close:
+        case Disturbance::Back:
+        case Disturbance::Next:
+        case Disturbance::OtherTab:
             if (here)
                 QTimer::singleShot(0, &boxes, [this] { Disturb(); });
             break;
@@ -220,10 +253,25 @@ void FaultMatrix::Watch(MatrixDrive& drive, BoxRecorder& boxes, int n) {
 void FaultMatrix::Disturb() {
     if (qobject_cast<QMessageBox*>(Robot::Front()))
         return;
-    if (GetDisturbance() == Disturbance::Close)
-        Robot::CloseWindow();
-    else if (auto* cancel = qobject_cast<QPushButton*>(Robot::Find(kCancel)))
-        cancel->click();
+    const auto click = [](int id) {
+        if (auto* button = qobject_cast<QPushButton*>(Robot::Find(id)))
+            button->click();
+    };
+    switch (GetDisturbance()) {
+    case Disturbance::Close:
+        return Robot::CloseWindow();
+    case Disturbance::Cancel:
+        return click(kCancel);
+    case Disturbance::Back:
+        return click(kBack);
+    case Disturbance::Next:
+        return click(kNext);
+    case Disturbance::OtherTab:
+        return ShowTab(1);
+    case Disturbance::FailsOnce:
+    case Disturbance::FailsFromThenOn:
+        break;
+    }
 }
 
 bool FaultMatrix::RunCase(int n) {
@@ -292,14 +340,20 @@ TEST_P(FaultMatrix, LeavesTheDriveSafe) {
     std::printf("    %d cases\n", cases);
 }
 
+std::string NameOfCase(const testing::TestParamInfo<std::tuple<int, Disturbance>>& matrix) {
+    return std::string(kProcedures[std::get<0>(matrix.param)].name) + NameOf(std::get<1>(matrix.param));
+}
+
 INSTANTIATE_TEST_SUITE_P(All, FaultMatrix,
                          testing::Combine(testing::Range(0, int(std::size(kProcedures))),
                                           testing::Values(Disturbance::FailsOnce, Disturbance::FailsFromThenOn,
                                                           Disturbance::Cancel, Disturbance::Close)),
-                         [](const auto& matrix) {
-                             return std::string(kProcedures[std::get<0>(matrix.param)].name) +
-                                    NameOf(std::get<1>(matrix.param));
-                         });
+                         NameOfCase);
+
+INSTANTIATE_TEST_SUITE_P(Tabs, FaultMatrix,
+                         testing::Combine(testing::Range(0, kTabProcedures),
+                                          testing::Values(Disturbance::Back, Disturbance::Next, Disturbance::OtherTab)),
+                         NameOfCase);
 
 } // namespace
 } // namespace krt550

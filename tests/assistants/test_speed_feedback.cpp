@@ -19,8 +19,6 @@ namespace {
 
 constexpr int kBoxOfStep5 = 167;
 
-const QString kRunsUp = "Attention:\nThe motor will run up to base speed during test!\nMake sure everything is safe!";
-const QString kDenied = "Start of autotuning denied.\nDrive is controlled by another source!";
 const QString kAdapted = "Speed feedback was adapted to:\n";
 const QString kOffer = kAdapted + "Analogue tacho\n\nIt is recommended to fine tune the tacho.\nDo You want to fine "
                                   "tune the tacho? ";
@@ -37,10 +35,6 @@ const QStringList kJudge = {"read 5003", "read 911"};
 const QStringList kStop = {"stop motor", "open contactor", "refresh"};
 const QStringList kRelease = {"refresh", "release local control"};
 const QStringList kTune = {"write 9906=14", "close contactor", "start motor"};
-
-QString FailureText(const QString& diagnosis) {
-    return "Autotuning failed:\n" + diagnosis + "\nFix the problem and try again\n";
-}
 
 class SpeedFeedback : public testing::Test {
 protected:

@@ -36,7 +36,8 @@ inline QStringList Stop() {
 /// it.
 class TuningDrive : public FakeDrive {
 public:
-    TuningDrive() : FakeDrive(Parameters()) {
+    explicit TuningDrive(std::vector<ParameterDescription> parameters = Parameters())
+        : FakeDrive(std::move(parameters)) {
         words[801] = 1;
         onCall = [this](const QString& call) { Advance(call); };
     }
@@ -64,8 +65,8 @@ public:
         return parameters;
     }
 
-private:
-    void Advance(const QString& call) {
+protected:
+    virtual void Advance(const QString& call) {
         if (call == "start motor")
             m_looks = 0;
         if (call != "read 9906" || m_looks < 0)
@@ -82,6 +83,7 @@ private:
         m_looks = -1;
     }
 
+private:
     int m_looks = -1;
 };
 

@@ -45,6 +45,8 @@ bool CPageSpeedFeedback::BindRows(CParameterGroup* root, QString& errors) {
                     {m_emf, "102", kIdShownEmf},
                     {m_encoder, "103", 0},
                     {m_tacho, "105", 0}};
+    m_reads.Clear();
+    m_readsFailed = false;
     bool bound = true;
     for (const auto& display : displays) {
         display.parameter = FindParameter(root, QString::fromLatin1(display.reg));
@@ -122,15 +124,25 @@ void CPageSpeedFeedback::PostRefreshDisplays(quint16 feedback) {
         Qt::QueuedConnection);
 }
 
-// A value that cannot be read stays as it is: the rows above report a drive that does not answer.
 void CPageSpeedFeedback::RefreshDisplays() {
+    if (m_readsFailed)
+        return;
     ShowSpeed(m_reference, kIdShownReference);
     ShowSpeed(m_emf, kIdShownEmf);
     ShowSpeedOf(m_feedback);
+    if (!m_auto.IsRunning())
+        ShowReadFailures();
+}
+
+void CPageSpeedFeedback::ShowReadFailures() {
+    if (!m_reads.HasFailures())
+        return;
+    m_readsFailed = true;
+    m_reads.ShowFailures();
 }
 
 void CPageSpeedFeedback::ShowSpeed(CParameter* parameter, int label) {
-    if (parameter && parameter->ReadFromDrive())
+    if (m_reads.Read(parameter))
         ShowDisplayRow(parameter, GetDlgItem(label), GetDlgItem(label + kShownValue), GetDlgItem(label + kShownUnit));
 }
 

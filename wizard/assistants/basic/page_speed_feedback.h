@@ -21,6 +21,9 @@ public:
     /// Has the speeds read and shown as soon as the message queue is drained; asked for again before that, once. The
     /// third one is that of `feedback`, a value of 50.03.
     void PostRefreshDisplays(quint16 feedback);
+    /// Tells which of the speeds could not be read, each once until the page is entered again: not for a run, which calls
+    /// it when the motor stands.
+    void ShowReadFailures();
     /// Step 5 is done.
     void MarkDone();
     /// Back and Next, while the drive looks for its feedback.
@@ -50,6 +53,8 @@ private:
     CParameter* m_encoder = nullptr;   ///< 1.03
     CParameter* m_tacho = nullptr;     ///< 1.05
     quint16 m_feedback = 0;            ///< whose speed is the third one
+    CQuietReads m_reads;
+    bool m_readsFailed = false; ///< and has been told
     bool m_refreshPosted = false;
     bool m_cancelling = false;
 };

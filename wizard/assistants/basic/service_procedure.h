@@ -55,6 +55,7 @@ public:
     /// Shows each parameter that failed once.
     void ShowFailures();
     void Clear() { m_failed.clear(); }
+    bool HasFailures() const { return !m_failed.empty(); }
 
 private:
     std::vector<const CParameterSet*> m_failed;

@@ -239,6 +239,7 @@ void CTabPageAuto::ShowTroubles() {
         ShowMessageBox(text, MessageIcon::None);
     }
     m_reads.ShowFailures();
+    m_page.ShowReadFailures();
 }
 
 void CTabPageAuto::EnableRowsFor(quint16 feedback) {

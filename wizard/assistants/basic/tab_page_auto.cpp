@@ -62,7 +62,7 @@ bool CTabPageAuto::ApplyParameters() {
         return true;
     const bool written = CRowTabPage::ApplyParameters();
     // While the motor runs, Start stays as the run has left it.
-    if (!m_running && !m_fineTuning)
+    if (!IsRunning())
         EvaluateStartCondition();
     return written;
 }
@@ -78,7 +78,7 @@ quint16 CTabPageAuto::GetFeedback() const {
 }
 
 bool CTabPageAuto::OnKillActive() {
-    if (m_running || m_fineTuning)
+    if (IsRunning())
         return false;
     StopParameterUpdate(*this, m_updateTimer);
     return CRowTabPage::OnKillActive();
@@ -130,6 +130,8 @@ void CTabPageAuto::OnButtonStart() {
         ShowRunFailure(GetParameterRoot());
         ReadFaultAfterRun(m_page.GetHostDrive(), GetDlgItem(kIdAutotuningDiagnosis));
     }
+    if (!m_abort)
+        m_page.ShowReadFailures();
     EnableControl(GetDlgItem(kIdAutotuningStart), true);
     ShowProgress(0);
 }

@@ -25,6 +25,8 @@ public:
     quint16 GetFeedback() const;
     /// The page is left: the timer does not look for faults any more.
     void EndTest() { m_testing = false; }
+    /// The test is on, or fine tuning.
+    bool IsRunning() const { return m_running || m_fineTuning; }
     /// Stops the motor and says that fine tuning is over. Does nothing without fine tuning.
     void FinishFineTuning();
     /// Fine tuning is over, without a word.
