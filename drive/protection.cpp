@@ -73,7 +73,10 @@ bool CProtection::IsFieldLost(double seconds, const MotorState& state, const Sur
         return false;
     }
     if (!missing) {
-        m_fieldWasThere = true;
+        // What is left of the field from before counts when it has been brought up again.
+        constexpr double kReached = 0.9;
+        const double reached = kReached * around.fieldReference * settings.ratedFieldCurrent;
+        m_fieldWasThere = m_fieldWasThere || std::abs(state.fieldCurrent) >= reached;
         m_fieldMissing = 0;
         return false;
     }

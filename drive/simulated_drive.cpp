@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 #include <utility>
 
@@ -279,6 +280,9 @@ double CSimulatedDrive::GetSpeed() const {
 }
 
 std::optional<double> CSimulatedDrive::GetTrueValue(quint16 reg) const {
+    constexpr quint16 kSpeeds[] = {reg::kSpeed, reg::kSpeedEmf, reg::kSpeedEncoder, reg::kSpeedTacho, reg::kHandTacho};
+    if (std::ranges::find(kSpeeds, reg) != std::end(kSpeeds))
+        return GetSpeed();
     return TrueValue(reg, m_control.GetMotor().GetData(), m_settings.ratedFieldCurrent);
 }
 

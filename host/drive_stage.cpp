@@ -54,6 +54,12 @@ QString CDriveStage::CompareWithMotor(quint16 reg, int percent, bool& isNear) {
         .arg(DescribeDrive(reg), dtoa(*truth, parameter->decimals), parameter->unit, dtoa(away, 1));
 }
 
+std::optional<QString> CDriveStage::MeasureText(quint16 reg) {
+    const ParameterDescription* parameter = m_connection.FindParameter(reg);
+    const std::optional<double> truth = m_connection.TrueValue(reg);
+    return parameter && truth ? std::optional(dtoa(*truth, parameter->decimals)) : std::nullopt;
+}
+
 const QStringList& CDriveStage::LogLines() const {
     return m_log.Lines();
 }

@@ -17,6 +17,7 @@ public:
     std::optional<QString> DriveText(quint16 reg) override;
     QString DescribeDrive(quint16 reg) override;
     QString CompareWithMotor(quint16 reg, int percent, bool& isNear) override;
+    std::optional<QString> MeasureText(quint16 reg) override;
     QString SwitchFault(const QString& name) override { return m_connection.SwitchFault(name); }
     const QStringList& LogLines() const override;
     void ClearLog() override;

@@ -123,6 +123,15 @@ QString Shoot(const QString& directory, const QString& name) {
     return {};
 }
 
+QString Measure(Arguments arguments, const ActingContext& context) {
+    const std::optional<QString> text = context.stage.MeasureText(static_cast<quint16>(arguments.number));
+    if (!text)
+        return QStringLiteral("nobody can measure %1 at the motor").arg(arguments.number);
+    arguments.text = *text;
+    context.print(QLatin1String("  measured: ") + *text);
+    return Set(arguments);
+}
+
 QString Compare(const Arguments& arguments, const ActingContext& context) {
     bool isNear = false;
     const QString text =
@@ -173,6 +182,8 @@ QString Act(const PlayAction& action, const ActingContext& context) {
     case Verb::Show:
         context.print(QLatin1String("  ") + context.stage.DescribeDrive(reg));
         return {};
+    case Verb::Measure:
+        return Measure(arguments, context);
     case Verb::Compare:
         return Compare(arguments, context);
     case Verb::ClearLog:

@@ -24,6 +24,7 @@ enum class Verb {
     Fault,
     Show,
     Compare,
+    Measure,
     Say,
     ClearLog,
     Close

@@ -20,6 +20,8 @@ public:
     /// "43.10 Armature resistance: 2578 mOhm, the motor's own: 2581 mOhm (-0.1 %)". A value that lies farther than
     /// `percent` from the motor's own, or that nobody knows of the motor, is an error; the text says so.
     virtual QString CompareWithMotor(quint16 reg, int percent, bool& isNear) = 0;
+    /// What somebody measures at the motor itself and would type into a row; nothing when nobody can.
+    virtual std::optional<QString> MeasureText(quint16 reg) = 0;
     /// Switches a fault of the drive on. Returns what went wrong, or an empty text.
     virtual QString SwitchFault(const QString& name) = 0;
     virtual const QStringList& LogLines() const = 0;

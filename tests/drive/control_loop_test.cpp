@@ -13,6 +13,7 @@ using test::WholeDrive;
 
 struct Response {
     double overshoot = 0; ///< [%] of the step
+    double rise = 0;      ///< [s] to 90 %
     double settled = 0;   ///< [s] until it stays within 2 %
 };
 
@@ -22,10 +23,35 @@ template <class Step> Response Watch(double seconds, const Step& step) {
     for (double time = 0; time < seconds; time += CMotorControl::kStep) {
         const double value = step();
         response.overshoot = std::max(response.overshoot, (value - 1) * 100);
+        if (response.rise == 0 && value >= 0.9)
+            response.rise = time;
         if (std::abs(value - 1) > 0.02)
             response.settled = time;
     }
     return response;
+}
+
+/// A step of the speed under half load, small enough for the torque limit, watched for `seconds`.
+Response StepSpeed(const MotorSet& set, const DriveSettings& settings, double seconds) {
+    CMotorControl control(DataOf(set));
+    control.SetMains(set.mains);
+    MotorCommand command;
+    command.field = FieldMode::Current;
+    const double start = 0.4 * settings.baseSpeed;
+    const double torque = set.laf * set.fieldCurrent * set.current;
+    const double step = 0.2 * torque * 4 * settings.SmallLags() / set.inertia;
+    const auto speed = [&] {
+        control.Step(command, settings);
+        return (control.GetState().speed - start) / step;
+    };
+    Watch(3, speed);
+    control.GetMotor().SetLoad(torque / 2);
+    command.armature = ArmatureMode::Speed;
+    command.speed = start;
+    Watch(8, speed);
+    EXPECT_NEAR(control.GetState().speed, start, 0.01 * start);
+    command.speed = start + step;
+    return Watch(seconds, speed);
 }
 
 class ControlLoop : public testing::TestWithParam<const char*> {};
@@ -60,25 +86,7 @@ TEST_P(ControlLoop, TunedByTheDriveStaysInItsBands) {
     EXPECT_LT(ofCurrent.overshoot, 6);
     EXPECT_LT(ofCurrent.settled, 15 * kConverterLag);
 
-    // Speed under half load, in steps small enough for the torque limit.
-    control.GetMotor().SetLocked(false);
-    command.field = FieldMode::Current;
-    command.armature = ArmatureMode::Blocked;
-    const double start = 0.4 * settings.baseSpeed;
-    const double torque = set.laf * set.fieldCurrent * set.current;
-    const double step = 0.2 * torque * 4 * settings.SmallLags() / set.inertia;
-    const auto speed = [&] {
-        control.Step(command, settings);
-        return (control.GetState().speed - start) / step;
-    };
-    Watch(3, speed);
-    control.GetMotor().SetLoad(torque / 2);
-    command.armature = ArmatureMode::Speed;
-    command.speed = start;
-    Watch(6, speed);
-    ASSERT_NEAR(control.GetState().speed, start, 0.01 * start);
-    command.speed = start + step;
-    const Response ofSpeed = Watch(1, speed);
+    const Response ofSpeed = StepSpeed(set, settings, 1);
     EXPECT_GT(ofSpeed.overshoot, 4);
     EXPECT_LT(ofSpeed.overshoot, 9);
     EXPECT_LT(ofSpeed.settled, 30 * settings.SmallLags());
@@ -91,6 +99,33 @@ TEST_P(ControlLoop, TunedByTheDriveStaysInItsBands) {
 
 INSTANTIATE_TEST_SUITE_P(Sets, ControlLoop, testing::Values("S1", "S2", "S3"),
                          [](const auto& set) { return std::string(set.param); });
+
+TEST(SpeedResponse, SlowNormalAndFastAreWhatTheirNamesSay) {
+    // Filters as the slider of the speed controller's page writes them: error, reference, feedback [ms].
+    const struct {
+        const char* name;
+        double error, reference, feedback;
+    } responses[] = {{"slow", 20, 200, 20}, {"normal", 10, 100, 12.5}, {"fast", 0, 0, 5}};
+    double former = 0;
+    for (const auto& r : responses) {
+        WholeDrive drive("S2");
+        ASSERT_EQ(drive.Tune(1), 0);
+        drive.Seconds(1);
+        drive.SetValue(reg::kErrorFilter, r.error);
+        drive.SetValue(reg::kReferenceFilter, r.reference);
+        drive.SetValue(reg::kFeedbackFilter, r.feedback);
+        ASSERT_EQ(drive.Tune(4), 0) << r.name;
+        const DriveSettings settings = ReadSettings(drive.Drive().GetRegisters(), DefaultMotorSet());
+        const Response response = StepSpeed(DefaultMotorSet(), settings, 3);
+        std::printf("%s: overshoot %.2f %%, 90 %% after %.0f ms, within 2 %% after %.0f ms\n", r.name,
+                    response.overshoot, response.rise * 1000, response.settled * 1000);
+        EXPECT_LT(response.overshoot, 9) << r.name;
+        if (former > 0) {
+            EXPECT_LT(response.rise, former / 1.5) << r.name;
+        }
+        former = response.rise;
+    }
+}
 
 TEST(ControlLoopOnAnExtremeMotor, RunsWhenSetByHand) {
     // Nearly no inductance: the current has gaps always, which the drive says instead of measuring nonsense.

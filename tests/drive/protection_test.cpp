@@ -105,6 +105,21 @@ TEST(ActualValues, AreAliveWhileTheMotorTurns) {
         EXPECT_NEAR(drive.Value(v.reg), v.value, v.tolerance) << v.reg;
 }
 
+TEST(FieldLoss, IsNotSeenInAFieldThatIsStillDecayingFromBefore) {
+    WholeDrive drive("S2");
+    drive.Run(200);
+    drive.Seconds(6);
+    ASSERT_TRUE(drive.Drive().OpenContactor());
+    for (int i = 0; i < 600 && drive.Drive().IsContactorClosed(); ++i)
+        drive.Seconds(0.05);
+    drive.Seconds(0.25);
+    ASSERT_GT(drive.Value(reg::kFieldRelative), drive.Value(reg::kLeastField));
+    drive.Run(200);
+    drive.Seconds(6);
+    EXPECT_EQ(drive.Drive().GetActiveFault(), 0);
+    EXPECT_GT(drive.Drive().GetSpeed(), 150);
+}
+
 TEST(SpeedFeedback, LostOneTripsOrGivesWayToTheEmf) {
     for (const auto& [reaction, fault] : {std::pair{1, int(kFaultFeedback)}, {2, 0}, {3, 0}}) {
         WholeDrive drive("S2");

@@ -25,6 +25,9 @@ public:
         isNear = percent >= 3;
         return QStringLiteral("%1 lies 3 % away").arg(reg);
     }
+    std::optional<QString> MeasureText(quint16 reg) override {
+        return reg == 102 ? std::optional(QStringLiteral("1480")) : std::nullopt;
+    }
     QString SwitchFault(const QString& name) override { return QStringLiteral("there is no fault ") + name; }
     const QStringList& LogLines() const override { return lines; }
     void ClearLog() override { lines.clear(); }

@@ -130,8 +130,10 @@ void CTabPageAuto::OnButtonStart() {
         ShowRunFailure(GetParameterRoot());
         ReadFaultAfterRun(m_page.GetHostDrive(), GetDlgItem(kIdAutotuningDiagnosis));
     }
-    if (!m_abort)
+    if (!m_abort) {
         m_page.ShowReadFailures();
+        m_page.PostRefreshDisplays(GetFeedback());
+    }
     EnableControl(GetDlgItem(kIdAutotuningStart), true);
     ShowProgress(0);
 }
