@@ -102,12 +102,14 @@ TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {
     struct {
         int picture;
         QSize size;
-    } const cases[] = {{86, {309, 419}}, {106, {91, 16}}, {108, {91, 16}}, {109, {91, 16}}, {10066, {54, 23}}};
+    } const cases[] = {{86, {309, 419}},  {106, {91, 16}},   {108, {91, 16}},   {109, {91, 16}},   {10066, {54, 23}},
+                       {116, {81, 23}},   {10068, {54, 23}}, {10070, {81, 23}}, {10071, {81, 23}}, {10072, {81, 23}},
+                       {10073, {54, 23}}, {10074, {54, 23}}, {10075, {54, 23}}};
     for (const auto& [picture, size] : cases) {
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 1.0).size(), size) << picture;
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 2.0).deviceIndependentSize(), QSizeF(size)) << picture;
     }
-    for (const int picture : {10046, 10047})
+    for (const int picture : {10020, 10021, 10022, 10023, 10024, 10025, 10026, 10031, 10032, 10034, 10046, 10047})
         EXPECT_FALSE(m_resources.GetPicture(picture, {}, 1.0).isNull()) << picture;
     EXPECT_TRUE(m_resources.GetPicture(1, {}, 1.0).isNull());
 }
