@@ -20,31 +20,14 @@ constexpr double kTachoRanges[] = {30, 90, kMostTachoVoltage}; ///< upper ends [
 constexpr double kHandTachoSpread = 0.5; ///< a hand-held tacho that shows another speed than this is misread
 
 /// Field on, then up to base speed, on the EMF or on the chosen feedback. 0 or why not.
-CServiceRun RunUp(CTestBench& bench, SpeedGuide guide) {
+CServiceRun ToBaseSpeed(CTestBench& bench, SpeedGuide guide) {
     const double base = bench.GetSettings().baseSpeed;
     if (bench.GetSpeedLimit() < 0.99 * base)
         co_return diagnosis::kSpeedLimits;
-    bench.Phase(15, 2);
     bench.command.guide = guide;
-    bench.command.field = FieldMode::Current;
-    bench.command.fieldCurrent = 1;
-    do {
-        if (bench.GetTime() > turning::kFieldTime)
-            co_return diagnosis::kFieldNotReached;
-        bench.StartMean();
-        co_yield 0.1;
-    } while (turning::MeanField(bench) < turning::kFieldThere);
-
-    bench.Phase(60, kRunUp);
-    bench.command.armature = ArmatureMode::Speed;
-    bench.RampSpeed(base, base / kRunUp);
-    co_yield kRunUp;
-    const double started = bench.GetTime();
-    do {
-        bench.StartMean();
-        co_yield 0.3;
-    } while (turning::WhyNotAt(bench, base, 0.05) && bench.GetTime() - started < turning::kPatience);
-    co_return turning::WhyNotAt(bench, base, 0.1);
+    if (const quint16 code = co_await turning::FieldUp(bench, 15))
+        co_return code;
+    co_return co_await turning::RunUp(bench, base, kRunUp, 60);
 }
 
 quint16 JudgeEncoder(double ratio) {
@@ -69,11 +52,8 @@ quint16 JudgeTacho(double ratio, double voltage) {
 
 CServiceRun RunFeedbackTest(CTestBench& bench) {
     const DriveSettings& settings = bench.GetSettings();
-    CServiceRun runUp = RunUp(bench, SpeedGuide::Emf);
-    for (; !runUp.IsDone(); runUp.Step(CMotorControl::kStep))
-        co_yield 0;
-    if (runUp.GetResult())
-        co_return runUp.GetResult();
+    if (const quint16 code = co_await ToBaseSpeed(bench, SpeedGuide::Emf))
+        co_return code;
 
     bench.Phase(78, 1);
     bench.StartMean();
@@ -116,11 +96,8 @@ CServiceRun RunFeedbackTest(CTestBench& bench) {
 CServiceRun RunTachoTuning(CTestBench& bench) {
     if (bench.GetSettings().speedSource != SpeedSource::Tacho)
         co_return diagnosis::kNoFeedback;
-    CServiceRun runUp = RunUp(bench, SpeedGuide::Chosen);
-    for (; !runUp.IsDone(); runUp.Step(CMotorControl::kStep))
-        co_yield 0;
-    if (runUp.GetResult())
-        co_return runUp.GetResult();
+    if (const quint16 code = co_await ToBaseSpeed(bench, SpeedGuide::Chosen))
+        co_return code;
     bench.Phase(99, 2);
     double adjust = bench.GetSettings().tachoAdjust;
     for (;;) {

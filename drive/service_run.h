@@ -50,12 +50,17 @@ inline constexpr quint16 kNoFeedback = 77;
 } // namespace diagnosis
 
 /// A coroutine that lives in the drive's time: `co_yield seconds` lets that time pass (0: one step), `co_return` ends
-/// it with a number of the diagnosis, 0 for success.
+/// it with a number of the diagnosis, 0 for success. `co_await` of another run carries that one out and gives its
+/// number.
 class CServiceRun {
 public:
+    /// What `co_await` waits with.
+    class CPart;
+
     struct promise_type {
         double wait = 0;
         quint16 result = 0;
+        CServiceRun* part = nullptr; ///< that is being carried out
 
         CServiceRun get_return_object() {
             return CServiceRun(std::coroutine_handle<promise_type>::from_promise(*this));
@@ -68,6 +73,7 @@ public:
         }
         void return_value(quint16 code) noexcept { result = code; }
         void unhandled_exception() { std::terminate(); }
+        CPart await_transform(CServiceRun&& run);
     };
 
     CServiceRun() = default;
@@ -87,6 +93,14 @@ public:
     void Step(double seconds) {
         if (IsDone())
             return;
+        if (CServiceRun* part = m_handle.promise().part) {
+            part->Step(seconds);
+            if (!part->IsDone())
+                return;
+            m_handle.promise().part = nullptr;
+            m_handle.resume();
+            return;
+        }
         m_handle.promise().wait -= seconds;
         if (m_handle.promise().wait <= seconds / 2)
             m_handle.resume();
@@ -97,5 +111,20 @@ private:
 
     std::coroutine_handle<promise_type> m_handle;
 };
+
+class CServiceRun::CPart {
+public:
+    explicit CPart(CServiceRun&& run) : m_run(std::move(run)) {}
+    bool await_ready() const noexcept { return false; }
+    void await_suspend(std::coroutine_handle<promise_type> whole) noexcept { whole.promise().part = &m_run; }
+    quint16 await_resume() const noexcept { return m_run.GetResult(); }
+
+private:
+    CServiceRun m_run;
+};
+
+inline CServiceRun::CPart CServiceRun::promise_type::await_transform(CServiceRun&& run) {
+    return CPart(std::move(run));
+}
 
 } // namespace krt550

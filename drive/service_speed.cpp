@@ -18,6 +18,7 @@ constexpr double kSlowEnd = 0.35;      ///< the motor swings between these speed
 constexpr double kFastEnd = 0.85;
 constexpr double kWindowLow = 0.5; ///< and is measured between these
 constexpr double kWindowHigh = 0.75;
+constexpr double kRunUp = 3; ///< to the first speed [s]
 constexpr int kRepeats = 3;
 constexpr double kSpread = 0.1; ///< between the repeats, of the mean
 constexpr double kSwing = 12;   ///< one way may take [s]
@@ -62,29 +63,10 @@ CServiceRun RunSpeed(CTestBench& bench) {
     if (drive < kLeastCurrent * rated)
         co_return diagnosis::kLimitTooLow;
 
-    bench.Phase(10, 2);
-    bench.command.field = FieldMode::Current;
-    bench.command.fieldCurrent = 1;
-    do {
-        if (bench.GetTime() > turning::kFieldTime)
-            co_return diagnosis::kFieldNotReached;
-        bench.StartMean();
-        co_yield 0.1;
-    } while (turning::MeanField(bench) < turning::kFieldThere);
-
+    if (const quint16 code = co_await turning::FieldUp(bench, 10))
+        co_return code;
     // A steady speed gives the flux constant.
-    constexpr double kRunUp = 3;
-    const double middle = kWindowHigh * base;
-    bench.Phase(30, kRunUp);
-    bench.command.armature = ArmatureMode::Speed;
-    bench.RampSpeed(middle, middle / kRunUp);
-    co_yield kRunUp;
-    const double started = bench.GetTime();
-    do {
-        bench.StartMean();
-        co_yield 0.5;
-    } while (turning::WhyNotAt(bench, middle, 0.02) && bench.GetTime() - started < turning::kPatience);
-    if (const quint16 code = turning::WhyNotAt(bench, middle, 0.1))
+    if (const quint16 code = co_await turning::RunUp(bench, kWindowHigh * base, kRunUp, 30))
         co_return code;
     bench.StartMean();
     co_yield 0.5;

@@ -34,4 +34,32 @@ inline quint16 WhyNotAt(const CTestBench& bench, double wanted, double share) {
     return speed < 0 ? diagnosis::kWrongDirection : diagnosis::kSpeedNotReached;
 }
 
+/// Switches full field on and waits for it, the progress rising to `progress`.
+inline CServiceRun FieldUp(CTestBench& bench, double progress) {
+    bench.Phase(progress, 2);
+    bench.command.field = FieldMode::Current;
+    bench.command.fieldCurrent = 1;
+    do {
+        if (bench.GetTime() > kFieldTime)
+            co_return diagnosis::kFieldNotReached;
+        bench.StartMean();
+        co_yield 0.1;
+    } while (MeanField(bench) < kFieldThere);
+    co_return diagnosis::kNone;
+}
+
+/// Runs up to `speed` [rad/s] in `time` [s] and waits until it is steady, the progress rising to `progress`.
+inline CServiceRun RunUp(CTestBench& bench, double speed, double time, double progress) {
+    bench.Phase(progress, time);
+    bench.command.armature = ArmatureMode::Speed;
+    bench.RampSpeed(speed, speed / time);
+    co_yield time;
+    const double started = bench.GetTime();
+    do {
+        bench.StartMean();
+        co_yield 0.4;
+    } while (WhyNotAt(bench, speed, 0.02) && bench.GetTime() - started < kPatience);
+    co_return WhyNotAt(bench, speed, 0.1);
+}
+
 } // namespace krt550::turning

@@ -28,26 +28,9 @@ CServiceRun RunWeakening(CTestBench& bench) {
     if (bench.GetSpeedLimit() < 0.99 * base)
         co_return diagnosis::kSpeedLimits;
 
-    bench.Phase(10, 2);
-    bench.command.field = FieldMode::Current;
-    bench.command.fieldCurrent = 1;
-    do {
-        if (bench.GetTime() > turning::kFieldTime)
-            co_return diagnosis::kFieldNotReached;
-        bench.StartMean();
-        co_yield 0.1;
-    } while (turning::MeanField(bench) < turning::kFieldThere);
-
-    bench.Phase(35, kRunUp);
-    bench.command.armature = ArmatureMode::Speed;
-    bench.RampSpeed(base, base / kRunUp);
-    co_yield kRunUp + 0.5;
-    double started = bench.GetTime();
-    do {
-        bench.StartMean();
-        co_yield 0.3;
-    } while (turning::WhyNotAt(bench, base, 0.02) && bench.GetTime() - started < turning::kPatience);
-    if (const quint16 code = turning::WhyNotAt(bench, base, 0.05))
+    if (const quint16 code = co_await turning::FieldUp(bench, 10))
+        co_return code;
+    if (const quint16 code = co_await turning::RunUp(bench, base, kRunUp, 35))
         co_return code;
     bench.StartMean();
     co_yield 0.5;
@@ -63,7 +46,7 @@ CServiceRun RunWeakening(CTestBench& bench) {
     co_yield 0.3;
     const double before = turning::MeanFlux(bench);
     bench.command.fieldCurrent = 0.9;
-    started = bench.GetTime();
+    double started = bench.GetTime();
     const double goal = before + 0.632 * (full - before) / 2;
     double response = 0;
     do {

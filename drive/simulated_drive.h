@@ -44,8 +44,8 @@ public:
     CDcMotor& GetMotor() { return m_control.GetMotor(); }
     /// What is mounted at its shaft end.
     FeedbackEquipment& GetFeedback() { return m_control.GetFeedback(); }
-    /// What the motor as it is would have in a register that tells about it: see TrueValue, and in those of the speed what
-    /// its shaft does [rpm].
+    /// What the motor as it is would have in a register that tells about it: see TrueValue, and in those of the speed
+    /// what its shaft does [rpm].
     std::optional<double> GetTrueValue(quint16 reg) const;
     /// What flows and turns.
     const MotorState& GetMotorState() const { return m_control.GetState(); }

@@ -24,7 +24,7 @@ void AddAutotuningPictures(CLayoutBuilder& layout, std::span<const int> pictures
 
 int AddAutotuningRows(CLayoutBuilder& layout, int group, int y, const char* caption, std::span<const LayoutRow> rows,
                       int step) {
-    const RowGroupStyle style{.columns = kAutotuningColumns,
+    const RowGroupStyle style{.columns = kPageColumns,
                               .x = kAutotuningGroupX,
                               .width = kAutotuningGroupWidth,
                               .listWidth = kListWidth,

@@ -7,15 +7,6 @@
 /// What the layouts of the autotuning pages have in common. Measures in dialog units.
 namespace krt550 {
 
-inline constexpr RowColumns kAutotuningColumns = {.label = 122,
-                                                  .labelWidth = 136,
-                                                  .value = 262,
-                                                  .valueWidth = 60,
-                                                  .unit = 330,
-                                                  .unitWidth = 32,
-                                                  .minimum = 366,
-                                                  .maximum = 432,
-                                                  .limitWidth = 60};
 inline constexpr int kAutotuningGroupX = 115;
 inline constexpr int kAutotuningGroupWidth = 383;
 

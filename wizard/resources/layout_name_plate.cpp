@@ -7,15 +7,6 @@
 namespace krt550 {
 namespace {
 
-constexpr RowColumns kColumns = {.label = 122,
-                                 .labelWidth = 136,
-                                 .value = 262,
-                                 .valueWidth = 60,
-                                 .unit = 330,
-                                 .unitWidth = 32,
-                                 .minimum = 366,
-                                 .maximum = 432,
-                                 .limitWidth = 60};
 constexpr int kRowStep = 16;
 constexpr int kPictureOne = 60011;
 constexpr int kPictureTwo = 60012;
@@ -28,9 +19,9 @@ DialogLayout NamePlateLayout() {
     layout.Add({.id = kPictureTwo, .kind = ControlKind::Picture, .rect = {7, 146, 102, 130}, .picture = 10047});
 
     layout.Group(0, {115, 4, 383, 32}, QStringLiteral("Set general parameters"));
-    layout.ListRow(9901, QStringLiteral("Language"), 16, kColumns, 100);
+    layout.ListRow(9901, QStringLiteral("Language"), 16, kPageColumns, 100);
 
-    layout.Group(1, {115, 39, 383, 126}, QStringLiteral("Set motor nameplate data")).Headings(1, 49, kColumns);
+    layout.Group(1, {115, 39, 383, 126}, QStringLiteral("Set motor nameplate data")).Headings(1, 49, kPageColumns);
     int y = 61;
     for (const auto& [reg, label] : {std::pair<quint16, const char*>{9902, "Motor 1 nominal voltage"},
                                      {9903, "Motor 1 nominal current"},
@@ -38,16 +29,16 @@ DialogLayout NamePlateLayout() {
                                      {2001, "Motor 1 minimum speed"},
                                      {2002, "Motor 1 maximum speed"},
                                      {9911, "Motor 1 nominal field current"}}) {
-        layout.EditRow(reg, QString::fromLatin1(label), y, kColumns);
+        layout.EditRow(reg, QString::fromLatin1(label), y, kPageColumns);
         y += kRowStep;
     }
 
-    layout.Group(2, {115, 168, 383, 61}, QStringLiteral("Protections")).Headings(2, 178, kColumns);
-    layout.EditRow(3009, QStringLiteral("Armature overcurrent level"), 190, kColumns);
-    layout.EditRow(3016, QStringLiteral("Motor 1 overspeed"), 190 + kRowStep, kColumns);
+    layout.Group(2, {115, 168, 383, 61}, QStringLiteral("Protections")).Headings(2, 178, kPageColumns);
+    layout.EditRow(3009, QStringLiteral("Armature overcurrent level"), 190, kPageColumns);
+    layout.EditRow(3016, QStringLiteral("Motor 1 overspeed"), 190 + kRowStep, kPageColumns);
 
-    layout.Group(3, {115, 232, 383, 46}, QStringLiteral("Set mains / supply data")).Headings(3, 242, kColumns);
-    layout.EditRow(9910, QStringLiteral("Nominal mains voltage"), 254, kColumns);
+    layout.Group(3, {115, 232, 383, 46}, QStringLiteral("Set mains / supply data")).Headings(3, 242, kPageColumns);
+    layout.EditRow(9910, QStringLiteral("Nominal mains voltage"), 254, kPageColumns);
 
     return layout.BottomRow(true, 265).Take();
 }

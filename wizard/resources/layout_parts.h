@@ -23,6 +23,17 @@ struct RowColumns {
     int limitWidth;
 };
 
+/// Columns of a page with pictures on its left.
+inline constexpr RowColumns kPageColumns = {.label = 122,
+                                            .labelWidth = 136,
+                                            .value = 262,
+                                            .valueWidth = 60,
+                                            .unit = 330,
+                                            .unitWidth = 32,
+                                            .minimum = 366,
+                                            .maximum = 432,
+                                            .limitWidth = 60};
+
 enum class LayoutRowKind { Edit, List, Display };
 
 /// One parameter row of a layout.

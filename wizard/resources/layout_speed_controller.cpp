@@ -16,7 +16,7 @@ constexpr int kSheetHeight = kTabHeight + 16;
 
 /// The page's columns, seen from the tab.
 constexpr RowColumns TabColumns() {
-    RowColumns columns = kAutotuningColumns;
+    RowColumns columns = kPageColumns;
     for (int* x : {&columns.label, &columns.value, &columns.unit, &columns.minimum, &columns.maximum})
         *x -= kTabX;
     return columns;
