@@ -1,13 +1,6 @@
-// Step 5: the test, the fine tuning and every way out of them, asserted by the drive calls; the tab to turn the motor
-// by hand.
-#include "tests/assistants/feedback_drive.h"
-#include "tests/shell/wizard_fixture.h"
+// Step 5: the test, the fine tuning and every way out of them, asserted by the drive calls.
+#include "tests/assistants/speed_feedback_fixture.h"
 #include "tests/support/application_end.h"
-
-#include "hostlib/tolvbo32/clock.h"
-#include "wizard/platform/row_ids.h"
-#include "wizard/resources/control_ids.h"
-#include "wizard/shell/strip_bitmap_button.h"
 
 #include <QApplication>
 #include <QTabBar>
@@ -17,15 +10,11 @@
 namespace krt550 {
 namespace {
 
-constexpr int kBoxOfStep5 = 167;
-
 const QString kAdapted = "Speed feedback was adapted to:\n";
 const QString kOffer = kAdapted + "Analogue tacho\n\nIt is recommended to fine tune the tacho.\nDo You want to fine "
                                   "tune the tacho? ";
 const QString kInstructions = "Fine tuning procedure:*";
 const QString kFinished = "Fine tuning procedure finished";
-const QString kWarning = "Attention:\nThe motor will run according to the setting of 5003\nMotor 1 speed feedback "
-                         "selector!\nMake sure everything is safe!";
 
 const QStringList kPermission = {"refresh", "read 801", "take local control", "refresh", "release local control",
                                  "refresh"};
@@ -36,34 +25,8 @@ const QStringList kStop = {"stop motor", "open contactor", "refresh"};
 const QStringList kRelease = {"refresh", "release local control"};
 const QStringList kTune = {"write 9906=14", "close contactor", "start motor"};
 
-class SpeedFeedback : public testing::Test {
+class SpeedFeedback : public SpeedFeedbackFixture {
 protected:
-    SpeedFeedback() {
-        // No update periods: only what is pressed talks to the drive.
-        static const WizardFiles files("GAINADJUP\t8827\t0.5\n");
-        m_drive.wizardPath = files.WizardPath();
-        EnsureStepStates();
-        SetStepState(5, StepState::NotChosen);
-    }
-
-    void OnPage(const std::function<void()>& script) {
-        RunWizardWith(m_drive, [&] {
-            Robot::Press(kBoxOfStep5);
-            Robot::Press(kNext);
-            Robot::Drain();
-            m_drive.TakeLog();
-            script();
-        });
-    }
-
-    /// The calls since the last time, without the speeds that the page keeps showing.
-    QStringList Calls() {
-        QStringList calls = m_drive.TakeLog();
-        for (const char* shown : {"read 218", "read 102", "read 103", "read 105"})
-            calls.removeAll(QString::fromLatin1(shown));
-        return calls;
-    }
-
     /// Begins the fine tuning; what happens during it is up to m_drive.onTuning.
     void FineTune() {
         m_drive.found = 2;
@@ -72,18 +35,6 @@ protected:
         m_boxes.Expect(kInstructions).WithIcon(QMessageBox::Warning);
         Robot::Press(kIdAutotuningStart);
     }
-
-    void ExpectSafe() {
-        EXPECT_FALSE(m_drive.localControl);
-        EXPECT_EQ(m_drive.statusWord, kStatusStopped);
-    }
-    static bool IsDone() { return GetStepState(5) == StepState::Done; }
-    static bool Enabled(quint16 reg) { return Robot::IsEnabled(ValueId(reg)); }
-
-    CSteppedClock m_clock;
-    ClockScope m_clockScope{m_clock};
-    FeedbackDrive m_drive;
-    MessageBoxes m_boxes;
 };
 
 TEST_F(SpeedFeedback, FindsEncoderOrEmfAndLeavesItsRowsToEdit) {
@@ -354,151 +305,6 @@ TEST_F(SpeedFeedback, RefusedTachoModeDoesNotStartTheMotor) {
         EXPECT_EQ(Calls().count("start motor"), 1);
         EXPECT_EQ(Robot::Text(kIdAutotuningStart), "Start");
         ExpectSafe();
-    });
-}
-
-class TachoManual : public SpeedFeedback {
-protected:
-    void OnTab(const std::function<void()>& script) {
-        OnPage([&] {
-            ShowTab(1);
-            Robot::Drain();
-            m_drive.TakeLog();
-            script();
-        });
-    }
-    static void ShowTab(int index) {
-        auto* tabs = Robot::Front()->findChild<QTabBar*>();
-        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
-    }
-    void TakeLocal() {
-        m_boxes.Expect(kWarning).WithIcon(QMessageBox::Warning);
-        Robot::Press(kIdLocalOrRemote);
-    }
-    static int Frame(int id) { return qobject_cast<CStripBitmapButton*>(Robot::Control(id))->GetShownFrame(); }
-    static constexpr int kDriveButtons[] = {kIdStartMotor, kIdStopMotor, kIdCloseContactor, kIdOpenContactor};
-    static void ExpectDriveButtons(bool enabled) {
-        for (const int id : kDriveButtons)
-            EXPECT_EQ(Robot::IsEnabled(id), enabled) << id;
-        EXPECT_EQ(Frame(kIdLocalOrRemote), enabled ? 1 : 0);
-    }
-};
-
-TEST_F(TachoManual, TurnsTheMotorWhileLocalControlIsHeld) {
-    OnTab([&] {
-        ExpectDriveButtons(false);
-        m_boxes.Expect(kWarning, Answer::Cancel);
-        Robot::Press(kIdLocalOrRemote);
-        EXPECT_EQ(Calls(), QStringList({"refresh", "refresh"}));
-        ExpectDriveButtons(false);
-        TakeLocal();
-        ExpectDriveButtons(true);
-        EXPECT_EQ(Calls(), QStringList({"refresh", "take local control", "refresh"}));
-        const std::pair<int, const char*> buttons[] = {{kIdCloseContactor, "close contactor"},
-                                                       {kIdStartMotor, "start motor"},
-                                                       {kIdStopMotor, "stop motor"},
-                                                       {kIdOpenContactor, "open contactor"}};
-        for (const auto& [id, call] : buttons) {
-            Robot::Press(id);
-            EXPECT_EQ(Calls(), QStringList({call}));
-        }
-        Robot::Press(kIdStartMotor);
-        Calls();
-        Robot::Press(kIdLocalOrRemote);
-        EXPECT_EQ(Calls(), QStringList({"refresh", "refresh", "stop motor", "open contactor", "release local control",
-                                        "refresh"}));
-        ExpectDriveButtons(false);
-    });
-}
-
-TEST_F(TachoManual, SendsTheReferenceByButtonAndEnter) {
-    OnTab([&] {
-        Robot::Type(kIdReference, "500");
-        EXPECT_EQ(Calls(), QStringList());
-        Robot::Press(kIdSetNewReference);
-        EXPECT_EQ(Calls(), QStringList({"set reference 500"}));
-        Robot::TypeOnly(kIdReference, "-250");
-        QTest::keyClick(Robot::Control(kIdReference), Qt::Key_Return);
-        EXPECT_EQ(Calls(), QStringList({"set reference -250"}));
-        EXPECT_EQ(Robot::Layout(), 110) << "Enter is not Next";
-        Robot::TypeOnly(kIdReference, "");
-        QTest::keyClick(Robot::Control(kIdReference), Qt::Key_Return);
-        EXPECT_EQ(Calls(), QStringList());
-    });
-}
-
-TEST_F(TachoManual, StepsTheAdjustment) {
-    OnTab([&] {
-        Robot::Press(kIdStepUp);
-        EXPECT_EQ(Calls(), QStringList({"read 8827", "write 8827=10050", "read 8827"}));
-        EXPECT_EQ(Robot::Text(ValueId(8827)), "100.50");
-        m_boxes.Expect("The wizard text file gives no step for the tacho adjustment.");
-        Robot::Press(kIdStepDown);
-        EXPECT_EQ(Calls(), QStringList());
-        m_drive.words[8827] = 20000;
-        m_boxes.Expect("*").Then([](QMessageBox& box) { EXPECT_TRUE(box.text().contains("88.27")); });
-        Robot::Press(kIdStepUp);
-        EXPECT_EQ(m_drive.words[8827], 20000) << "not beyond its limit";
-        m_drive.unreadable = {8827};
-        m_boxes.Expect("Reading parameter 88.27 Analog tacho adjust failed: simulated failure");
-        Calls();
-        Robot::Press(kIdStepUp);
-        EXPECT_EQ(Calls(), QStringList({"read 8827"})) << "not from an old value";
-        m_drive.unreadable.clear();
-    });
-}
-
-TEST_F(TachoManual, WritesItsRowsAndShowsTheTachosSpeed) {
-    m_drive.words[105] = 1234;
-    OnTab([&] {
-        EXPECT_EQ(Robot::Text(kIdShownSpeed + kShownValue), "1234");
-        EXPECT_EQ(Robot::Text(kIdShownSpeed), "Parameter 105");
-        Robot::Type(ValueId(5013), "77");
-        Robot::Press(kApply);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList({"write 5013=77"}));
-    });
-}
-
-TEST_F(TachoManual, EveryWayOutStopsTheMotorAndGivesControlBack) {
-    const std::pair<const char*, std::function<void()>> ways[] = {
-        {"other tab", [] { ShowTab(0); }},       {"next", [] { Robot::Press(kNext); }},
-        {"back", [] { Robot::Press(kBack); }},   {"cancel", [] { Robot::Press(kCancel); }},
-        {"close", [] { Robot::CloseWindow(); }},
-    };
-    for (const auto& [name, leave] : ways) {
-        OnTab([&, &leave = leave] {
-            TakeLocal();
-            Robot::Press(kIdCloseContactor);
-            Robot::Press(kIdStartMotor);
-            Calls();
-            leave();
-            const QStringList calls = m_drive.TakeLog({"stop motor", "open", "release"});
-            EXPECT_EQ(calls.mid(0, 3), QStringList({"stop motor", "open contactor", "release local control"})) << name;
-        });
-        ExpectSafe();
-    }
-}
-
-TEST(TachoManualWithout, ARangeHidesItsDisplay) {
-    class Drive : public FakeDrive {
-    public:
-        Drive() : FakeDrive(Without425()) {}
-        static std::vector<ParameterDescription> Without425() {
-            auto parameters = FeedbackDrive::Parameters();
-            std::erase_if(parameters, [](const ParameterDescription& p) { return p.reg == 425; });
-            return parameters;
-        }
-    } drive;
-    static const WizardFiles files("PAN\t1\tNothing\n");
-    drive.wizardPath = files.WizardPath();
-    MessageBoxes boxes;
-    RunWizardWith(drive, [&] {
-        Robot::Press(kBoxOfStep5);
-        Robot::Press(kNext);
-        auto* tabs = Robot::Front()->findChild<QTabBar*>();
-        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
-        EXPECT_FALSE(Robot::Find(LabelId(425)));
-        EXPECT_FALSE(Robot::Find(ValueId(425)));
     });
 }
 
