@@ -4,6 +4,7 @@
 #include "wizard/platform/resources.h"
 
 #include <QPainter>
+#include <QStyle>
 #include <QStyleOptionFocusRect>
 
 #include <algorithm>
@@ -68,9 +69,11 @@ void CStripBitmapButton::paintEvent(QPaintEvent*) {
     if (frame < frames.size()) {
         painter.drawPixmap(0, 0, frames[frame]);
     } else {
-        // A strip without a disabled frame shows its first one, faded.
-        painter.setOpacity(0.4);
-        painter.drawPixmap(0, 0, frames[0]);
+        // A strip without a disabled frame shows the one that it has, as the style greys an icon.
+        QStyleOption option;
+        option.initFrom(this);
+        const QPixmap& shown = frames[Latches() && m_latched ? 1 : 0];
+        painter.drawPixmap(0, 0, style()->generatedIconPixmap(QIcon::Disabled, shown, &option));
     }
     if (hasFocus()) {
         QStyleOptionFocusRect option;
