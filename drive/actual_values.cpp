@@ -75,6 +75,33 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
     registers.SetWord(reg::kBridgeUsed, state.bridge > 0 ? 1 : state.bridge < 0 ? 2 : 0);
 }
 
+void ShowDigitalInputs(bool contactorClosed, CRegisterFile& registers) {
+    constexpr unsigned kEmergencyStop = 1U << 4;
+    constexpr unsigned kAcknowledges = 7;
+    constexpr quint16 kInputs = 8;
+    unsigned inputs = kEmergencyStop | (contactorClosed ? kAcknowledges : 0);
+    for (quint16 i = 0; i < kInputs; ++i)
+        if (registers.GetWord(reg::kInvertFirstInput + i) != 0)
+            inputs ^= 1U << i;
+    registers.SetWord(reg::kDigitalInputs, static_cast<quint16>(inputs));
+}
+
+void ShowLinkNodes(CRegisterFile& registers) {
+    constexpr int kFirstExternalExciter = 2;
+    constexpr unsigned kNodes = 32;
+    quint32 nodes = 0;
+    const auto answer = [&nodes, &registers](quint16 reg) {
+        const quint16 node = registers.GetWord(reg);
+        if (node >= 1 && node <= kNodes)
+            nodes |= 1U << (node - 1);
+    };
+    answer(reg::kConverterNode);
+    if (registers.GetWord(reg::kExciterFound) >= kFirstExternalExciter)
+        answer(reg::kExciterNode);
+    registers.SetWord(reg::kLinkNodesLow, static_cast<quint16>(nodes & 0xFFFF));
+    registers.SetWord(reg::kLinkNodesHigh, static_cast<quint16>(nodes >> 16));
+}
+
 void ShowDigitalOutputs(CRegisterFile& registers) {
     quint16 outputs = 0;
     for (int i = 0; i < kOutputs; ++i) {

@@ -22,6 +22,13 @@ struct ActualValues {
 void ShowActualValues(const MotorState& state, const ActualValues& values, const DriveSettings& settings,
                       CRegisterFile& registers);
 
+/// Shows the digital inputs as they are wired at the works: 1 and 2 acknowledge the fans, 3 the main contactor, 5 that
+/// nobody has pressed the emergency stop.
+void ShowDigitalInputs(bool contactorClosed, CRegisterFile& registers);
+
+/// Shows the nodes that answer on the link: the converter, and an exciter that is not on its board.
+void ShowLinkNodes(CRegisterFile& registers);
+
 /// Sets the digital outputs from the bits that their indices and bit numbers choose.
 void ShowDigitalOutputs(CRegisterFile& registers);
 

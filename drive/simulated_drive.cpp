@@ -257,7 +257,9 @@ void CSimulatedDrive::ShowState() {
                      {m_display.GetOutput(), m_control.GetMotor().GetFluxConstant(), data.armatureResistance, m_mains,
                       m_protection.GetTemperatureRise(), rated},
                      m_settings, m_registers);
+    ShowDigitalInputs(m_contactorClosed, m_registers);
     ShowDigitalOutputs(m_registers);
+    ShowLinkNodes(m_registers);
 }
 
 void CSimulatedDrive::Trip(quint16 code) {
