@@ -1,6 +1,7 @@
 #include "wizard/resources/pictures.h"
 
 #include <QPainter>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 
 // The pictures are linked into a static library, so that somebody has to ask for them.
@@ -10,7 +11,9 @@ static void RegisterPictures() {
 
 namespace krt550 {
 
-QPixmap DrawPicture(int number, QSize size, qreal pixelRatio) {
+namespace {
+
+QPixmap Render(int number, QSize size, qreal pixelRatio) {
     RegisterPictures();
     QSvgRenderer renderer(QStringLiteral(":/krt550/pictures/%1.svg").arg(number));
     if (!renderer.isValid())
@@ -24,6 +27,19 @@ QPixmap DrawPicture(int number, QSize size, qreal pixelRatio) {
     renderer.render(&painter);
     painter.end();
     pixmap.setDevicePixelRatio(pixelRatio);
+    return pixmap;
+}
+
+} // namespace
+
+QPixmap DrawPicture(int number, QSize size, qreal pixelRatio) {
+    const QString key =
+        QStringLiteral("krt550 %1 %2x%3 %4").arg(number).arg(size.width()).arg(size.height()).arg(pixelRatio);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = Render(number, size, pixelRatio);
+        QPixmapCache::insert(key, pixmap);
+    }
     return pixmap;
 }
 
