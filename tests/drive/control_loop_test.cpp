@@ -105,7 +105,7 @@ TEST(SpeedResponse, SlowNormalAndFastAreWhatTheirNamesSay) {
     const struct {
         const char* name;
         double error, reference, feedback;
-    } responses[] = {{"slow", 20, 200, 20}, {"normal", 10, 100, 12.5}, {"fast", 0, 0, 5}};
+    } responses[] = {{"slow", 0, 250, 10}, {"normal", 0, 80, 6}, {"fast", 0, 0, 3}};
     double former = 0;
     for (const auto& r : responses) {
         WholeDrive drive("S2");
