@@ -121,7 +121,7 @@ TEST_F(TachoManual, EveryWayOutStopsTheMotorAndGivesControlBack) {
         {"close", [] { Robot::CloseWindow(); }},
     };
     for (const auto& [name, leave] : ways) {
-        OnTab([&, &leave = leave] {
+        OnTab([&, &leave = leave, &name = name] {
             TakeLocal();
             Robot::Press(kIdCloseContactor);
             Robot::Press(kIdStartMotor);
