@@ -4,7 +4,11 @@
 #include "wizard/platform/wait_cursor.h"
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <QLabel>
 #include <QMessageBox>
+
+#include <algorithm>
 
 namespace krt550 {
 namespace {
@@ -32,6 +36,27 @@ QWidget* WindowInFront() {
     return modal ? modal : QApplication::activeWindow();
 }
 
+/// A text with tab stops brings its own line breaks: its lines are not broken once more.
+void KeepLinesWhole(QMessageBox& box) {
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (!label || !box.text().contains(QLatin1Char('\t')))
+        return;
+    constexpr int kTabStop = 80; // of every label's text
+    int widest = 0;
+    const QStringList lines = box.text().split(QLatin1Char('\n'));
+    for (const QString& line : lines) {
+        int width = 0;
+        const QStringList parts = line.split(QLatin1Char('\t'));
+        for (const QString& part : parts) {
+            if (&part != &parts.first())
+                width = (width / kTabStop + 1) * kTabStop;
+            width += label->fontMetrics().horizontalAdvance(part);
+        }
+        widest = std::max(widest, width);
+    }
+    label->setMinimumWidth(widest + label->fontMetrics().averageCharWidth());
+}
+
 } // namespace
 
 bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons buttons, const QString& caption) {
@@ -46,6 +71,7 @@ bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons button
     box.setDefaultButton(QMessageBox::Ok);
     if (buttons == MessageButtons::OkCancel)
         box.setEscapeButton(QMessageBox::Cancel);
+    KeepLinesWhole(box);
     const CArrowCursor arrow;
     return box.exec() == QMessageBox::Ok;
 }

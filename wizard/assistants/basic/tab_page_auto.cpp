@@ -126,7 +126,10 @@ void CTabPageAuto::OnButtonStart() {
     EnableControl(GetDlgItem(kIdAutotuningStart), false);
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
     bool aborted = false;
-    if (!RunTest(aborted) && !aborted) {
+    const bool success = RunTest(aborted);
+    // The timer may have enabled it on the way.
+    EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
+    if (!success && !aborted) {
         ShowRunFailure(GetParameterRoot());
         ReadFaultAfterRun(m_page.GetHostDrive(), GetDlgItem(kIdAutotuningDiagnosis));
     }
