@@ -17,12 +17,18 @@
 namespace krt550 {
 namespace {
 
-constexpr int kLayouts[] = {100, 101, 103, 104, 107, 110, 111, 112,   122,   133,  134,
-                            135, 136, 137, 138, 139, 146, 147, 10056, 10057, 10058};
+constexpr int kLayouts[] = {100, 101, 103, 104, 107, 110, 111,   112,   122,   133,   134,  135,
+                            136, 137, 138, 139, 146, 147, 10056, 10057, 10058, 10062, 10063};
 
 class CLayoutWindow : public CWindow {
 public:
     using CWindow::CWindow;
+
+protected:
+    /// A control that a page makes itself draws a picture and no text.
+    QWidget* CreateControl(const ControlLayout& control) override {
+        return control.kind == ControlKind::Custom ? new QWidget(this) : nullptr;
+    }
 };
 
 /// Room that a control's text needs; nothing for controls whose text may scroll or wrap.

@@ -99,7 +99,7 @@ DialogLayout SpeedFeedbackAutoLayout() {
     style.bottom = 25; // for the row of the hand-held tacho, whose column has a heading of its own
     const int bottom = layout.RowGroup(4, y, Caption("Analog tacho speed feedback"), kTacho, style);
     const RowColumns& columns = kStyle.columns;
-    AddLabel(layout, kIdHandTachoHeading, {columns.value, bottom - 25, 150, 10}, "Speed act. hand held tacho");
+    AddLabel(layout, kIdHandTachoHeading, {columns.value, bottom - 25, 150, 9}, "Speed act. hand held tacho");
     layout.Add({.id = LabelId(5012),
                 .rect = {columns.label, bottom - 16, columns.labelWidth, 14},
                 .text = Caption("Tacho fine tuning (speed act. measured with hand held tacho)"),
