@@ -21,6 +21,9 @@ public:
         m_owed %= m_factor;
     }
 
+protected:
+    qint64 OnTheWall(qint64 milliseconds) const override { return (milliseconds + m_factor - 1) / m_factor; }
+
 private:
     CClock& m_base;
     qint64 m_factor;

@@ -6,6 +6,7 @@
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_NO_GLIB", "1"); // for the stepped clock
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     application.setQuitOnLastWindowClosed(false);

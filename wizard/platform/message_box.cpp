@@ -1,5 +1,6 @@
 #include "wizard/platform/message_box.h"
 
+#include "wizard/platform/modal_frame.h"
 #include "wizard/platform/resources.h"
 #include "wizard/platform/wait_cursor.h"
 
@@ -9,6 +10,8 @@
 #include <QMessageBox>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace krt550 {
 namespace {
@@ -16,6 +19,22 @@ namespace {
 constexpr int kCaptionString = 1;
 
 int g_count = 0;
+
+struct HeldBox {
+    QString text;
+    MessageIcon icon;
+    QString caption;
+};
+
+std::vector<BoxHold::Tell> g_holds; ///< the innermost one last
+std::vector<HeldBox> g_held;
+
+void Hold(const QString& text, MessageIcon icon, const QString& caption) {
+    if (const BoxHold::Tell& tell = g_holds.back())
+        tell(text);
+    else if (std::ranges::find(g_held, text, &HeldBox::text) == g_held.end())
+        g_held.push_back({text, icon, caption});
+}
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
     switch (icon) {
@@ -60,6 +79,11 @@ void KeepLinesWhole(QMessageBox& box) {
 } // namespace
 
 bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons buttons, const QString& caption) {
+    if (!g_holds.empty()) {
+        if (buttons == MessageButtons::Ok)
+            Hold(text, icon, caption);
+        return false;
+    }
     ++g_count;
     QMessageBox box(WindowInFront());
     box.setWindowTitle(caption.isEmpty() ? LoadText(kCaptionString) : caption);
@@ -68,12 +92,41 @@ bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons button
     box.setText(text);
     box.setStandardButtons(buttons == MessageButtons::Ok ? QMessageBox::StandardButtons(QMessageBox::Ok)
                                                          : QMessageBox::Ok | QMessageBox::Cancel);
-    box.setDefaultButton(QMessageBox::Ok);
+    box.setDefaultButton(buttons == MessageButtons::Ok ? QMessageBox::Ok : QMessageBox::Cancel);
     if (buttons == MessageButtons::OkCancel)
         box.setEscapeButton(QMessageBox::Cancel);
     KeepLinesWhole(box);
     const CArrowCursor arrow;
-    return box.exec() == QMessageBox::Ok;
+    const bool accepted = box.exec() == QMessageBox::Ok;
+    // The end of the application closes the box and tells nobody else.
+    CModalFrame::CancelStoppedFrames();
+    return accepted;
+}
+
+BoxHold::BoxHold(Tell tell) {
+    g_holds.push_back(std::move(tell));
+}
+
+BoxHold::~BoxHold() {
+    g_holds.pop_back();
+    if (g_holds.empty() && !g_held.empty())
+        QMetaObject::invokeMethod(qApp, ShowHeldBoxes, Qt::QueuedConnection);
+}
+
+bool AreBoxesHeld() {
+    return !g_holds.empty() && !g_holds.back();
+}
+
+void ShowHeldBoxes() {
+    if (!g_holds.empty())
+        return;
+    const std::vector<HeldBox> held = std::exchange(g_held, {});
+    for (const HeldBox& box : held)
+        ShowMessageBox(box.text, box.icon, MessageButtons::Ok, box.caption);
+}
+
+void ForgetHeldBoxes() {
+    g_held.clear();
 }
 
 int MessageBoxCount() {

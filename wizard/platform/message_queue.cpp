@@ -1,5 +1,6 @@
 #include "wizard/platform/message_queue.h"
 
+#include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/modal_frame.h"
 
 #include <QCoreApplication>
@@ -12,6 +13,20 @@ void DrainMessageQueue() {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents(QEventLoop::AllEvents, kLongestMs);
     CModalFrame::CancelStoppedFrames();
+}
+
+bool WaitInEventLoop(qint64 milliseconds, const std::function<bool()>& isWanted) {
+    CClock& clock = CClock::Current();
+    const qint64 end = clock.Now() + milliseconds;
+    for (;;) {
+        DrainMessageQueue();
+        if (!isWanted())
+            return false;
+        const qint64 left = end - clock.Now();
+        if (left <= 0)
+            return true;
+        clock.WaitForEvents(left);
+    }
 }
 
 } // namespace krt550

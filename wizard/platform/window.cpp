@@ -1,5 +1,6 @@
 #include "wizard/platform/window.h"
 
+#include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/control_factory.h"
 #include "wizard/platform/dialog_units.h"
 #include "wizard/platform/message_box.h"
@@ -85,22 +86,18 @@ void CWindow::Notify(const QWidget* control, ControlEvent event) {
 }
 
 int CWindow::SetTimer(int id, int milliseconds) {
-    const int handle = startTimer(milliseconds);
-    m_timers.insert(handle, id);
-    return handle;
+    auto& timer = m_timers[++m_lastTimer];
+    timer = std::make_unique<CClockTimer>([this, id] { OnTimer(id); });
+    timer->Start(milliseconds);
+    return m_lastTimer;
 }
 
 bool CWindow::KillTimer(int handle) {
-    if (m_timers.remove(handle) == 0)
-        return false;
-    killTimer(handle);
-    return true;
+    return m_timers.erase(handle) != 0;
 }
 
 void CWindow::KillAllTimers() {
-    const QList<int> handles = m_timers.keys();
-    for (const int handle : handles)
-        KillTimer(handle);
+    m_timers.clear();
 }
 
 void CWindow::ThreadTabOrder(const QWidgetList& widgets) {
@@ -123,14 +120,6 @@ QWidget* CWindow::CreateControl(const ControlLayout&) {
 }
 
 void CWindow::OnTimer(int) {}
-
-void CWindow::timerEvent(QTimerEvent* event) {
-    const auto timer = m_timers.constFind(event->timerId());
-    if (timer != m_timers.cend())
-        OnTimer(*timer);
-    else
-        QWidget::timerEvent(event);
-}
 
 bool CWindow::eventFilter(QObject* watched, QEvent* event) {
     auto* control = qobject_cast<QWidget*>(watched);

@@ -8,8 +8,11 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 
 namespace krt550 {
+
+class CClockTimer;
 
 /// What a control can tell its window.
 enum class ControlEvent {
@@ -49,7 +52,8 @@ public:
     /// Runs the handler of a control's event, if there is one.
     void Notify(const QWidget* control, ControlEvent event);
 
-    /// Starts a timer that calls OnTimer with `id` every `milliseconds` (> 0). Returns its handle, never 0.
+    /// Starts a timer that calls OnTimer with `id` every `milliseconds` (> 0) of the current clock, counted from the end
+    /// of the call before. Returns its handle, never 0.
     int SetTimer(int id, int milliseconds);
     /// False when no timer of this window has this handle.
     bool KillTimer(int handle);
@@ -67,7 +71,6 @@ protected:
     virtual void OnTimer(int id);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
 
 private:
     void Place(const DialogLayout& layout);
@@ -80,7 +83,8 @@ private:
     QHash<int, QWidget*> m_controls;
     QWidgetList m_order;
     std::map<std::pair<int, ControlEvent>, Handler> m_handlers;
-    QHash<int, int> m_timers; ///< handle to timer id
+    std::map<int, std::unique_ptr<CClockTimer>> m_timers; ///< by handle
+    int m_lastTimer = 0;
 };
 
 } // namespace krt550
