@@ -5,6 +5,7 @@
 #include "tests/support/wizard_files.h"
 #include "wizard/params/changed_registers.h"
 #include "wizard/params/cyclic_update.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_rows.h"
 #include "wizard/platform/window.h"
 #include "wizard/resources/module_resources.h"

@@ -33,12 +33,19 @@ TEST_F(RowFixture, AMissingParameterDisablesTheRowAndFailsNothing) {
                       "- Parameter 998 not found from drive.\n\nUnable to use the specified parameter.\n");
 }
 
-TEST_F(RowFixture, AnEditRowThatCannotBeReadIsFilledFromTheObjectAndFails) {
-    m_drive.unreadable.insert(101);
-    m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure");
+// 0, or a list's first entry, would be taken for what the drive has.
+TEST_F(RowFixture, ARowThatCannotBeReadShowsNoValueAndFails) {
+    m_drive.unreadable = {101, 201};
+    m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure\n\nThe same happened with:\n201 Switch");
+    const FailurePass pass;
     EXPECT_FALSE(BindEdit("101"));
-    EXPECT_EQ(edit.text(), "0.0");
-    EXPECT_EQ(unit.text(), "rpm");
+    EXPECT_EQ(edit.text() + unit.text(), "rpm");
+    EXPECT_FALSE(BindDisplayRow(&m_drive.Root(), parameter, "101", nullptr, &maximum, errors, nullptr));
+    EXPECT_EQ(maximum.text(), "");
+    EXPECT_FALSE(BindList("201"));
+    EXPECT_EQ(Choices(), (QStringList{"Off", "On"}));
+    EXPECT_EQ(dropDown.currentIndex(), -1);
+    EXPECT_FALSE(IsChanged(101) || IsChanged(201));
 }
 
 TEST_F(RowFixture, AListRowOffersItsChoicesInOrder) {
@@ -63,9 +70,6 @@ TEST_F(RowFixture, AListRowOffersItsChoicesInOrder) {
         EXPECT_EQ(dropDown.currentText(), c.selected) << c.reg;
     }
     EXPECT_EQ(errors, "");
-    m_drive.unreadable.insert(201);
-    m_boxes.Expect("Reading parameter 2.01 Switch failed: simulated failure");
-    EXPECT_FALSE(BindList("201"));
 }
 
 TEST_F(RowFixture, BindRowChoosesTheControlByTheParameter) {
@@ -115,7 +119,7 @@ TEST_F(RowFixture, ARefusedWriteIsReportedOnceAndStaysMarked) {
         QString box;
     } const cases[] = {
         {"11", false, "For parameter 101 given value was invalid.\nPlease input valid value."},
-        {"3x", false, "Parameter 1.01 Speed: \"3x\" is not a number."},
+        {"3x", false, "For parameter 101 \"3x\" cannot be used.*"},
         {"4", true, "Writing parameter 1.01 Speed failed: simulated failure"},
     };
     ASSERT_TRUE(BindEdit("101"));
@@ -135,6 +139,28 @@ TEST_F(RowFixture, ARefusedWriteIsReportedOnceAndStaysMarked) {
     m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure");
     EXPECT_FALSE(WriteRow(parameter, &edit, false)) << "written, but not read back";
     EXPECT_FALSE(IsChanged(101));
+}
+
+TEST_F(RowFixture, ARereadTakesThePlaceOfWhatWasTypedOrChosen) {
+    ASSERT_TRUE(BindEdit("101"));
+    CParameter* list = nullptr;
+    ASSERT_TRUE(BindListRow(&m_drive.Root(), list, "201", &label, &dropDown, errors));
+    m_drive.words[101] = 15;
+    m_drive.words[201] = 2;
+    edit.setText("9");
+    for (const int reg : {101, 201})
+        MarkChanged(static_cast<quint16>(reg));
+    EXPECT_TRUE(RereadRow(parameter, &edit));
+    EXPECT_TRUE(RereadRow(list, &dropDown));
+    EXPECT_EQ(edit.text() + dropDown.currentText(), "1.5On");
+    EXPECT_FALSE(IsChanged(101) || IsChanged(201)) << "what the drive has found is not written back";
+
+    m_drive.unreadable.insert(101);
+    edit.setText("9");
+    MarkChanged(101);
+    m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure");
+    EXPECT_FALSE(RereadRow(parameter, &edit));
+    EXPECT_TRUE(edit.text() == "9" && IsChanged(101)) << "nothing typed is lost";
 }
 
 TEST_F(RowFixture, WritesAChoiceByItsTextInTheFileOrInTheDrive) {

@@ -34,15 +34,14 @@ TEST_F(Validation, GoesByLimitsFirstAndByDataTypeWithoutThem) {
         const char* text;
         QString box; ///< empty: valid
     } const cases[] = {
-        {2, 10, 20, "12.5", ""},
-        {2, 10, 20, "12,5", ""},
-        {2, 10, 20, "  12 rpm", ""},
+        {2, 10, 20, " 12 ", ""},
         {2, 10, 20, "25", outside},
         {1, 10, 20, "25", outside},
         {99, 10, 20, "25", outside},
         {2, 10, 20, "", outside},
-        {2, -5, 5, "abc", ""},
-        {2, -5, 5, "-5e0", ""},
+        {2, -5, 5, "", ""},
+        {2, -5, 5, "abc9", "For parameter 1205 \"abc9\"*"},
+        {8, 0, 0, "12abc", "For parameter 1205 \"12abc\"*"},
         {1, 0, 0, "255", ""},
         {1, 0, 0, "0", ""},
         {1, 0, 0, "256", TypeMessage("unsigned 8-bit", 256)},
@@ -52,7 +51,7 @@ TEST_F(Validation, GoesByLimitsFirstAndByDataTypeWithoutThem) {
         {8, 0, 0, "65535", ""},
         {8, 0, 0, "-1", TypeMessage("unsigned 16-bit", -1)},
         {8, 0, 0, "1e12", TypeMessage("unsigned 16-bit", 2147483647)},
-        {4, 0, 0, "1e9", ""},
+        {4, 0, 0, "1000000", ""},
         {99, 0, 0, "1", "Unknown datatype!"},
         {99, 0, 0, "0", ""},
     };
@@ -64,6 +63,32 @@ TEST_F(Validation, GoesByLimitsFirstAndByDataTypeWithoutThem) {
         QString text = c.text;
         EXPECT_EQ(ValidateValueText(typed, text), c.box.isEmpty()) << c.dataType << ' ' << c.text;
         EXPECT_FALSE(text.contains(','));
+    }
+}
+
+// What the parameter cannot hold is refused, not rounded: "2,100" once became 2 rpm.
+TEST_F(Validation, RefusesWhatTheParameterCannotHold) {
+    const QString whole = "For parameter 1205 \"%1\" cannot be used.\nPlease input a whole number, such as 1500. "
+                          "Thousands are not separated.";
+    const QString oneDecimal = "For parameter 1205 \"%1\" cannot be used.\nPlease input a number with at most 1 digit "
+                               "behind the point or comma, such as 12.5. Thousands are not separated.";
+    struct {
+        int decimals;
+        QString accepted; ///< blank-separated
+        QString refused;
+    } const cases[] = {{0, "2100 +7 -7 7. 007", "2,100 2.100 12.5 12,5 12rpm 1e3 0x7 - 7,0"},
+                       {1, "12,5 12.5 .5 12 -0,5", "2,100 2.100 12.55 1,5,5 1.000,5 12.5V ."}};
+    for (const auto& c : cases) {
+        ParameterDescription description = Typed(2, -3000, 3000);
+        description.decimals = c.decimals;
+        FakeDrive drive({description});
+        const CParameter* typed = drive.Root().FindChildByRegister("1205");
+        for (QString text : c.accepted.split(' '))
+            EXPECT_TRUE(ValidateValueText(typed, text)) << text.toStdString();
+        for (QString text : c.refused.split(' ')) {
+            m_boxes.Expect((c.decimals ? oneDecimal : whole).arg(text)).WithIcon(QMessageBox::Warning);
+            EXPECT_FALSE(ValidateValueText(typed, text));
+        }
     }
 }
 

@@ -3,6 +3,7 @@
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter.h"
 #include "hostlib/tolvbo32/parameter_group.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
@@ -51,7 +52,7 @@ bool SetAndWriteParameter(CParameterGroup* root, const QString& registerText, qu
 
 void ShowLastError(const CParameterSet* parameter) {
     const QString text = parameter ? parameter->GetLastError(0) : QString();
-    if (!text.isEmpty())
+    if (!text.isEmpty() && !FailurePass::Take(*parameter, text))
         ShowMessageBox(text, MessageIcon::Stop);
 }
 

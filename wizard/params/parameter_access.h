@@ -29,7 +29,8 @@ bool WriteParameter(CParameter* parameter);
 /// Finds, sets and writes. A refused word ends it silently. True only when the write succeeded.
 bool SetAndWriteParameter(CParameterGroup* root, const QString& registerText, quint16 word);
 
-/// Shows the library's last error of a node in an error box; nothing when its text is empty or for null.
+/// Shows the library's last error of a node in an error box, inside a FailurePass when that ends; nothing when its text
+/// is empty or for null.
 void ShowLastError(const CParameterSet* parameter);
 
 /// "Parameter REPLACE not found from drive..." and its like: string `message` with REPLACE replaced.

@@ -93,6 +93,13 @@ bool Reported(const CParameter& parameter, bool success) {
     return success;
 }
 
+void ShowValueText(QWidget* control, const QString& text) {
+    if (auto* dropDown = qobject_cast<QComboBox*>(control))
+        SelectChoice(dropDown, text);
+    else
+        SetControlText(control, text);
+}
+
 bool WriteChoice(CParameter& parameter, QComboBox& dropDown) {
     if (!Reported(parameter, SetFromChoice(parameter, dropDown.currentText())) || !WriteParameter(&parameter))
         return false;
@@ -131,7 +138,7 @@ bool BindEditRow(CParameterGroup* root, CParameter*& parameter, const QString& r
     EnableControl(edit, true);
     SetRowLabel(label, registerText, *parameter);
     const bool read = ReadParameter(parameter);
-    SetControlText(edit, FormatValueText(parameter));
+    SetControlText(edit, read ? FormatValueText(parameter) : QString());
     UnmarkChanged(parameter->GetRegister());
     FillStatics(statics, *parameter);
     return read;
@@ -153,8 +160,10 @@ bool BindListRow(CParameterGroup* root, CParameter*& parameter, const QString& r
     dropDown->setEnabled(true);
     SetRowLabel(label, registerText, *parameter);
     FillChoices(*dropDown, *parameter, registerText, source);
-    if (!ReadParameter(parameter))
+    if (!ReadParameter(parameter)) {
+        dropDown->setCurrentIndex(-1);
         return false;
+    }
     if (!SelectOrAdd(*dropDown, FormatValueText(parameter, registerText, source))) {
         dropDown->clear();
         dropDown->setEnabled(false);
@@ -177,6 +186,8 @@ bool BindDisplayRow(CParameterGroup* root, CParameter*& parameter, const QString
     }
     const bool read = ReadParameter(parameter);
     ShowDisplayRow(parameter, label, value, unit);
+    if (!read)
+        SetControlText(value, QString());
     return read;
 }
 
@@ -198,6 +209,20 @@ bool BindRow(CParameterGroup* root, CParameter*& parameter, const QString& regis
     if (parameter->IsValueList())
         return BindListRow(root, parameter, registerText, label, dropDown, errors, statics);
     return BindEditRow(root, parameter, registerText, label, edit, errors, statics);
+}
+
+bool RereadRow(CParameter* parameter, QWidget* control) {
+    if (!control || !ReadParameter(parameter))
+        return false;
+    ShowValueText(control, FormatValueText(parameter));
+    UnmarkChanged(parameter->GetRegister());
+    return true;
+}
+
+void UnbindRow(QWidget* control, quint16 reg) {
+    ShowValueText(control, QString());
+    EnableControl(control, false);
+    UnmarkChanged(reg);
 }
 
 bool WriteRow(CParameter* parameter, QWidget* control, bool force) {

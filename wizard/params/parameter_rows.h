@@ -44,6 +44,13 @@ void ShowDisplayRow(const CParameter* parameter, QWidget* label, QWidget* value,
 bool BindRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
              QLineEdit* edit, QComboBox* dropDown, QString& errors, const RowStatics& statics);
 
+/// Reads the row's parameter and shows it in its value control; what the user changed is forgotten. False for null and
+/// when reading failed (shown): the row stays as it is then.
+bool RereadRow(CParameter* parameter, QWidget* control);
+
+/// Empties and disables a row's value control, and forgets what the user changed.
+void UnbindRow(QWidget* control, quint16 reg);
+
 /// Writes what the control shows to the drive and reads it back, when the row is marked changed or `force` is set.
 /// Reports each failure once and then keeps the row marked. True also when there was nothing to write.
 bool WriteRow(CParameter* parameter, QWidget* control, bool force);

@@ -1,9 +1,10 @@
 #include "wizard/params/row_table.h"
 
 #include "wizard/params/changed_registers.h"
-#include "wizard/params/parameter_access.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_rows.h"
 #include "wizard/params/validation.h"
+#include "wizard/platform/control_text.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/platform/window.h"
 #include "wizard/texts/wizard_text_store.h"
@@ -34,8 +35,7 @@ CRowTable::CRowTable(CWindow& window, std::span<const RowDef> rows)
         if (m_rows[row].kind != RowKind::Edit)
             continue;
         m_window.Handle(value, ControlEvent::Changed, mark);
-        m_window.Handle(value, ControlEvent::FocusLost,
-                        [this, row] { ValidateControlValue(m_parameters[row], GetValueControl(row)); });
+        m_window.Handle(value, ControlEvent::FocusLost, [this, row] { Validate(row); });
     }
 }
 
@@ -44,6 +44,7 @@ bool CRowTable::Bind(CParameterGroup* root, QString& errors) {
 }
 
 bool CRowTable::Bind(CParameterGroup* root, QString& errors, std::size_t first, std::size_t count) {
+    const FailurePass pass;
     bool success = true;
     for (std::size_t row = first; row < first + count; ++row)
         success = BindRow(root, errors, row) && success;
@@ -73,6 +74,7 @@ bool CRowTable::Write() {
 }
 
 bool CRowTable::Write(std::size_t first, std::size_t count) {
+    const FailurePass pass;
     bool success = true;
     for (std::size_t row = first; row < first + count; ++row)
         if (m_rows[row].kind != RowKind::Display)
@@ -81,10 +83,25 @@ bool CRowTable::Write(std::size_t first, std::size_t count) {
 }
 
 bool CRowTable::Reread(std::size_t first, std::size_t count) {
+    const FailurePass pass;
     bool success = true;
     for (std::size_t row = first; row < first + count; ++row)
-        success = ShowParameterValue(m_parameters[row], GetValueControl(row)) && success;
+        success = RereadRow(m_parameters[row], GetValueControl(row)) && success;
     return success;
+}
+
+void CRowTable::Unbind() {
+    for (std::size_t row = 0; row < m_rows.size(); ++row) {
+        m_parameters[row] = nullptr;
+        UnbindRow(GetValueControl(row), RegisterOf(m_rows[row]));
+    }
+}
+
+/// An edit that shows nothing because its parameter was not read has nothing to be judged.
+void CRowTable::Validate(std::size_t row) const {
+    const QWidget* edit = GetValueControl(row);
+    if (IsChanged(RegisterOf(m_rows[row])) || !GetControlText(edit).isEmpty())
+        ValidateControlValue(m_parameters[row], edit);
 }
 
 void CRowTable::Unmark() const {

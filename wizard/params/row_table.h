@@ -61,7 +61,9 @@ public:
     bool Write();
     /// The same for `count` rows from row `first`.
     bool Write(std::size_t first, std::size_t count);
-    /// Reads rows from the drive into their controls; true when all succeeded.
+    /// Without a drive: no row has a parameter, and nothing can be typed that would be lost.
+    void Unbind();
+    /// Reads rows from the drive into their controls, in place of what was typed; true when all succeeded.
     bool Reread(std::size_t first, std::size_t count);
     /// Forgets what the user changed on the rows.
     void Unmark() const;
@@ -76,6 +78,7 @@ public:
 private:
     bool BindRow(CParameterGroup* root, QString& errors, std::size_t row);
     RowIds IdsOf(std::size_t row) const;
+    void Validate(std::size_t row) const;
 
     CWindow& m_window;
     std::span<const RowDef> m_rows;

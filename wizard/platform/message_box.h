@@ -27,6 +27,16 @@ public:
     BoxHold& operator=(const BoxHold&) = delete;
 };
 
+/// Within the scope each text is shown once: a box without a question that would repeat an earlier one is answered with
+/// OK unseen. A scope inside another one adds nothing.
+class BoxOnce {
+public:
+    BoxOnce();
+    ~BoxOnce();
+    BoxOnce(const BoxOnce&) = delete;
+    BoxOnce& operator=(const BoxOnce&) = delete;
+};
+
 /// True while a text would have to wait: a scope without `tell` is the innermost one.
 bool AreBoxesHeld();
 /// Shows what was kept back, in its order; does nothing inside a scope.

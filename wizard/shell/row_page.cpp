@@ -35,8 +35,12 @@ bool CRowPage::LoadParameters() {
     EnableControl(GetDlgItem(kIdNext), true);
     m_rows.AttachToolTips([this](int label, const QString& text) { AddToolTip(label, text); });
     CParameterGroup* root = GetPageParameterRoot(GetSheet());
-    if (!root)
+    if (m_tabs)
+        m_tabs->setEnabled(root != nullptr);
+    if (!root) {
+        m_rows.Unbind();
         return false;
+    }
     // Before the rows: a tab that comes to the front empties the update list.
     if (m_tabs)
         m_tabs->Load(GetSheet(), root);

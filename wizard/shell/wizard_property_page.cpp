@@ -2,6 +2,7 @@
 
 #include "hostlib/host_drive.h"
 #include "wizard/params/cyclic_update.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
@@ -63,7 +64,7 @@ bool CWizardPropertyPage::OnInitDialog() {
 
 bool CWizardPropertyPage::OnSetActive() {
     ClearUpdateList();
-    LoadParameters();
+    Load();
     if (m_sheet)
         m_sheet->SetTitle(m_title);
     return CPropertyPage::OnSetActive();
@@ -100,7 +101,7 @@ void CWizardPropertyPage::OnButtonNext() {
     if (!m_sheet)
         return;
     const CWaitCursor wait;
-    if (!ApplyParameters())
+    if (!Apply())
         return;
     SetStepState(m_step, StepState::Done);
     if (IsLastPage())
@@ -119,7 +120,17 @@ void CWizardPropertyPage::OnButtonBack() {
 
 void CWizardPropertyPage::OnButtonApply() {
     const CWaitCursor wait;
-    ApplyParameters();
+    Apply();
+}
+
+bool CWizardPropertyPage::Apply() {
+    const FailurePass pass;
+    return ApplyParameters();
+}
+
+void CWizardPropertyPage::Load() {
+    const FailurePass pass;
+    LoadParameters();
 }
 
 void CWizardPropertyPage::OnButtonCancel() {

@@ -84,6 +84,9 @@ protected:
     void UpdateNextCaption();
 
 private:
+    // The hooks, with what fails in them told once.
+    bool Apply();
+    void Load();
     void MakeDriveSafe();
 
     CSheetWizard* m_sheet = nullptr;

@@ -1,6 +1,7 @@
 #include "wizard/shell/wizard_tab_page.h"
 
 #include "wizard/params/cyclic_update.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/platform/wait_cursor.h"
 
 #include <QPushButton>
@@ -28,7 +29,10 @@ bool CWizardTabPage::OnInitDialog() {
 bool CWizardTabPage::OnSetActive() {
     const CWaitCursor wait;
     ClearUpdateList();
-    LoadParameters();
+    {
+        const FailurePass pass;
+        LoadParameters();
+    }
     CPropertyPage::OnSetActive();
     return true;
 }
@@ -39,8 +43,10 @@ CRowTabPage::CRowTabPage(int layoutNumber, std::span<const RowDef> rows)
 bool CRowTabPage::LoadParameters() {
     const CWaitCursor wait;
     m_rows.AttachToolTips([this](int label, const QString& text) { AddToolTip(label, text); });
-    if (!GetParameterRoot())
+    if (!GetParameterRoot()) {
+        m_rows.Unbind();
         return false;
+    }
     QString errors;
     const bool bound = BindRows(GetParameterRoot(), errors);
     // Filling the controls raised change notifications, and what was typed is gone.

@@ -1,6 +1,7 @@
 #include "wizard/assistants/basic/page_autotuning_speed_controller.h"
 
 #include "hostlib/tolvbo32/parameter.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/resources.h"
 #include "wizard/platform/slider.h"
@@ -72,6 +73,7 @@ CPageAutotuningSpeedController::CPageAutotuningSpeedController()
     tabs.AddTab(m_filters, LoadText(kFiltersLabel));
     Handle(kIdSpeedResponse, ControlEvent::Released, [this] {
         const CWaitCursor wait;
+        const FailurePass pass;
         ApplySlider();
     });
 }
