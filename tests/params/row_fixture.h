@@ -42,10 +42,10 @@ protected:
         dropDown.setObjectName("20201");
     }
 
-    bool BindEdit(const char* reg) {
+    bool BindEdit(quint16 reg) {
         return BindEditRow(&m_drive.Root(), parameter, reg, &label, &edit, errors, {&unit, &minimum, &maximum});
     }
-    bool BindList(const char* reg) {
+    bool BindList(quint16 reg) {
         return BindListRow(&m_drive.Root(), parameter, reg, &label, &dropDown, errors, {&unit, &minimum, &maximum});
     }
     QStringList Choices() const {

@@ -102,13 +102,13 @@ TEST_F(Validation, LeavesTheControlsTextAsItIs) {
 }
 
 TEST_F(Validation, FindsReadsAndWritesWithTheLibrarysWords) {
-    EXPECT_NE(FindParameter(&m_drive.Root(), "101"), nullptr);
-    m_boxes.Expect("Parameter 0101 not found from drive.\n\nUnable to use the specified parameter.");
-    EXPECT_EQ(FindParameter(&m_drive.Root(), "0101"), nullptr);
+    EXPECT_NE(FindParameter(&m_drive.Root(), 101), nullptr);
+    m_boxes.Expect("Parameter 999 not found from drive.\n\nUnable to use the specified parameter.");
+    EXPECT_EQ(FindParameter(&m_drive.Root(), 999), nullptr);
 
-    EXPECT_TRUE(SetAndWriteParameter(&m_drive.Root(), "102", 9));
+    EXPECT_TRUE(SetAndWriteParameter(&m_drive.Root(), 102, 9));
     EXPECT_EQ(m_drive.TakeLog(), QStringList{"write 102=9"});
-    EXPECT_FALSE(SetAndWriteParameter(&m_drive.Root(), "101", 2000)) << "refused silently";
+    EXPECT_FALSE(SetAndWriteParameter(&m_drive.Root(), 101, 2000)) << "refused silently";
     EXPECT_EQ(m_drive.TakeLog(), QStringList());
 
     CParameter* speed = m_drive.Root().FindChildByRegister("101");

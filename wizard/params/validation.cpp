@@ -87,7 +87,7 @@ bool ValidateValueText(const CParameter* parameter, QString& text) {
     if (minimum <= value && value <= maximum)
         return ValidateFormat(*parameter, typed);
     if (minimum != 0 || maximum != 0)
-        return Refuse(MessageFor(kOutsideLimitsMessage, RegisterText(*parameter)));
+        return Refuse(MessageFor(kOutsideLimitsMessage, parameter->GetRegister()));
     return ValidateByDataType(*parameter, value) && ValidateFormat(*parameter, typed);
 }
 

@@ -37,8 +37,7 @@ bool CWizardTabPage::OnSetActive() {
     return true;
 }
 
-CRowTabPage::CRowTabPage(int layoutNumber, std::span<const RowDef> rows)
-    : CWizardTabPage(layoutNumber), m_rows(*this, rows) {}
+CRowTabPage::CRowTabPage(const PageRows& rows) : CWizardTabPage(rows.layout), m_rows(*this, rows) {}
 
 bool CRowTabPage::LoadParameters() {
     const CWaitCursor wait;
@@ -49,8 +48,6 @@ bool CRowTabPage::LoadParameters() {
     }
     QString errors;
     const bool bound = BindRows(GetParameterRoot(), errors);
-    // Filling the controls raised change notifications, and what was typed is gone.
-    m_rows.Unmark();
     SetLoaded();
     if (!errors.isEmpty())
         ReportLoadErrors(errors);

@@ -5,7 +5,6 @@
 #include "hostlib/tolvbo32/parameter_group.h"
 #include "wizard/assistants/basic/page_speed_feedback.h"
 #include "wizard/assistants/basic/service_procedure.h"
-#include "wizard/params/changed_registers.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/parameter_rows.h"
@@ -15,6 +14,7 @@
 #include "wizard/platform/row_ids.h"
 #include "wizard/platform/wait_cursor.h"
 #include "wizard/resources/control_ids.h"
+#include "wizard/resources/page_rows.h"
 #include "wizard/shell/strip_bitmap_button.h"
 #include "wizard/texts/wizard_text_store.h"
 
@@ -22,10 +22,6 @@
 
 namespace krt550 {
 namespace {
-
-constexpr RowDef kRows[] = {{"5003", RowKind::List},   {"2001"}, {"2002"}, {"9902"}, {"9904"}, {"5013"},
-                            {"425", RowKind::Display}, {"8827"}};
-static_assert(HasUniqueRegisters(kRows));
 
 constexpr std::size_t kRangeRow = 6;
 constexpr std::size_t kAdjustRow = 7;
@@ -53,7 +49,7 @@ constexpr std::pair<int, bool (CHostDrive::*)()> kCommands[] = {
 
 } // namespace
 
-CTabPageTachoManual::CTabPageTachoManual(CPageSpeedFeedback& page) : CRowTabPage(10062, kRows), m_page(page) {
+CTabPageTachoManual::CTabPageTachoManual(CPageSpeedFeedback& page) : CRowTabPage(kTachoManualRows), m_page(page) {
     for (const auto& [id, command] : kCommands)
         Handle(id, ControlEvent::Clicked, [this, command = command] { Command(command); });
     Handle(kIdLocalOrRemote, ControlEvent::Clicked, [this] { ToggleLocalControl(); });
@@ -72,11 +68,6 @@ bool CTabPageTachoManual::LoadParameters() {
     const bool bound = CRowTabPage::LoadParameters();
     if (!GetParameterRoot())
         return bound;
-    const bool hasRange = GetRows().GetParameter(kRangeRow) != nullptr;
-    ShowControl(GetDlgItem(LabelId(425)), hasRange);
-    ShowControl(GetDlgItem(ValueId(425)), hasRange);
-    // Filling the controls raised change notifications.
-    ClearChanged();
     m_page.PostRefreshDisplays(kTachoFeedback);
     StopParameterUpdate(*this, m_updateTimer);
     m_updateTimer = StartParameterUpdate(*this, m_page.GetStepNumber());
