@@ -1,6 +1,7 @@
 #include "tests/shell/wizard_fixture.h"
 
 #include "wizard/platform/row_ids.h"
+#include "wizard/resources/page_rows.h"
 
 #include <QComboBox>
 #include <QTest>
@@ -9,8 +10,13 @@
 namespace krt550 {
 namespace {
 
-const QStringList kReads = {"read 9901", "read 9902", "read 9903", "read 9904", "read 2001",
-                            "read 2002", "read 9911", "read 3009", "read 3016", "read 9910"};
+const QStringList kReads = [] {
+    QStringList reads;
+    for (const RowGroupDef& group : kNamePlateRows.groups)
+        for (const RowDef& row : group.rows)
+            reads.append("read " + QString::number(row.reg));
+    return reads;
+}();
 
 using NamePlateData = WizardFixture;
 

@@ -5,15 +5,16 @@
 #include "tests/support/wizard_files.h"
 #include "wizard/params/changed_registers.h"
 #include "wizard/params/cyclic_update.h"
-#include "wizard/params/failure_pass.h"
-#include "wizard/params/parameter_rows.h"
+#include "wizard/params/row_table.h"
+#include "wizard/platform/control_text.h"
 #include "wizard/platform/window.h"
+#include "wizard/resources/layout_parts.h"
 #include "wizard/resources/module_resources.h"
 #include "wizard/texts/wizard_directory.h"
 
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
+#include <QTest>
 
 namespace krt550 {
 
@@ -22,11 +23,49 @@ inline const WizardFiles& ParamsFiles() {
     static const WizardFiles files("PAN\t101\tMotor speed\n"
                                    "VAN\t301\t3\tThree\nVAN\t301\t1\tOne\nVAN\t301\t20\tTwenty\n"
                                    "VAN\t302\t40\tForty\nVAN\t302\t5\tFive\n"
-                                   "UPDATE\t7\t5\nUPDATE\t8\t0\n");
+                                   "UPDATE\t7\t5\nUPDATE\t8\t0\n",
+                                   "VAN\t201\t2\tFast\nVAN\t201\t0\tSlow\n");
     return files;
 }
 
-/// A window with loose row controls, and a drive behind it.
+/// A table with a row of each sort that a page may need.
+inline constexpr RowIds kSlotIds{.label = 1, .value = 2, .unit = 3, .minimum = 4, .maximum = 5, .list = 6};
+inline constexpr RowIds kListIds{.label = 11, .value = 12};
+inline constexpr RowDef kUpper[] = {
+    {.reg = 101},
+    {.reg = 102, .label = "Count", .statics = StaticsShown::Unit, .writeRank = 1},
+    {.reg = 201, .kind = RowKind::List, .bindRank = -1},
+};
+inline constexpr RowDef kLower[] = {
+    {.reg = 301, .kind = RowKind::Display, .numbered = false, .refreshed = true},
+    {.reg = 999, .whenMissing = WhenMissing::Hide},
+    {.kind = RowKind::EditOrList, .hidden = true, .ids = kSlotIds},
+    {.kind = RowKind::List, .ids = kListIds},
+};
+inline constexpr RowGroupDef kGroups[] = {{.caption = "Upper", .rows = kUpper}, {.headings = false, .rows = kLower}};
+static_assert(IsSound(kGroups));
+inline constexpr PageRows kRows{.layout = 1, .groups = kGroups};
+
+class TableResources : public CModuleResources {
+public:
+    std::optional<DialogLayout> GetLayout(int) const override {
+        CLayoutBuilder layout(1, kPageWidth, kPageHeight);
+        CRowStack(layout, kRows, kPageStyle, kRowsTop, kRowsBottom).AddGroups(2);
+        return layout.Take();
+    }
+};
+
+/// A window that updates itself.
+class CTickingWindow : public CWindow {
+public:
+    CTickingWindow() : CWindow(1) {}
+    int timer = 0;
+
+protected:
+    void OnTimer(int) override { UpdateParameters(*this, timer); }
+};
+
+/// That table in a window whose layout is built from it, and a drive behind it.
 class RowFixture : public testing::Test {
 protected:
     RowFixture()
@@ -36,44 +75,40 @@ protected:
         SetWizardDirectory(ParamsFiles().Directory());
         ClearChanged();
         ClearUpdateList();
-        for (QWidget* control : std::initializer_list<QWidget*>{&label, &edit, &dropDown, &unit, &minimum, &maximum})
-            control->setParent(&window);
-        edit.setObjectName("20101");
-        dropDown.setObjectName("20201");
+    }
+    void SetUp() override {
+        ASSERT_TRUE(m_window.Create());
+        m_window.show();
+        m_window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
     }
 
-    bool BindEdit(quint16 reg) {
-        return BindEditRow(&m_drive.Root(), parameter, reg, &label, &edit, errors, {&unit, &minimum, &maximum});
+    bool Bind() { return m_rows.Bind(&m_drive.Root(), errors); }
+    CRow& Row(quint16 reg) { return *m_rows.Find(reg); }
+    CRow& Slot() { return m_rows[5]; }
+    CRow& ListSlot() { return m_rows[6]; }
+    QString Text(int id) { return GetControlText(m_window.GetDlgItem(id)); }
+    bool IsShown(int id) { return m_window.GetDlgItem(id)->isVisible(); }
+    QLineEdit& Edit(quint16 reg) { return *m_window.GetControl<QLineEdit>(ValueId(reg)); }
+    QComboBox& Switch() { return *m_window.GetControl<QComboBox>(ValueId(201)); }
+    void Type(quint16 reg, const QString& text) {
+        Edit(reg).setFocus();
+        QTest::keyClick(&Edit(reg), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&Edit(reg), Qt::Key_Delete);
+        QTest::keyClicks(&Edit(reg), text);
     }
-    bool BindList(quint16 reg) {
-        return BindListRow(&m_drive.Root(), parameter, reg, &label, &dropDown, errors, {&unit, &minimum, &maximum});
-    }
-    QStringList Choices() const {
-        QStringList choices;
-        for (int i = 0; i < dropDown.count(); ++i)
-            choices.append(dropDown.itemText(i));
-        return choices;
+    void Choose(QWidget* list, const QString& text) {
+        static_cast<QComboBox*>(list)->setCurrentText(text);
+        m_window.Notify(list, ControlEvent::Selected);
     }
 
-    CModuleResources m_resources;
+    TableResources m_resources;
     ResourceScope m_scope{m_resources};
     FakeDrive m_drive;
     MessageBoxes m_boxes;
-    QWidget window;
-    QLabel label;
-    QLineEdit edit;
-    QComboBox dropDown;
-    QLabel unit;
-    QLabel minimum;
-    QLabel maximum;
-    CParameter* parameter = nullptr;
+    CTickingWindow m_window;
+    CRowTable m_rows{m_window, kRows};
     QString errors;
-
-    // The controls are members: the window must not delete them.
-    ~RowFixture() override {
-        for (QWidget* control : std::initializer_list<QWidget*>{&label, &edit, &dropDown, &unit, &minimum, &maximum})
-            control->setParent(nullptr);
-    }
 };
 
 } // namespace krt550

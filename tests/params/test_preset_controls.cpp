@@ -22,9 +22,6 @@ public:
 class PresetControls : public RowFixture {
 protected:
     PresetControls() {
-        QFile file(ParamsFiles().Directory() + "/KRT550ConfigurableAssistant.txt");
-        if (file.open(QIODevice::WriteOnly))
-            file.write("VAN\t201\t2\tFast\nVAN\t201\t0\tSlow\n");
         m_combo.SetParameter(m_drive.Root().FindChildByRegister("201"));
         m_combo.addItems({"Slow", "Fast"});
         m_edit.SetParameter(m_drive.Root().FindChildByRegister("101"));
@@ -50,9 +47,9 @@ protected:
         EXPECT_TRUE(found) << text.toStdString();
     }
 
-    CPresetWindow m_window;
-    CPresetComboBox m_combo{&m_window};
-    CPresetEdit m_edit{&m_window};
+    CPresetWindow m_presetWindow;
+    CPresetComboBox m_combo{&m_presetWindow};
+    CPresetEdit m_edit{&m_presetWindow};
 };
 
 TEST_F(PresetControls, ChangeToTheirPresetWithoutWriting) {
@@ -89,12 +86,12 @@ TEST_F(PresetControls, KeepTheOldValueWhenThePresetIsRefused) {
 }
 
 TEST_F(PresetControls, OfferTheirThreeCommandsOnARightClick) {
-    m_window.show();
+    m_presetWindow.show();
     m_edit.SetPreset("4.5");
     Choose(m_edit, "Change to preset value");
     EXPECT_EQ(m_edit.text(), "4.5");
     Choose(m_combo, "Change all to preset value");
-    EXPECT_EQ(m_window.asked, 1);
+    EXPECT_EQ(m_presetWindow.asked, 1);
     Choose(m_edit, "Set value and apply");
     EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 101=45", "read 101"})) << "forced: the row was not marked";
 }

@@ -1,107 +1,132 @@
 #include "tests/params/row_fixture.h"
 
 #include "hostlib/tolvbo32/parameter.h"
+#include "wizard/params/failure_pass.h"
 
 namespace krt550 {
 namespace {
 
-TEST_F(RowFixture, AnEditRowShowsNameValueUnitAndLimits) {
+using Rows = RowFixture;
+
+TEST_F(Rows, ShowNameValueUnitAndLimits) {
+    EXPECT_EQ(Text(LabelId(101)) + "|" + Text(LabelId(102)), "101|Count") << "until they are bound";
     m_drive.words[101] = static_cast<quint16>(-25);
-    MarkChanged(101);
-    EXPECT_TRUE(BindEdit(101));
-    EXPECT_EQ(label.text(), "101 Motor speed") << "the text file's name comes first";
-    EXPECT_EQ(edit.text(), "-2.5");
-    EXPECT_EQ(unit.text(), "rpm");
-    EXPECT_EQ(minimum.text() + " " + maximum.text(), "-10.00 10.00");
-    EXPECT_FALSE(IsChanged(101));
-    EXPECT_EQ(m_drive.TakeLog(), QStringList{"read 101"}) << "one read";
+    EXPECT_TRUE(Bind());
+    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"read 201", "read 101", "read 102", "read 301"})) << "once each, by rank";
+    EXPECT_EQ(Text(LabelId(101)) + "|" + Text(LabelId(301)), "101 Motor speed|Texts") << "the text file's name first";
+    EXPECT_EQ(Text(ValueId(101)) + "|" + Text(UnitId(101)), "-2.5|rpm");
+    EXPECT_EQ(Text(MinimumId(101)) + "|" + Text(MaximumId(101)), "-10.00|10.00");
+    EXPECT_TRUE(m_window.GetDlgItem(UnitId(102)));
+    EXPECT_FALSE(m_window.GetDlgItem(MinimumId(102)) || m_window.GetDlgItem(UnitId(201)));
+    EXPECT_EQ(Text(ValueId(201)), "Off");
+    for (const int id : {LabelId(999), ValueId(999), kSlotIds.value, kSlotIds.list})
+        EXPECT_FALSE(IsShown(id)) << id;
+    m_drive.words[301] = 3;
+    UpdateParameters(m_window, m_window.timer);
+    EXPECT_EQ(Text(ValueId(301)), "Three") << "a display follows the drive where the table says so";
 }
 
-TEST_F(RowFixture, AMissingParameterDisablesTheRowAndFailsNothing) {
-    label.setText("Speed limit");
-    unit.setText("rpm");
-    EXPECT_TRUE(BindEdit(999));
-    EXPECT_EQ(parameter, nullptr);
-    EXPECT_FALSE(edit.isEnabled());
-    EXPECT_EQ(unit.text(), "");
-    EXPECT_EQ(label.text(), "Speed limit");
-    dropDown.addItem("left over");
-    EXPECT_TRUE(BindList(998));
-    EXPECT_FALSE(dropDown.isEnabled());
-    EXPECT_EQ(dropDown.count(), 0);
-    EXPECT_EQ(errors, "- Parameter 999 not found from drive.\n\nUnable to use the specified parameter.\n"
-                      "- Parameter 998 not found from drive.\n\nUnable to use the specified parameter.\n");
+TEST_F(Rows, AreDisabledWithoutTheirParameterWhichFailsNothing) {
+    Row(102).SetRegister(998);
+    EXPECT_TRUE(Bind());
+    EXPECT_EQ(Text(LabelId(102)), "Count");
+    EXPECT_FALSE(Edit(102).isEnabled() || Switch().currentIndex() < 0);
+    EXPECT_EQ(errors, "- Parameter 998 not found from drive.\n\nUnable to use the specified parameter.\n"
+                      "- Parameter 999 not found from drive.\n\nUnable to use the specified parameter.\n");
 }
 
-// 0, or a list's first entry, would be taken for what the drive has.
-TEST_F(RowFixture, ARowThatCannotBeReadShowsNoValueAndFails) {
-    m_drive.unreadable = {101, 201};
-    m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure\n\nThe same happened with:\n201 Switch");
-    const FailurePass pass;
-    EXPECT_FALSE(BindEdit(101));
-    EXPECT_EQ(edit.text() + unit.text(), "rpm");
-    EXPECT_FALSE(BindDisplayRow(&m_drive.Root(), parameter, 101, nullptr, &maximum, errors, nullptr));
-    EXPECT_EQ(maximum.text(), "");
-    EXPECT_FALSE(BindList(201));
-    EXPECT_EQ(Choices(), (QStringList{"Off", "On"}));
-    EXPECT_EQ(dropDown.currentIndex(), -1);
-    EXPECT_FALSE(IsChanged(101) || IsChanged(201));
+// The macro's rows, the mailboxes, the configurable page: which parameter a row has is known at run time only.
+TEST_F(Rows, TakeTheirRegisterAtRunTime) {
+    Bind();
+    struct {
+        quint16 reg;
+        QString label;
+        QString value;
+        int shown;
+        int hidden;
+        bool statics;
+    } const cases[] = {{102, "102 Own name", "4", kSlotIds.value, kSlotIds.list, true},
+                       {201, "201 Own name", "On", kSlotIds.list, kSlotIds.value, false},
+                       {0, "", "", kSlotIds.value, kSlotIds.list, true}};
+    m_drive.words[102] = 4;
+    m_drive.words[201] = 2;
+    Slot().SetCaption("Own name");
+    Slot().Show(true);
+    for (const auto& c : cases) {
+        Slot().SetRegister(c.reg);
+        EXPECT_TRUE(Slot().Bind(&m_drive.Root(), errors));
+        EXPECT_EQ(Text(kSlotIds.label), c.label);
+        EXPECT_EQ(GetControlText(Slot().GetValueControl()), c.value);
+        EXPECT_TRUE(IsShown(c.shown) && !IsShown(c.hidden)) << c.reg;
+        EXPECT_EQ(IsShown(kSlotIds.unit), c.statics);
+        EXPECT_EQ(Slot().GetValueControl()->isEnabled(), c.reg != 0);
+    }
+    Slot().SetRegister(102);
+    Slot().Bind(&m_drive.Root(), errors);
+    m_drive.TakeLog();
+    Slot().Enter("6");
+    EXPECT_TRUE(Slot().Write()) << "as if the user had typed it";
+    EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList{"write 102=6"});
 }
 
-TEST_F(RowFixture, AListRowOffersItsChoicesInOrder) {
+TEST_F(Rows, OfferTheirChoicesInOrder) {
     struct {
         quint16 reg;
         quint16 word;
-        QStringList choices;
+        QString choices;
         QString selected;
     } const cases[] = {
-        {201, 2, {"Off", "On"}, "On"},               // without the excluded entry
-        {201, 1, {"Off", "On", "1"}, "1"},           // even when the drive holds just that
-        {201, 7, {"Off", "On", "7"}, "7"},           // a value without text
-        {301, 1, {"Three", "One", "Twenty"}, "One"}, // file order inside a group of sixteen
-        {301, 3, {"Three", "One", "Twenty"}, "Three"},
-        {302, 5, {"Five", "Forty"}, "Five"}, // groups in ascending order
-        {302, 6, {"Five", "Forty", "6"}, "6"},
+        {201, 2, "Off On", "On"},            // without the excluded entry
+        {201, 1, "Off On 1", "1"},           // even when the drive holds just that
+        {201, 7, "Off On 7", "7"},           // a value without text
+        {301, 1, "Three One Twenty", "One"}, // file order inside a group of sixteen
+        {302, 5, "Five Forty", "Five"},      // groups in ascending order
+        {302, 6, "Five Forty 6", "6"},
     };
     for (const auto& c : cases) {
         m_drive.words[c.reg] = c.word;
-        EXPECT_TRUE(BindList(c.reg)) << c.reg;
-        EXPECT_EQ(Choices(), c.choices) << c.reg;
-        EXPECT_EQ(dropDown.currentText(), c.selected) << c.reg;
+        ListSlot().SetRegister(c.reg);
+        EXPECT_TRUE(ListSlot().Bind(&m_drive.Root(), errors)) << c.reg;
+        const auto* list = m_window.GetControl<QComboBox>(kListIds.value);
+        QStringList choices;
+        for (int i = 0; i < list->count(); ++i)
+            choices.append(list->itemText(i));
+        EXPECT_EQ(choices.join(' '), c.choices) << c.reg;
+        EXPECT_EQ(list->currentText(), c.selected) << c.reg;
     }
-    EXPECT_EQ(errors, "");
 }
 
-TEST_F(RowFixture, ADisplayRowShowsTheNameAlone) {
-    CParameter* shown = nullptr;
-    EXPECT_TRUE(BindDisplayRow(&m_drive.Root(), shown, 101, &label, &maximum, errors, &unit));
-    EXPECT_EQ(label.text() + "|" + maximum.text() + "|" + unit.text(), "Motor speed|0.0|rpm");
-    CParameter* given = shown;
-    EXPECT_TRUE(BindDisplayRow(&m_drive.Root(), given, 999, nullptr, &maximum, errors, nullptr)) << "given: no look-up";
-    EXPECT_EQ(errors, "");
-}
-
-TEST_F(RowFixture, WritesOnlyMarkedRows) {
-    ASSERT_TRUE(BindEdit(101));
+TEST_F(Rows, AreWrittenByRankAndOnlyWhatWasChanged) {
+    Bind();
     m_drive.TakeLog();
-    edit.setText("3,5");
-    EXPECT_TRUE(WriteRow(parameter, &edit, false)) << "not marked";
+    EXPECT_TRUE(m_rows.Write());
     EXPECT_EQ(m_drive.TakeLog(), QStringList());
-    MarkChanged(101);
-    EXPECT_TRUE(WriteRow(parameter, &edit, false));
-    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 101=35", "read 101"}));
-    EXPECT_EQ(edit.text(), "3.5");
+    Type(101, "3,5");
+    Type(102, "7");
+    Choose(&Switch(), "On");
+    EXPECT_TRUE(m_rows.Write());
+    EXPECT_EQ(m_drive.TakeLog(),
+              (QStringList{"write 101=35", "read 101", "write 201=2", "read 201", "write 102=7", "read 102"}));
+    EXPECT_EQ(Text(ValueId(101)), "3.5");
+    Type(101, "");
+    EXPECT_TRUE(m_rows.Write()) << "an empty edit is nothing to write";
+    EXPECT_EQ(m_drive.TakeLog(), QStringList());
     EXPECT_FALSE(IsChanged(101));
-    EXPECT_TRUE(WriteRow(parameter, &edit, true)) << "forced";
-    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 101=35", "read 101"}));
-    edit.clear();
-    MarkChanged(101);
-    EXPECT_TRUE(WriteRow(parameter, &edit, false)) << "an empty edit is nothing to write";
-    EXPECT_EQ(m_drive.TakeLog(), QStringList());
-    EXPECT_TRUE(WriteRow(nullptr, &edit, true));
+    for (const auto& [choice, write] : {std::pair{"Three", "write 301=3"}, // the file's text, not the drive's
+                                        {"x", "write 301=1"}}) {           // no text of the file: the drive's
+        ListSlot().SetRegister(301);
+        ListSlot().Bind(&m_drive.Root(), errors);
+        auto* list = m_window.GetControl<QComboBox>(kListIds.value);
+        list->addItem("x");
+        m_drive.TakeLog();
+        Choose(list, choice);
+        EXPECT_TRUE(m_rows.Write());
+        EXPECT_EQ(m_drive.TakeLog(), (QStringList{write, "read 301"}));
+    }
 }
 
-TEST_F(RowFixture, ARefusedWriteIsReportedOnceAndStaysMarked) {
+TEST_F(Rows, ReportARefusalOnceAndStayMarked) {
+    Bind();
     struct {
         QString text;
         bool unwritable;
@@ -111,49 +136,111 @@ TEST_F(RowFixture, ARefusedWriteIsReportedOnceAndStaysMarked) {
         {"3x", false, "For parameter 101 \"3x\" cannot be used.*"},
         {"4", true, "Writing parameter 1.01 Speed failed: simulated failure"},
     };
-    ASSERT_TRUE(BindEdit(101));
     for (const auto& c : cases) {
-        edit.setText(c.text);
-        MarkChanged(101);
-        m_drive.unwritable.clear();
+        Type(101, c.text);
         if (c.unwritable)
             m_drive.unwritable.insert(101);
         m_boxes.Expect(c.box);
-        EXPECT_FALSE(WriteRow(parameter, &edit, false));
+        EXPECT_FALSE(m_rows.Write());
         EXPECT_TRUE(IsChanged(101)) << "the next Apply tries again";
     }
     m_drive.unwritable.clear();
     m_drive.unreadable.insert(101);
-    edit.setText("4");
     m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure");
-    EXPECT_FALSE(WriteRow(parameter, &edit, false)) << "written, but not read back";
+    EXPECT_FALSE(m_rows.Write()) << "written, but not read back";
     EXPECT_FALSE(IsChanged(101));
 }
 
-TEST_F(RowFixture, WritesAChoiceByItsTextInTheFileOrInTheDrive) {
-    struct {
-        quint16 reg;
-        const char* choice;
-        QString write;
-    } const cases[] = {
-        {201, "On", "write 201=2"},
-        {301, "Three", "write 301=3"}, // the file's text, not the drive's
-        {301, "x", "write 301=1"},     // no text of the file: the drive's
-    };
-    for (const auto& c : cases) {
-        ASSERT_TRUE(BindList(c.reg));
-        m_drive.TakeLog();
-        if (dropDown.findText(c.choice) < 0)
-            dropDown.addItem(c.choice);
-        dropDown.setCurrentText(c.choice);
-        MarkChanged(parameter->GetRegister());
-        EXPECT_TRUE(WriteRow(parameter, &dropDown, false));
-        EXPECT_EQ(m_drive.TakeLog().join(';'), c.write + ";read " + QString::number(c.reg));
+TEST_F(Rows, AreMarkedByAPersonOnly) {
+    int changes = 0;
+    Row(201).SetChangeHandler([&changes] { ++changes; });
+    Bind();
+    EXPECT_FALSE(IsChanged(101) || IsChanged(201)) << "filling them is no change";
+    m_drive.words[101] = 15;
+    Type(101, "9");
+    EXPECT_TRUE(IsChanged(101));
+    EXPECT_TRUE(m_rows.Reread(0, 4));
+    EXPECT_EQ(Text(ValueId(101)), "1.5");
+    EXPECT_FALSE(IsChanged(101)) << "results of a run are not the user's";
+
+    for (const auto& [choice, changed] : {std::pair{"Off", false}, {"On", true}, {"Off", false}, {"On", true}}) {
+        Choose(&Switch(), choice);
+        EXPECT_EQ(IsChanged(201), changed) << choice;
     }
-    ASSERT_TRUE(BindList(301));
-    m_boxes.Expect("Parameter 3.01 Texts: 20 is not one of its values.");
-    dropDown.setCurrentText("Twenty");
-    EXPECT_FALSE(WriteRow(parameter, &dropDown, true));
+    EXPECT_EQ(changes, 2);
+    m_drive.unwritable.insert(201);
+    m_boxes.Expect("Writing parameter 2.01 Switch failed: simulated failure");
+    EXPECT_FALSE(m_rows.Write());
+    Choose(&Switch(), "Off");
+    EXPECT_TRUE(IsChanged(201)) << "what the drive holds now is not known";
+    MarkChanged(4711);
+    m_rows.Unmark();
+    EXPECT_TRUE(IsChanged(4711) && !IsChanged(201)) << "a window forgets its own rows only";
+    Type(101, "9");
+    Bind();
+    EXPECT_FALSE(IsChanged(101)) << "a load forgets what was typed";
+}
+
+// 0, or a list's first entry, would be taken for what the drive has.
+TEST_F(Rows, ShowNothingThatWasNotReadAndTellOneOutageOnce) {
+    m_drive.unreadable = {101, 102, 201, 301};
+    m_boxes.Expect("Reading parameter 2.01 Switch failed: simulated failure\n\nThe same happened with:\n"
+                   "101 Speed\n102 Count\n301 Texts");
+    EXPECT_FALSE(Bind());
+    EXPECT_EQ(Text(ValueId(101)) + Text(ValueId(102)) + Text(ValueId(201)) + Text(ValueId(301)), "");
+    EXPECT_EQ(Text(UnitId(101)), "rpm");
+    EXPECT_EQ(Switch().count(), 2);
+    Edit(101).setFocus();
+    Edit(102).setFocus(); // nothing to be judged in what was not read
+    Choose(&Switch(), "Off");
+    EXPECT_TRUE(IsChanged(201)) << "the first choice of an unread list is a choice";
+    Type(101, "9");
+    m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure\n\nThe same happened with:\n102 Count");
+    EXPECT_FALSE(m_rows.Reread(1, 2));
+    EXPECT_TRUE(Text(ValueId(101)) == "9" && IsChanged(101)) << "nothing typed is lost";
+
+    const FailurePass pass;
+    m_boxes.Expect("no text file");
+    m_boxes.Expect("really?");
+    m_boxes.Expect("really?");
+    for (int query = 0; query < 2; ++query) {
+        EXPECT_TRUE(ShowMessageBox("no text file", MessageIcon::Stop));
+        EXPECT_TRUE(ShowMessageBox("really?", MessageIcon::Stop, MessageButtons::OkCancel)) << "questions are asked";
+    }
+}
+
+TEST_F(Rows, HaveNothingToTypeIntoWithoutADrive) {
+    Bind();
+    Type(101, "9");
+    m_rows.Unbind();
+    EXPECT_EQ(Text(ValueId(101)) + Text(UnitId(101)) + Text(ValueId(201)) + Text(ValueId(301)), "");
+    EXPECT_FALSE(Edit(101).isEnabled() || Switch().isEnabled() || IsChanged(101));
+    EXPECT_TRUE(m_rows.Write());
+    EXPECT_TRUE(Bind());
+    EXPECT_TRUE(Edit(101).isEnabled() && Switch().isEnabled());
+}
+
+TEST_F(Rows, StartTheUpdateWhenTheTableSaysSo) {
+    for (const auto& [update, expected] :
+         {std::pair{UpdateWhen::AllRead, "110"}, {UpdateWhen::AllFound, "100"}, {UpdateWhen::Always, "111"}}) {
+        const PageRows rows{.layout = 1, .groups = kGroups, .update = update};
+        const CRowTable table(m_window, rows);
+        QString starts;
+        for (const auto& [bound, missing] : {std::pair{true, ""}, {true, "missing"}, {false, ""}})
+            starts += table.StartsUpdate(bound, missing) ? '1' : '0';
+        EXPECT_EQ(starts, expected);
+    }
+}
+
+TEST_F(Rows, TakeTheirTextsFromTheConfigurableFile) {
+    CRowTable rows(m_window, kRows, TextSource::ConfigurableFile);
+    EXPECT_TRUE(rows.Bind(&m_drive.Root(), errors));
+    EXPECT_EQ(Switch().currentText(), "Slow");
+    m_drive.TakeLog();
+    Choose(&Switch(), "Fast");
+    EXPECT_TRUE(rows.Write());
+    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 201=2", "read 201"}));
+    EXPECT_EQ(Switch().currentText(), "Fast");
 }
 
 } // namespace

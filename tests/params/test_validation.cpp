@@ -93,7 +93,7 @@ TEST_F(Validation, RefusesWhatTheParameterCannotHold) {
 }
 
 TEST_F(Validation, LeavesTheControlsTextAsItIs) {
-    edit.setText("1,5");
+    QLineEdit edit("1,5");
     EXPECT_TRUE(ValidateControlValue(m_drive.Root().FindChildByRegister("101"), &edit));
     EXPECT_EQ(edit.text(), "1,5");
     EXPECT_FALSE(ValidateControlValue(nullptr, &edit));
@@ -113,7 +113,7 @@ TEST_F(Validation, FindsReadsAndWritesWithTheLibrarysWords) {
 
     CParameter* speed = m_drive.Root().FindChildByRegister("101");
     m_drive.unreadable.insert(101);
-    edit.setText("as it was");
+    QLineEdit edit("as it was");
     m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure");
     EXPECT_FALSE(ShowParameterValue(speed, &edit));
     EXPECT_EQ(edit.text(), "as it was");

@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <vector>
 
 namespace krt550 {
 namespace {
@@ -72,15 +73,28 @@ QString ShownName(quint16 reg) {
     return !own.isEmpty() || name == DriveNames().end() ? own : name->second;
 }
 
+struct LayoutRow {
+    int layout;
+    RowDef row;
+};
+
+/// The rows of a layout, from top to bottom; of all layouts for 0.
+std::vector<LayoutRow> RowsOf(int layout) {
+    std::vector<LayoutRow> rows;
+    for (const PageRows* table : kAllPageRows)
+        for (const RowGroupDef& group : table->groups)
+            for (const RowDef& row : group.rows)
+                if (layout == 0 || layout == table->layout)
+                    rows.push_back({table->layout, row});
+    return rows;
+}
+
 /// Fills the labels of the rows as a load does.
 void NameRows(CWindow& window) {
     SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
-    for (const PageRows* rows : kAllPageRows)
-        for (const RowGroupDef& group : rows->groups)
-            for (const RowDef& row : group.rows)
-                if (rows->layout == window.GetLayoutNumber())
-                    SetControlText(window.GetDlgItem(IdsOf(row).label),
-                                   (row.numbered ? QString::number(row.reg) + ' ' : QString()) + ShownName(row.reg));
+    for (const auto& [layout, row] : RowsOf(window.GetLayoutNumber()))
+        SetControlText(window.GetDlgItem(IdsOf(row).label),
+                       (row.numbered ? QString::number(row.reg) + ' ' : QString()) + ShownName(row.reg));
 }
 
 bool IsDigit(const QWidget* control) {
@@ -130,75 +144,59 @@ INSTANTIATE_TEST_SUITE_P(All, Layouts, testing::ValuesIn(kLayouts),
                          [](const auto& layout) { return "Layout" + std::to_string(layout.param); });
 
 // Tests, plays and screen readers count on these.
-TEST_F(Layouts, RowsAreNamedForScreenReadersAndStandInTabOrder) {
-    for (const PageRows* rows : kAllPageRows) {
-        CLayoutWindow window(rows->layout);
-        ASSERT_TRUE(window.Create());
-        QStringList expected;
-        for (const RowGroupDef& group : rows->groups)
-            for (const RowDef& row : group.rows) {
-                const auto* label = window.GetControl<QLabel>(LabelId(row.reg));
-                QWidget* value = window.GetDlgItem(ValueId(row.reg));
-                ASSERT_TRUE(label && value) << row.reg;
-                EXPECT_EQ(value->property("register").toInt(), row.reg);
-                if (row.kind == RowKind::Display)
-                    continue;
-                EXPECT_EQ(label->buddy(), value);
-                EXPECT_EQ(value->accessibleName(), label->text());
-                expected.append(value->objectName());
-            }
-        QStringList order;
-        for (QWidget* next = window.nextInFocusChain(); next != &window; next = next->nextInFocusChain())
-            if (next->focusPolicy() != Qt::NoFocus && expected.contains(next->objectName()))
-                order.append(next->objectName());
-        EXPECT_EQ(order, expected) << rows->layout;
+TEST_P(Layouts, NamesItsRowsForScreenReadersAndHasThemInTabOrder) {
+    CLayoutWindow window(GetParam());
+    ASSERT_TRUE(window.Create());
+    QStringList expected;
+    for (const auto& [layout, row] : RowsOf(GetParam())) {
+        const auto* label = window.GetControl<QLabel>(LabelId(row.reg));
+        QWidget* value = window.GetDlgItem(ValueId(row.reg));
+        ASSERT_TRUE(label && value) << row.reg;
+        EXPECT_EQ(value->property("register").toInt(), row.reg);
+        if (row.kind == RowKind::Display)
+            continue;
+        EXPECT_EQ(label->buddy(), value);
+        EXPECT_EQ(value->accessibleName(), label->text());
+        expected.append(value->objectName());
     }
+    QStringList order;
+    for (QWidget* next = window.nextInFocusChain(); next != &window; next = next->nextInFocusChain())
+        if (expected.contains(next->objectName()))
+            order.append(next->objectName());
+    EXPECT_EQ(order, expected);
 }
 
 // A control of a row that no table has would stay empty for ever.
 TEST_P(Layouts, HasNoRowThatNoTableBinds) {
-    std::set<quint16> bound;
-    for (const PageRows* rows : kAllPageRows)
-        for (const RowGroupDef& group : rows->groups)
-            for (const RowDef& row : group.rows)
-                if (rows->layout == GetParam())
-                    bound.insert(row.reg);
-    const auto layout = m_resources.GetLayout(GetParam());
-    ASSERT_TRUE(layout);
-    for (const ControlLayout& control : layout->controls) {
-        EXPECT_TRUE(control.reg == 0 || bound.contains(control.reg)) << control.reg;
-        const int reg = control.id % 10000;
+    std::set<int> bound;
+    for (const auto& [layout, row] : RowsOf(GetParam()))
+        bound.insert(row.reg);
+    const auto description = m_resources.GetLayout(GetParam());
+    ASSERT_TRUE(description);
+    for (const ControlLayout& control : description->controls) {
         const bool byRegister = control.id >= 10000 && control.id < 60000;
-        EXPECT_TRUE(!byRegister || bound.contains(static_cast<quint16>(reg))) << "control " << control.id;
+        EXPECT_TRUE(control.reg == 0 || bound.contains(control.reg)) << control.reg;
+        EXPECT_TRUE(!byRegister || bound.contains(control.id % 10000)) << "control " << control.id;
     }
 }
 
 // The drive description is the home of a parameter's name, the text file that of its tool tip.
 TEST_F(Layouts, EveryRowHasItsTextsOnce) {
     SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
-    CWizardTextStore& texts = CWizardTextStore::Instance();
-    for (const auto& [reg, name] : DriveNames()) {
-        EXPECT_NE(texts.GetParameterName(reg), name) << "the text file repeats the name of " << reg;
-        for (const PageRows* rows : kAllPageRows)
-            for (const RowGroupDef& group : rows->groups)
-                for (const RowDef& row : group.rows)
-                    if (row.reg == reg && *row.label) {
-                        EXPECT_EQ(QString(row.label), ShownName(reg)) << rows->layout;
-                    }
+    for (const auto& [layout, row] : RowsOf(0)) {
+        EXPECT_TRUE(DriveNames().contains(row.reg)) << row.reg;
+        EXPECT_NE(CWizardTextStore::Instance().GetToolTip(row.reg), "") << row.reg;
+        EXPECT_TRUE(!*row.label || row.label == ShownName(row.reg)) << row.label << " in " << layout;
     }
-    for (const PageRows* rows : kAllPageRows)
-        for (const RowGroupDef& group : rows->groups)
-            for (const RowDef& row : group.rows) {
-                EXPECT_TRUE(DriveNames().contains(row.reg)) << row.reg;
-                EXPECT_NE(texts.GetToolTip(row.reg), "") << row.reg;
-            }
     QFile file(QStringLiteral(KRT550_SOURCE_DIR "/data/Wzkrt550.txt"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     while (!file.atEnd()) {
-        const QList<QByteArray> fields = file.readLine().split('\t');
-        if (fields[0] == "TOOLTIP" || fields[0] == "PAN") {
-            EXPECT_TRUE(DriveNames().contains(fields[1].toUShort())) << fields[1].toStdString();
-        }
+        const QStringList fields = QString::fromUtf8(file.readLine()).trimmed().split('\t');
+        if (fields[0] != "TOOLTIP" && fields[0] != "PAN")
+            continue;
+        const auto name = DriveNames().find(fields[1].toUShort());
+        ASSERT_NE(name, DriveNames().end()) << "the drive has no " << fields[1].toStdString();
+        EXPECT_NE(name->second, fields[2]) << "the text file repeats the name of " << name->first;
     }
 }
 

@@ -2,6 +2,9 @@
 
 #include "hostlib/tolvbo32/parameter_tree.h"
 #include "hostlib/tolvbo32/value_codec.h"
+#include "wizard/resources/page_rows.h"
+
+#include <algorithm>
 
 namespace krt550 {
 
@@ -109,6 +112,10 @@ std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& m
         Number(3016, "Motor 1 overspeed", 0, 0, 10000, "rpm"),
         Number(9910, "Nominal mains voltage", 0, 0, 1000, "V"),
     };
+    for (const RowGroupDef& group : kNamePlateRows.groups)
+        for (const RowDef& row : group.rows)
+            if (std::ranges::find(parameters, row.reg, &ParameterDescription::reg) == parameters.end())
+                parameters.push_back(Number(row.reg, QStringLiteral("Parameter %1").arg(row.reg), 0, 0, 0));
     std::erase_if(parameters, [&](const ParameterDescription& parameter) { return missing.contains(parameter.reg); });
     return parameters;
 }

@@ -10,10 +10,10 @@ namespace krt550 {
 /// shares the same texts.
 class WizardFiles {
 public:
-    explicit WizardFiles(const QByteArray& wizardTexts) {
-        QFile file(m_directory.filePath(QStringLiteral("Wzkrt550.txt")));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(wizardTexts);
+    explicit WizardFiles(const QByteArray& wizardTexts, const QByteArray& configurableTexts = {}) {
+        Write(QStringLiteral("Wzkrt550.txt"), wizardTexts);
+        if (!configurableTexts.isEmpty())
+            Write(QStringLiteral("KRT550ConfigurableAssistant.txt"), configurableTexts);
     }
 
     QString Directory() const { return m_directory.path(); }
@@ -21,6 +21,12 @@ public:
     QString WizardPath() const { return m_directory.filePath(QStringLiteral("KRT550Wizard.so")); }
 
 private:
+    void Write(const QString& name, const QByteArray& content) {
+        QFile file(m_directory.filePath(name));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(content);
+    }
+
     QTemporaryDir m_directory;
 };
 

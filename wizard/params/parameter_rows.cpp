@@ -137,7 +137,6 @@ bool BindEditRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWi
     SetRowLabel(label, reg, *parameter);
     const bool read = ReadParameter(parameter);
     SetControlText(edit, read ? FormatValueText(parameter) : QString());
-    UnmarkChanged(parameter->GetRegister());
     FillStatics(statics, *parameter);
     return read;
 }
