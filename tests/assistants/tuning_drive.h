@@ -28,6 +28,10 @@ inline QStringList Looks(int count) {
     return looks;
 }
 
+inline QStringList EndMode() {
+    return {"write 9906=0", "refresh"};
+}
+
 inline QStringList Stop() {
     return {"stop motor", "open contactor", "refresh", "release local control"};
 }

@@ -114,7 +114,7 @@ BoxHold::~BoxHold() {
 }
 
 bool AreBoxesHeld() {
-    return !g_holds.empty() && !g_holds.back();
+    return !g_holds.empty();
 }
 
 void ShowHeldBoxes() {

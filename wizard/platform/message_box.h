@@ -27,7 +27,7 @@ public:
     BoxHold& operator=(const BoxHold&) = delete;
 };
 
-/// True while a text would have to wait: a scope without `tell` is the innermost one.
+/// True inside a scope.
 bool AreBoxesHeld();
 /// Shows what was kept back, in its order; does nothing inside a scope.
 void ShowHeldBoxes();

@@ -53,16 +53,24 @@ void CModalFrame::End(int result) {
     m_result = result;
     hide();
     m_loop.quit();
+    // Whoever is still on the stack and drains the queue takes the request back from the event dispatcher, which then
+    // waits for the next event: there is one.
+    startTimer(1);
 }
 
 void CModalFrame::reject() {
-    m_onCancel();
+    if (m_onPersonCloses)
+        m_onPersonCloses(CloseWay::Escape);
+    else
+        m_onCancel();
 }
 
 void CModalFrame::closeEvent(QCloseEvent* event) {
-    event->accept();
-    if (!m_ended)
+    if (!m_ended && event->spontaneous() && m_onPersonCloses)
+        m_onPersonCloses(CloseWay::Button);
+    else if (!m_ended)
         m_onCancel();
+    event->setAccepted(m_ended);
 }
 
 void CModalFrame::CancelStoppedFrames() {

@@ -7,8 +7,11 @@
 
 namespace krt550 {
 
-/// The modal top-level window around a content widget, with a loop of its own. Close button, Escape and the end of
-/// the application all ask `onCancel`, which is expected to call End. End may be called from inside any handler that
+/// What a person does to a frame: the close button, or Escape.
+enum class CloseWay { Button, Escape };
+
+/// The modal top-level window around a content widget, with a loop of its own. The end of the application, and a window
+/// that the program itself closes, ask `onCancel`, which is expected to call End. End may be called from inside any handler that
 /// the loop dispatches: it hides the window at once, and Run returns when that handler has unwound.
 class CModalFrame : public QDialog {
     Q_OBJECT
@@ -16,6 +19,8 @@ class CModalFrame : public QDialog {
 public:
     /// `content` is borrowed: shown inside while the frame runs, given back without a parent afterwards.
     CModalFrame(QWidget& content, std::function<void()> onCancel);
+    /// Has a person asked first: the frame stays unless that calls End. Without it a person is no different.
+    void SetPersonCloses(std::function<void(CloseWay)> onClose) { m_onPersonCloses = std::move(onClose); }
     ~CModalFrame() override;
 
     /// Shows the window and returns the result that End was given.
@@ -32,6 +37,7 @@ protected:
 private:
     QWidget& m_content;
     std::function<void()> m_onCancel;
+    std::function<void(CloseWay)> m_onPersonCloses;
     QEventLoop m_loop;
     bool m_running = false;
     bool m_ended = false;

@@ -13,6 +13,8 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace krt550 {
 namespace {
 
@@ -111,6 +113,7 @@ void CPropertySheet::ShowPage(CPropertyPage& page) {
 int CPropertySheet::DoModal() {
     m_closing = false;
     m_frame = std::make_unique<CModalFrame>(*this, [this] { EndDialog(kCancel); });
+    m_frame->SetPersonCloses([this](CloseWay way) { OnPersonCloses(way); });
     m_frame->setWindowTitle(m_caption);
     OnInitDialog();
     SetActivePage(m_firstPage);
@@ -123,13 +126,17 @@ int CPropertySheet::DoModal() {
 void CPropertySheet::EndDialog(int result) {
     if (m_closing || !m_frame)
         return;
+    m_closing = true;
+    OnClosing();
     DestroyPages();
     m_frame->End(result);
 }
 
 void CPropertySheet::DestroyPages() {
     m_closing = true;
-    for (CPropertyPage* page : m_pages) {
+    std::vector<CPropertyPage*> pages = m_pages;
+    std::ranges::stable_partition(pages, [this](const CPropertyPage* page) { return page == GetActivePage(); });
+    for (CPropertyPage* page : pages) {
         if (!page->IsCreated())
             continue;
         page->KillAllTimers();

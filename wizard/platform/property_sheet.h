@@ -10,6 +10,7 @@ class QTabBar;
 namespace krt550 {
 
 class CModalFrame;
+enum class CloseWay;
 class CPropertyPage;
 class CWindow;
 
@@ -51,13 +52,18 @@ public:
 
 protected:
     virtual bool OnInitDialog();
+    /// A person presses the close button, or Escape where no control takes it; ends the sheet unless overridden.
+    virtual void OnPersonCloses(CloseWay) { EndDialog(kCancel); }
+    /// The sheet ends; its pages' windows still stand.
+    virtual void OnClosing() {}
     void paintEvent(QPaintEvent* event) override;
 
 private:
     bool CreatePage(CPropertyPage& page);
     void ShowPage(CPropertyPage& page);
     void HidePage(CPropertyPage& page);
-    /// Tells the pages that their windows go away, those of child sheets included.
+    /// Tells the pages that their windows go away, those of child sheets included; the page in front first, because a run
+    /// of its own has to end before another page lets go of the drive.
     void DestroyPages();
     void FillTabs();
     QSize LargestPage() const;

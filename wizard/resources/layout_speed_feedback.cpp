@@ -79,6 +79,10 @@ DialogLayout SpeedFeedbackLayout() {
         layout.Add({.id = row + kShownUnit, .rect = {columns.unit + kShift, y, columns.unitWidth, 10}});
         y += 11;
     }
+    layout.Add({.id = kIdNotice,
+                .kind = ControlKind::WrappedText,
+                .rect = {columns.minimum + kShift, kTop + 8, columns.maximum + columns.limitWidth - columns.minimum, 36},
+                .bold = true});
     return layout.BottomRow(true).Take();
 }
 

@@ -1,6 +1,8 @@
 #include "wizard/shell/wizard_app.h"
 
 #include "hostlib/host_drive.h"
+#include "wizard/motor/make_safe.h"
+#include "wizard/platform/message_box.h"
 #include "wizard/shell/sheet_wizard.h"
 #include "wizard/texts/wizard_directory.h"
 
@@ -29,9 +31,11 @@ CWizardApp& CWizardApp::Instance() {
 
 int CWizardApp::RunSession(CHostDrive* drive) {
     TakeWizardDirectory(*drive);
+    BeginMotorSession();
     CSheetWizard sheet(kCaptionString, nullptr, 0);
     sheet.SetDriveObject(drive);
     sheet.DoModal();
+    ShowHeldBoxes();
     return m_resultCode;
 }
 

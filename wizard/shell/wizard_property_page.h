@@ -44,6 +44,9 @@ public:
     void AppendPendingMessage(const QString& text) { m_pendingMessage += text; }
     const QString& GetPendingMessage() const { return m_pendingMessage; }
 
+    /// Cancel, pressed as a button or as Escape: while a stop waits to be confirmed the page is left after that.
+    void CancelByPerson();
+
     // Hooks, in the order of their table.
     /// Writes what the user changed; false keeps the user on the page. The page itself says why.
     virtual bool ApplyParameters() { return false; }
@@ -84,7 +87,8 @@ protected:
     void UpdateNextCaption();
 
 private:
-    void MakeDriveSafe();
+    /// Sets what a common button does; nothing while a stop waits to be confirmed.
+    void HandleButton(int id, void (CWizardPropertyPage::*press)());
 
     CSheetWizard* m_sheet = nullptr;
     CToolTipCtrl m_toolTips;
@@ -95,6 +99,7 @@ private:
     QString m_pendingMessage;
     QString m_helpTopic;
     CStripBitmapButton* m_resetButton = nullptr;
+    bool m_cancelling = false;
 };
 
 } // namespace krt550
