@@ -22,6 +22,7 @@ struct PageCase {
     bool readsOnceMore;
     bool readsFaultRecord;
     QStringList results;
+    bool judgesFirst = false;
 };
 
 const PageCase kPages[] = {
@@ -41,6 +42,7 @@ const PageCase kPages[] = {
      true,
      true,
      {"read 4306", "read 4307", "read 4308", "read 4309", "read 4310"}},
+    {6, 168, 4, kRunsUp, "Autotuning speed controller successful", true, true, {"read 2403", "read 2409"}, true},
     {7,
      169,
      3,
@@ -82,6 +84,11 @@ protected:
         return {"write 9906=" + QString::number(GetParam().mode), "refresh", "take local control", "close contactor",
                 "start motor"};
     }
+    /// The drive has finished.
+    static QStringList Close() {
+        const QStringList judge = {"read 911"};
+        return (GetParam().judgesFirst ? judge + Stop() : Stop() + judge) + GetParam().results;
+    }
     /// What a failed run reads for its box, and the fault record where the page reads it.
     static QStringList Report() {
         QStringList report = {"read 911"};
@@ -105,8 +112,7 @@ TEST_P(Autotuning, SucceedsAndMarksItsStep) {
                 EXPECT_FALSE(Robot::IsEnabled(id)) << id;
         };
         Robot::Press(kStartRun);
-        EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Stop() +
-                                         QStringList{"read 911"} + GetParam().results);
+        EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Close());
         EXPECT_EQ(m_clock.Now(), 200 + 3 * 50);
         EXPECT_EQ(GetStepState(GetParam().page), StepState::Done);
         EXPECT_EQ(qobject_cast<QProgressBar*>(Robot::Control(kProgress))->value(), 100);
@@ -128,8 +134,8 @@ TEST_P(Autotuning, TellsTheDiagnosisAfterAFailure) {
             m_boxes.Expect(GetParam().confirmation);
             m_boxes.Expect(FailureText("Motor turned")).WithIcon(QMessageBox::Critical);
             Robot::Press(kStartRun);
-            EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Stop() +
-                                             QStringList{"read 911"} + GetParam().results + Report());
+            EXPECT_EQ(m_drive.TakeLog(),
+                      Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Close() + Report());
             EXPECT_EQ(Robot::IsEnabled(kDiagnosis), !GetParam().readsFaultRecord || code == 5) << code;
             EXPECT_EQ(GetStepState(GetParam().page), StepState::Pending);
             ExpectIdle();
