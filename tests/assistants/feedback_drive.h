@@ -35,12 +35,12 @@ public:
     }
 
 protected:
-    void Advance(const QString& call) override {
+    void Happened(const QString& call) override {
         const bool testing = words[9906] == 5 || words[9906] == 14;
         if (testing || call == "start motor" || call == "stop motor")
             AdvanceTest(call);
         if (!testing)
-            TuningDrive::Advance(call);
+            TuningDrive::Happened(call);
     }
 
 private:

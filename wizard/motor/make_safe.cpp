@@ -139,9 +139,16 @@ bool EndServiceMode(CParameter* serviceMode) {
 }
 
 /// With the motor at a standstill: a mode that is left behind would turn it at somebody's next start.
-void EndLeftMode(CParameter* serviceMode, bool known) {
-    if (serviceMode && (known || !serviceMode->ReadFromDrive() || serviceMode->GetValue() != 0))
-        EndServiceMode(serviceMode);
+void EndLeftMode(CParameter& serviceMode) {
+    for (int tries = 1; tries <= kTries; ++tries) {
+        if (ReadParameter(&serviceMode) && serviceMode.GetValue() == 0)
+            return;
+        serviceMode.SetValue(0, false);
+        if (serviceMode.WriteToDrive(0))
+            return;
+        Pass(kRepeatMs);
+    }
+    ShowLastError(&serviceMode);
 }
 
 bool GoOut(CHostDrive& drive, const WayOut& way) {
@@ -150,18 +157,17 @@ bool GoOut(CHostDrive& drive, const WayOut& way) {
     CParameter* mode = way.serviceMode ? way.serviceMode : way.modeEnd == ServiceModeEnd::Over ? nullptr : begun;
     const bool ended = way.modeEnd != ServiceModeEnd::First || EndServiceMode(mode);
     CStop stop(drive);
-    if (!stop.IsNeeded(way)) {
-        state.holdsControl = state.mayTurn = false;
-        return true;
-    }
-    if (!stop.Run()) {
+    const bool needed = stop.IsNeeded(way);
+    if (needed && !stop.Run()) {
         state.silent = true;
         return false;
     }
-    if (way.modeEnd == ServiceModeEnd::IfLeft || !ended)
-        EndLeftMode(mode, !ended);
-    if (!way.keepsControl)
+    if (mode && (way.modeEnd == ServiceModeEnd::IfLeft || !ended))
+        EndLeftMode(*mode);
+    if (needed && !way.keepsControl)
         stop.GiveControlBack();
+    if (!needed)
+        state.holdsControl = state.mayTurn = false;
     return true;
 }
 
@@ -190,6 +196,8 @@ bool MakeSafe(CHostDrive* drive, const WayOut& way) {
                     next();
             },
             Qt::QueuedConnection);
+    if (state.silent) // the alarm has said what there is to say
+        ForgetHeldBoxes();
     ShowHeldBoxes();
     return safe;
 }

@@ -147,6 +147,8 @@ void CMotorRun::Tell() {
         for (const CParameter* parameter : std::exchange(m_unread, {}))
             ShowLastError(parameter);
     }
+    if (GetMotorState().silent)
+        ForgetHeldBoxes();
     m_hold.reset();
     ShowHeldBoxes();
 }

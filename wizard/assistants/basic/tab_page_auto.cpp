@@ -95,6 +95,8 @@ void CTabPageAuto::OnTimer(int id) {
         CRowTabPage::OnTimer(id);
         return;
     }
+    if (IsMotorStopping()) // the link is the stop's alone
+        return;
     UpdateParameters(*this, m_updateTimer);
     if (m_updateTimer != 0)
         m_page.PostRefreshDisplays(GetFeedback());
