@@ -1,4 +1,5 @@
-// The shipped text files beside the drive description and the layouts: one home for every name, a tool tip for every row.
+// The shipped text files beside the drive description and the layouts: one home for every name, a tool tip for every
+// row.
 #include "hostlib/tolvbo32/drive_description.h"
 #include "wizard/resources/module_resources.h"
 
@@ -19,10 +20,10 @@ struct Key {
     int first;
     int step; ///< to the next one; 0 when there is only one
 };
-constexpr Key kKeys[] = {{"TOOLTIP", 1, 0},     {"PAN", 1, 0},         {"VAN", 1, 0},      {"CAP", 2, 0},
-                         {"SLIDERVAL", 2, 0},   {"GAINADJUP", 1, 0},   {"GAINADJDOWN", 1, 0}, {"ENABLESTART", 2, 2},
-                         {"MACRODEPPAR", 2, 1}, {"PROFIBUS", 1, 0},    {"CANOPEN", 1, 0},  {"DEVICENET", 1, 0},
-                         {"CONTROLNET", 1, 0},  {"ETHERNET", 1, 0},    {"PROFINET", 1, 0}, {"DI", 1, 0},
+constexpr Key kKeys[] = {{"TOOLTIP", 1, 0},     {"PAN", 1, 0},       {"VAN", 1, 0},         {"CAP", 2, 0},
+                         {"SLIDERVAL", 2, 0},   {"GAINADJUP", 1, 0}, {"GAINADJDOWN", 1, 0}, {"ENABLESTART", 2, 2},
+                         {"MACRODEPPAR", 2, 1}, {"PROFIBUS", 1, 0},  {"CANOPEN", 1, 0},     {"DEVICENET", 1, 0},
+                         {"CONTROLNET", 1, 0},  {"ETHERNET", 1, 0},  {"PROFINET", 1, 0},    {"DI", 1, 0},
                          {"AI", 1, 0}};
 
 /// What is wrong with the lines of a text file: "FILE:LINE: what". `toolTips` collects the registers that have one.
@@ -34,7 +35,7 @@ QStringList FindFaults(const QString& file, const QStringList& lines, const Name
         };
         const QStringList fields = lines[line].split(u'\t');
         for (const auto& [key, first, step] : kKeys)
-            for (int at = first; fields[0] == QLatin1String(key) && at < fields.size(); at += step > 0 ? step : 1'000)
+            for (int at = first; fields[0] == QLatin1String(key) && at<fields.size(); at += step> 0 ? step : 1'000)
                 if (!fields[at].isEmpty() && !names.contains(fields[at].toInt()))
                     tell(QStringLiteral("%1 names the unknown register %2").arg(fields[0], fields[at]));
         const int reg = fields.value(1).toInt();
@@ -97,8 +98,9 @@ TEST(ShippedTexts, NameWhatExistsAndRepeatNothing) {
 
 TEST(ShippedTexts, FaultsAreToldWithFileAndLine) {
     QSet<int> toolTips;
-    const QStringList lines = {"# comment",      "PAN\t101\tSpeed",   "PAN\t101\tOther",        "TOOLTIP\t102\ttip",
-                               "TOOLTIP\t101\t", "TOOLTIP\t101\ttip", "TOOLTIP\t101\tagain", "ENABLESTART\t3\t101\t1,2\t102\t1"};
+    const QStringList lines = {
+        "# comment",      "PAN\t101\tSpeed",   "PAN\t101\tOther",     "TOOLTIP\t102\ttip",
+        "TOOLTIP\t101\t", "TOOLTIP\t101\ttip", "TOOLTIP\t101\tagain", "ENABLESTART\t3\t101\t1,2\t102\t1"};
     EXPECT_EQ(FindFaults("f", lines, {{101, "Speed"}}, toolTips).join('\n').toStdString(),
               "f:2: PAN repeats the description's name of 101\nf:4: TOOLTIP names the unknown register 102\n"
               "f:7: a second tool tip for 101\nf:8: ENABLESTART names the unknown register 102");
