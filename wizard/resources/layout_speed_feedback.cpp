@@ -35,8 +35,8 @@ constexpr LayoutRow kGeneral[] = {{5003, "Motor 1 speed feedback selector", Layo
                                   {2001, "Motor 1 minimum speed"},
                                   {2002, "Motor 1 maximum speed"}};
 constexpr LayoutRow kEmf[] = {{9902, "Motor 1 nominal voltage"}, {9904, "Motor 1 base speed"}};
-constexpr LayoutRow kEncoder[] = {{5004, "Motor 1 encoder pulses per turn"},
-                                  {5002, "Motor 1 encoder evaluation", LayoutRowKind::List}};
+constexpr LayoutRow kEncoder[] = {{5004, "Motor 1 pulse encoder pulses per turn"},
+                                  {5002, "Motor 1 pulse encoder evaluation", LayoutRowKind::List}};
 constexpr LayoutRow kTacho[] = {{5013, "Motor 1 tacho voltage at 1000 rpm"}};
 
 QString Caption(const char* text) {
@@ -144,7 +144,7 @@ DialogLayout TachoManualLayout() {
     AddImageButton(layout, kIdStepDown, 436, top + 14, "StepDown");
     layout.Add({.id = LabelId(8827),
                 .rect = {columns.label, top + 28, columns.labelWidth, 14},
-                .text = Caption("Analog tacho adjust"),
+                .text = Caption("Analogue tacho adjust"),
                 .buddy = ValueId(8827)});
     layout.Add({.id = ValueId(8827),
                 .kind = ControlKind::Edit,

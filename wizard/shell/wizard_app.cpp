@@ -15,11 +15,11 @@ void TakeWizardDirectory(CHostDrive& drive) {
     const CDriveInfo* info = drive.GetDriveInfo();
     if (!info)
         return;
-    QString path = info->GetWizardPath();
-    path.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    const QString native = info->GetWizardPath();
+    const QString path = QString(native).replace(QLatin1Char('/'), QLatin1Char('\\'));
     const qsizetype separator = path.lastIndexOf(QLatin1Char('\\'));
     if (separator >= 0)
-        SetWizardDirectory(path.left(separator));
+        SetWizardDirectory(path.left(separator), native.left(separator));
 }
 
 } // namespace

@@ -106,6 +106,12 @@ void CHelpViewer::ShowTopic(const QString& topic) {
     m_browser->setSource(CHelpBrowser::UrlOf(topic));
 }
 
+void CHelpViewer::ShowSentence(const QString& sentence) {
+    m_dock->setVisible(m_contents->topLevelItemCount() > 0);
+    m_browser->ShowSentence(sentence);
+    setWindowTitle(tr("Help"));
+}
+
 void CHelpViewer::OnTopicShown(const QString& topic) {
     const QString title = m_browser->documentTitle();
     setWindowTitle(title.isEmpty() ? topic : title);
