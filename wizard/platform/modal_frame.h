@@ -7,6 +7,8 @@
 
 namespace krt550 {
 
+class CFittingScrollArea;
+
 /// The modal top-level window around a content widget, with a loop of its own. Close button, Escape and the end of
 /// the application all ask `onCancel`, which is expected to call End. End may be called from inside any handler that
 /// the loop dispatches: it hides the window at once, and Run returns when that handler has unwound.
@@ -22,6 +24,8 @@ public:
     int Run();
     void End(int result);
     void reject() override;
+    /// Has the window open at this place, moved as far as it takes to lie inside `screen`.
+    void OpenAt(QPoint position, const QRect& screen);
 
     /// Asks every running frame to cancel whose loop the end of the application has stopped from outside.
     static void CancelStoppedFrames();
@@ -31,6 +35,7 @@ protected:
 
 private:
     QWidget& m_content;
+    CFittingScrollArea* m_scroll;
     std::function<void()> m_onCancel;
     QEventLoop m_loop;
     bool m_running = false;

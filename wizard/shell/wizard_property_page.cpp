@@ -5,7 +5,9 @@
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
+#include "wizard/platform/push_button.h"
 #include "wizard/platform/resources.h"
+#include "wizard/platform/tool_tip.h"
 #include "wizard/platform/wait_cursor.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/shell/sheet_wizard.h"
@@ -41,9 +43,14 @@ CWizardPropertyPage::CWizardPropertyPage(int layoutNumber, QString helpTopic)
     Handle(kIdApply, ControlEvent::Clicked, [this] { OnButtonApply(); });
     Handle(kIdReset, ControlEvent::Clicked, [this] { OnButtonReset(); });
     Handle(kIdHelp, ControlEvent::Clicked, [this] { ShowHelp(window(), m_helpTopic); });
+    PressByKey(*this, QKeySequence::HelpContents, kIdHelp);
 }
 
 CWizardPropertyPage::~CWizardPropertyPage() = default;
+
+int CWizardPropertyPage::GetWayOut() const {
+    return kIdCancelPage;
+}
 
 void CWizardPropertyPage::SetTitle(int stringId) {
     m_title = QLatin1String("[KRT550Wizard] ") + LoadText(stringId);
@@ -153,7 +160,7 @@ CHostDrive* CWizardPropertyPage::GetDrive() const {
 }
 
 void CWizardPropertyPage::AddToolTip(int controlId, const QString& text) {
-    m_toolTips.AddTool(GetDlgItem(controlId), text);
+    SetToolTip(GetDlgItem(controlId), text);
 }
 
 void CWizardPropertyPage::InitResetButton() {

@@ -123,8 +123,7 @@ void CTabPageTachoManual::ShowDriveState() {
 void CTabPageTachoManual::EnableDriveButtons(bool enable) {
     for (const auto& command : kCommands)
         EnableControl(GetDlgItem(command.first), enable);
-    if (auto* button = GetControl<CStripBitmapButton>(kIdLocalOrRemote))
-        button->SetLatched(enable);
+    SetTick(GetControl<QAbstractButton>(kIdLocalOrRemote), enable);
 }
 
 void CTabPageTachoManual::Command(bool (CHostDrive::*command)()) {
