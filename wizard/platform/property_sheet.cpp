@@ -11,12 +11,15 @@
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QTabBar>
+#include <QStyle>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace krt550 {
 namespace {
 
-/// Between the frame of a child sheet and its page, in pixels.
+/// Frame of a child sheet and the room inside it, around the page, in pixels.
 constexpr int kPaneMargin = 3;
 
 } // namespace
@@ -160,15 +163,20 @@ void CPropertySheet::FillTabs() {
     m_pane = new QFrame(this);
     m_pane->setFrameShape(QFrame::StyledPanel);
     auto* inside = new QVBoxLayout(m_pane);
-    inside->setContentsMargins(kPaneMargin, kPaneMargin, kPaneMargin, kPaneMargin);
+    const int margin = std::max(0, kPaneMargin - m_pane->frameWidth());
+    inside->setContentsMargins(margin, margin, margin, margin);
     for (CPropertyPage* page : m_pages) {
         m_tabs->addTab(page->GetTabText());
         page->setParent(m_pane);
     }
-    const int frame = 2 * (kPaneMargin + m_pane->frameWidth());
-    m_pane->setFixedSize(LargestPage() + QSize(frame, frame));
-    layout()->addWidget(m_tabs);
+    const int around = 2 * (margin + m_pane->frameWidth());
+    m_pane->setFixedSize(LargestPage() + QSize(around, around));
     layout()->addWidget(m_pane);
+    // The tab in front hides the frame below it.
+    m_tabs->resize(m_tabs->sizeHint().boundedTo({m_pane->width(), QWIDGETSIZE_MAX}));
+    m_tabs->raise();
+    if (m_tabs->count() > 1)
+        layout()->setContentsMargins(0, m_tabs->height() - style()->pixelMetric(QStyle::PM_TabBarBaseOverlap), 0, 0);
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) {
         if (!SetActivePage(index)) {
             const QSignalBlocker quiet(m_tabs);
