@@ -1,9 +1,12 @@
 #include "wizard/platform/modal_frame.h"
 
-#include <QApplication>
+#include "wizard/platform/fitting_scroll_area.h"
+#include "wizard/platform/window_in_front.h"
+
 #include <QCloseEvent>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <vector>
 
 namespace krt550 {
@@ -11,25 +14,21 @@ namespace {
 
 std::vector<CModalFrame*> g_running;
 
-QWidget* WindowBehind() {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal ? modal : QApplication::activeWindow();
-}
-
 } // namespace
 
 CModalFrame::CModalFrame(QWidget& content, std::function<void()> onCancel)
-    : QDialog(WindowBehind()), m_content(content), m_onCancel(std::move(onCancel)) {
+    : m_content(content), m_scroll(new CFittingScrollArea(content, this)), m_onCancel(std::move(onCancel)) {
     setWindowModality(Qt::ApplicationModal);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    layout->addWidget(&content);
+    layout->addWidget(m_scroll);
 }
 
 CModalFrame::~CModalFrame() {
     m_content.hide();
+    m_scroll->takeWidget();
     m_content.setParent(nullptr);
 }
 
@@ -37,6 +36,8 @@ int CModalFrame::Run() {
     m_running = true;
     g_running.push_back(this);
     if (!m_ended) {
+        StayAboveWindowInFront(*this);
+        m_scroll->SetRoom(RoomOnScreen(*this));
         show();
         m_loop.exec(QEventLoop::DialogExec);
     }
@@ -63,6 +64,14 @@ void CModalFrame::reject() {
         m_onPersonCloses(CloseWay::Escape);
     else
         m_onCancel();
+}
+
+void CModalFrame::OpenAt(QPoint position, const QRect& screen) {
+    adjustSize();
+    const QSize whole = size() + FrameOf(*this);
+    const QPoint last = screen.bottomRight() - QPoint(whole.width() - 1, whole.height() - 1);
+    move(std::max(std::min(position.x(), last.x()), screen.left()),
+         std::max(std::min(position.y(), last.y()), screen.top()));
 }
 
 void CModalFrame::closeEvent(QCloseEvent* event) {

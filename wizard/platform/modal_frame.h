@@ -7,6 +7,8 @@
 
 namespace krt550 {
 
+class CFittingScrollArea;
+
 /// What a person does to a frame: the close button, or Escape.
 enum class CloseWay { Button, Escape };
 
@@ -27,6 +29,8 @@ public:
     int Run();
     void End(int result);
     void reject() override;
+    /// Has the window open at this place, moved as far as it takes to lie inside `screen`.
+    void OpenAt(QPoint position, const QRect& screen);
 
     /// Asks every running frame to cancel whose loop the end of the application has stopped from outside.
     static void CancelStoppedFrames();
@@ -36,6 +40,7 @@ protected:
 
 private:
     QWidget& m_content;
+    CFittingScrollArea* m_scroll;
     std::function<void()> m_onCancel;
     std::function<void(CloseWay)> m_onPersonCloses;
     QEventLoop m_loop;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+class QFrame;
 class QTabBar;
 
 namespace krt550 {
@@ -56,7 +57,6 @@ protected:
     virtual void OnPersonCloses(CloseWay) { EndDialog(kCancel); }
     /// The sheet ends; its pages' windows still stand.
     virtual void OnClosing() {}
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     bool CreatePage(CPropertyPage& page);
@@ -67,7 +67,6 @@ private:
     void DestroyPages();
     void FillTabs();
     QSize LargestPage() const;
-    QRect Pane() const;
     void ThreadTabOrder() const;
 
     std::vector<CPropertyPage*> m_pages;
@@ -78,6 +77,7 @@ private:
     bool m_closing = false;
     bool m_changingPage = false;
     QTabBar* m_tabs = nullptr;   ///< of a child sheet
+    QFrame* m_pane = nullptr;    ///< of a child sheet: around its page, below the tabs
     CWindow* m_parent = nullptr; ///< of a child sheet
     QWidget* m_placeholder = nullptr;
     std::unique_ptr<CModalFrame> m_frame;

@@ -92,7 +92,11 @@ int CLayoutBuilder::RowGroup(int k, int y, const QString& caption, std::span<con
 
 CLayoutBuilder& CLayoutBuilder::BottomRow(bool withDigits, int resetX) {
     const auto button = [&](int id, int x, int text, ControlKind kind = ControlKind::PushButton) {
-        Add({.id = id, .kind = kind, .rect = {x, 299, 50, 14}, .text = StringTableText(text).value_or(QString())});
+        Add({.id = id,
+             .kind = kind,
+             .rect = {x, 299, 50, 14},
+             .text = StringTableText(text).value_or(QString()),
+             .mnemonic = true});
     };
     button(kIdHelp, 18, 30);
     if (withDigits) {

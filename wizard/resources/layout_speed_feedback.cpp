@@ -44,7 +44,7 @@ QString Caption(const char* text) {
 }
 
 void AddButton(CLayoutBuilder& layout, int id, const DialogRect& rect, const QString& text) {
-    layout.Add({.id = id, .kind = ControlKind::PushButton, .rect = rect, .text = text});
+    layout.Add({.id = id, .kind = ControlKind::PushButton, .rect = rect, .text = text, .mnemonic = true});
 }
 
 void AddImageButton(CLayoutBuilder& layout, int id, int x, int y, const char* name) {
@@ -95,7 +95,10 @@ DialogLayout SpeedFeedbackAutoLayout() {
     layout.Group(3, {kStyle.x, y, kStyle.width, 26}, Caption("Test speed feedback"));
     AddLabel(layout, kIdAutotuningLabel, {10, y + 10, 60, 14}, "Test:");
     AddButton(layout, kIdAutotuningStart, {192, y + 10, 60, 14}, StringTableText(20).value_or(QString()));
-    layout.Add({.id = kIdAutotuningProgress, .kind = ControlKind::ProgressBar, .rect = {258, y + 10, 150, 14}});
+    layout.Add({.id = kIdAutotuningProgress,
+                .kind = ControlKind::ProgressBar,
+                .rect = {258, y + 10, 150, 14},
+                .name = QStringLiteral("Progress of the test")});
     AddButton(layout, kIdAutotuningDiagnosis, {418, y + 10, 60, 14}, Caption("Diagnosis"));
     y += 26 + kGap;
 
@@ -127,7 +130,10 @@ DialogLayout TachoManualLayout() {
     AddImageButton(layout, kIdStartMotor, 68, y + 12, "StartMotor");
     AddImageButton(layout, kIdStopMotor, 90, y + 12, "StopMotor");
     AddImageButton(layout, kIdOpenContactor, 112, y + 12, "OpenContactor");
-    AddLabel(layout, kIdReferenceLabel, {170, y + 12, 84, 14}, "Speed reference");
+    layout.Add({.id = kIdReferenceLabel,
+                .rect = {170, y + 12, 84, 14},
+                .text = Caption("Speed reference"),
+                .buddy = kIdReference});
     layout.Add({.id = kIdReference, .kind = ControlKind::Edit, .rect = {258, y + 12, 60, 14}});
     AddImageButton(layout, kIdSetNewReference, 324, y + 12, "SetNewReference");
     y += 29 + kGap;

@@ -6,7 +6,9 @@
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
+#include "wizard/platform/push_button.h"
 #include "wizard/platform/resources.h"
+#include "wizard/platform/tool_tip.h"
 #include "wizard/platform/wait_cursor.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/shell/sheet_wizard.h"
@@ -44,6 +46,7 @@ CWizardPropertyPage::CWizardPropertyPage(int layoutNumber, QString helpTopic)
     HandleButton(kIdApply, &CWizardPropertyPage::OnButtonApply);
     HandleButton(kIdReset, &CWizardPropertyPage::OnButtonReset);
     Handle(kIdHelp, ControlEvent::Clicked, [this] { ShowHelp(window(), m_helpTopic); });
+    PressByKey(*this, QKeySequence::HelpContents, kIdHelp);
 }
 
 CWizardPropertyPage::~CWizardPropertyPage() = default;
@@ -68,6 +71,10 @@ void CWizardPropertyPage::CancelByPerson() {
         if (page && page->m_sheet && page->m_sheet->GetActivePage() == page)
             page->CancelByPerson();
     });
+}
+
+int CWizardPropertyPage::GetWayOut() const {
+    return kIdCancelPage;
 }
 
 void CWizardPropertyPage::SetTitle(int stringId) {
@@ -174,7 +181,7 @@ CHostDrive* CWizardPropertyPage::GetDrive() const {
 }
 
 void CWizardPropertyPage::AddToolTip(int controlId, const QString& text) {
-    m_toolTips.AddTool(GetDlgItem(controlId), text);
+    SetToolTip(GetDlgItem(controlId), text);
 }
 
 void CWizardPropertyPage::InitResetButton() {

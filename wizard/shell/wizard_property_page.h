@@ -1,7 +1,6 @@
 #pragma once
 
 #include "wizard/platform/property_page.h"
-#include "wizard/platform/tool_tip_control.h"
 
 #include <QPixmap>
 
@@ -34,6 +33,7 @@ public:
     void SetNextPage(int page) { m_nextPage = page; }
     void SetPreviousPage(int page) { m_previousPage = page; }
 
+    int GetWayOut() const override;
     int GetStepNumber() const { return m_step; }
     int GetNextPage() const { return m_nextPage; }
     int GetPreviousPage() const { return m_previousPage; }
@@ -91,7 +91,6 @@ private:
     void HandleButton(int id, void (CWizardPropertyPage::*press)());
 
     CSheetWizard* m_sheet = nullptr;
-    CToolTipCtrl m_toolTips;
     int m_step = kNoPage;
     int m_nextPage = kNoPage;
     int m_previousPage = kNoPage;

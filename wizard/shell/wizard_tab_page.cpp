@@ -1,6 +1,7 @@
 #include "wizard/shell/wizard_tab_page.h"
 
 #include "wizard/params/cyclic_update.h"
+#include "wizard/platform/tool_tip.h"
 #include "wizard/platform/wait_cursor.h"
 
 #include <QPushButton>
@@ -13,7 +14,7 @@ void CWizardTabPage::AddToolTip(int controlId, const QString& text) {
 }
 
 void CWizardTabPage::AddToolTip(QWidget* control, const QString& text) {
-    m_toolTips.AddTool(control, text);
+    SetToolTip(control, text);
 }
 
 bool CWizardTabPage::OnInitDialog() {

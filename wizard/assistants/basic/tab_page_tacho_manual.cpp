@@ -139,8 +139,7 @@ void CTabPageTachoManual::ShowDriveState() {
 void CTabPageTachoManual::EnableDriveButtons(bool enable) {
     for (const int button : kDriveButtons)
         EnableControl(GetDlgItem(button), enable);
-    if (auto* button = GetControl<CStripBitmapButton>(kIdLocalOrRemote))
-        button->SetLatched(enable);
+    SetTick(GetControl<QAbstractButton>(kIdLocalOrRemote), enable);
 }
 
 void CTabPageTachoManual::Refused(int text, const QString& what) {
