@@ -31,8 +31,8 @@ CHelpViewer::CHelpViewer(QWidget* owner)
     setCentralWidget(m_browser);
     MakeActions();
     const int line = fontMetrics().height();
-    resize(50 * line, 36 * line);
-    resizeDocks({m_dock}, {14 * line}, Qt::Horizontal);
+    resize(56 * line, 36 * line);
+    resizeDocks({m_dock}, {20 * line}, Qt::Horizontal);
 
     connect(m_browser, &QTextBrowser::sourceChanged, this,
             [this](const QUrl& url) { OnTopicShown(CHelpBrowser::TopicOf(url)); });
