@@ -116,15 +116,16 @@ TEST_F(Dialog, TheKeyboardLeavesADisabledControlForTheWayOutAndComesBack) {
                 leave(go, true);
             }
             EXPECT_EQ(QApplication::focusWidget(), go);
+            Item(TestResources::kEdit)->setFocus();
             {
                 const CFocusReturn back(go);
+                EXPECT_EQ(QApplication::focusWidget(), Item(TestResources::kClose)) << "however it was started";
                 leave(go, false);
                 Item(TestResources::kEdit)->setFocus();
                 leave(go, true);
             }
             EXPECT_EQ(QApplication::focusWidget(), Item(TestResources::kEdit)) << "somebody works here now";
         }
-        const CFocusReturn back(Item(TestResources::kButton));
         EnableControl(Item(TestResources::kTick), false);
         EXPECT_EQ(QApplication::focusWidget(), Item(TestResources::kEdit)) << "it was another control's";
     });

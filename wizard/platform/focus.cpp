@@ -42,11 +42,16 @@ void GiveFocusAway(const QWidget& control) {
         button->setFocus(Qt::OtherFocusReason);
 }
 
+CFocusReturn::CFocusReturn(QWidget* control) : m_control(control), m_wayOut(control ? WayOutOf(*control) : nullptr) {
+    if (m_wayOut)
+        m_wayOut->setFocus(Qt::OtherFocusReason);
+}
+
 CFocusReturn::~CFocusReturn() {
     if (!m_control || !m_control->isVisible() || !m_control->isEnabled())
         return;
     const QWidget* focus = m_control->window()->focusWidget();
-    if (!focus || focus == WayOutOf(*m_control))
+    if (!focus || focus == m_wayOut)
         m_control->setFocus(Qt::OtherFocusReason);
 }
 

@@ -16,18 +16,20 @@ bool FocusFirst(QWidget& scope);
 /// the control's page or dialog (CWindow::GetWayOut), and not to whatever comes next, which may be an edit.
 void GiveFocusAway(const QWidget& control);
 
-/// Gives the focus back to a control that was disabled meanwhile, when the scope ends and the control can take it. A
-/// person who has gone on to another control is left there.
+/// For something that a control starts and that takes its time: the keyboard is on the way out of the control's page
+/// (CWindow::GetWayOut) for the scope's lifetime, whatever has started it, and goes back to the control when the scope
+/// ends and the control can take it. A person who has gone on to another control is left there.
 class CFocusReturn {
 public:
     /// Null stands for no control.
-    explicit CFocusReturn(QWidget* control) : m_control(control) {}
+    explicit CFocusReturn(QWidget* control);
     ~CFocusReturn();
     CFocusReturn(const CFocusReturn&) = delete;
     CFocusReturn& operator=(const CFocusReturn&) = delete;
 
 private:
     QPointer<QWidget> m_control;
+    QPointer<QWidget> m_wayOut;
 };
 
 } // namespace krt550
