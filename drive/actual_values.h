@@ -10,12 +10,9 @@ struct MotorState;
 
 /// What the actual values are made of beside the motor's state.
 struct ActualValues {
-    double filteredSpeed = 0;    ///< [rad/s]
-    double fluxConstant = 0;     ///< [V*s]
-    double resistance = 0;       ///< of the armature as the EMF measurement knows it [Ohm]
-    double mains = 0;            ///< [V]
-    double temperatureRise = 0;  ///< relative
-    double torqueAtFullFlux = 0; ///< rated torque [N*m]
+    double filteredSpeed = 0;   ///< [rad/s]
+    double mains = 0;           ///< [V]
+    double temperatureRise = 0; ///< relative
 };
 
 /// Puts currents, voltages, speeds, torques and references into the registers that show them.

@@ -15,6 +15,7 @@ namespace {
 constexpr double kIdealOfLine = 3 * std::numbers::sqrt2 / std::numbers::pi; ///< Udi0 per line voltage
 constexpr double kExciterOfLine = 0.9;                                      ///< single-phase bridge
 constexpr double kGuessedReactance = 0.3;                                   ///< of rated voltage per current
+constexpr double kGuessedResistance = 0.13;                                 ///< of rated voltage per current
 constexpr double kFrequency = 100 * std::numbers::pi;
 constexpr double kLeastStep = 0.001; ///< between the points of the flux curve
 
@@ -46,7 +47,8 @@ void ReadFluxCurve(const CRegisterFile& registers, DriveSettings& settings) {
 } // namespace
 
 double DriveSettings::SmallLags() const {
-    return 2 * kConverterLag + feedbackFilter + errorFilter;
+    const double late = speedSource == SpeedSource::Emf ? emfFilter : 0;
+    return 2 * kConverterLag + feedbackFilter + errorFilter + late;
 }
 
 double DriveSettings::CurrentGainUnit() const {
@@ -76,7 +78,10 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
 
     s.current = {number(reg::kCurrentGain, 0.1) * s.CurrentGainUnit(), time(reg::kCurrentTime, 50)};
     s.emfForward = number(reg::kCurrentControllerType, 1) != 0;
-    s.resistance = number(reg::kArmatureResistance, 0) / 1000;
+    s.resistance = number(reg::kArmatureResistance, motor.ra * 1000) / 1000;
+    s.resistanceKnown = s.resistance > 0;
+    if (!s.resistanceKnown)
+        s.resistance = kGuessedResistance * s.ratedVoltage / s.ratedCurrent;
     s.inductance = number(reg::kArmatureInductance, 0) / 1000;
     if (s.inductance <= 0)
         s.inductance = kGuessedReactance * s.ratedVoltage / s.ratedCurrent / kFrequency;
@@ -112,6 +117,7 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     if (number(reg::kSpeedControllerType, 0) != 0)
         s.speed.time = 0;
     s.feedbackFilter = time(reg::kFeedbackFilter, 5);
+    s.emfFilter = time(reg::kEmfFilter, 10);
     s.errorFilter = time(reg::kErrorFilter, 0);
     s.referenceFilter = time(reg::kReferenceFilter, 0);
     s.torqueHigh = share(reg::kTorqueMaximum, 100);

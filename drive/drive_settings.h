@@ -18,7 +18,7 @@ struct MotorSet;
 struct DriveSettings {
     double ratedVoltage = 0;      ///< [V]
     double ratedCurrent = 0;      ///< [A]
-    double ratedEmf = 0;          ///< rated voltage less the drop on the identified resistance [V]
+    double ratedEmf = 0;          ///< rated voltage less the drop on the armature resistance [V]
     double baseSpeed = 0;         ///< [rad/s]
     double ratedFieldCurrent = 0; ///< [A]
     double ratedFieldVoltage = 0; ///< [V]
@@ -29,7 +29,8 @@ struct DriveSettings {
     PiSetting current;        ///< [Ohm]
     bool emfForward = true;   ///< the EMF is added to the current controller's output
     double inductance = 0;    ///< identified, or a guess from the name plate: 0.3 of the rated impedance at 50 Hz [H]
-    double resistance = 0;    ///< identified, 0 before [Ohm]
+    double resistance = 0;    ///< identified, or a guess from the name plate: 0.13 of rated voltage per current [Ohm]
+    bool resistanceKnown = false; ///< identified or set by hand
     double currentSlope = 0;  ///< of the current reference [A/s]
     double currentHigh = 0;   ///< bridge 1 [A]
     double currentLow = 0;    ///< bridge 2, not above 0 [A]
@@ -56,12 +57,13 @@ struct DriveSettings {
 
     PiSetting speed;            ///< relative
     double feedbackFilter = 0;  ///< [s]
+    double emfFilter = 0;       ///< of the speed by EMF [s]
     double errorFilter = 0;     ///< [s]
     double referenceFilter = 0; ///< as set; the loop's own is never less than its symmetrical optimum needs [s]
     double torqueHigh = 0;      ///< relative
     double torqueLow = 0;
 
-    /// Sum of the speed loop's small lags: current loop (2*Ts) and filters [s].
+    /// Sum of the speed loop's small lags: current loop (2*Ts) and the filters of the chosen feedback [s].
     double SmallLags() const;
     double CurrentGainUnit() const; ///< [Ohm]
     double FieldGainUnit() const;   ///< [Ohm]

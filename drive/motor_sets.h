@@ -37,6 +37,8 @@ const MotorSet& DefaultMotorSet();
 QString MotorSetNames();
 
 MotorData DataOf(const MotorSet& set);
+/// Of the commutation chokes before the converter, a phase [H]: 4 % short-circuit voltage at 50 Hz.
+double LineInductanceOf(const MotorSet& set);
 
 /// Puts the name plate and what follows from it (speed limits, overspeed, supply, ratings) into the registers.
 void ApplyNamePlate(const MotorSet& set, CRegisterFile& registers);

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <utility>
 
 namespace krt550 {
 
@@ -54,7 +55,7 @@ quint16 CProtection::Step(double seconds, const MotorState& state, const Surroun
         {around.driving && std::abs(state.armatureVoltage) > levels.voltage, kFaultOvervoltage},
         {around.driving && around.mains < levels.mains, kFaultMains},
         {fieldLost, kFaultFieldLoss},
-        {std::abs(state.speed) > levels.speed, kFaultOverspeed},
+        {std::abs(state.signals.used) > levels.speed, kFaultOverspeed},
         {levels.thermal && m_rise > levels.thermalRise, kFaultOvertemperature},
     };
     for (const auto& trip : trips)
@@ -66,7 +67,11 @@ quint16 CProtection::Step(double seconds, const MotorState& state, const Surroun
 bool CProtection::IsFieldLost(double seconds, const MotorState& state, const Surroundings& around,
                               const DriveSettings& settings, const TripLevels& levels) {
     const double least = std::min(levels.field, 0.8 * around.fieldReference) * settings.ratedFieldCurrent;
-    const bool missing = std::abs(state.fieldCurrent) < least;
+    // A slow field that still comes up is not lost, however long it takes.
+    constexpr double kRises = 0.02; // of rated field current a second
+    const double former = std::exchange(m_formerField, std::abs(state.fieldCurrent));
+    const bool rises = m_formerField - former > kRises * settings.ratedFieldCurrent * seconds;
+    const bool missing = m_formerField < least && !rises;
     if (!around.fieldNeeded) {
         m_fieldWasThere = false;
         m_fieldMissing = 0;
@@ -76,7 +81,7 @@ bool CProtection::IsFieldLost(double seconds, const MotorState& state, const Sur
         // What is left of the field from before counts when it has been brought up again.
         constexpr double kReached = 0.9;
         const double reached = kReached * around.fieldReference * settings.ratedFieldCurrent;
-        m_fieldWasThere = m_fieldWasThere || std::abs(state.fieldCurrent) >= reached;
+        m_fieldWasThere = m_fieldWasThere || m_formerField >= reached;
         m_fieldMissing = 0;
         return false;
     }

@@ -52,6 +52,7 @@ private:
     double m_rise = 0;
     double m_feedbackMissing = 0; ///< [s]
     double m_fieldMissing = 0;    ///< [s]
+    double m_formerField = 0;     ///< one step ago [A]
     bool m_fieldWasThere = false;
 };
 

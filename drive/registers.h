@@ -133,6 +133,7 @@ inline constexpr quint16 kSpeedSource = 5003;       ///< 0 EMF, 1 encoder, 2 tac
 inline constexpr quint16 kEncoderPulses = 5004;     ///< a turn
 inline constexpr quint16 kFeedbackFilter = 5006;    ///< [ms]
 inline constexpr quint16 kDisplayFilter = 5007;     ///< [ms]
+inline constexpr quint16 kEmfFilter = 5010;         ///< of the speed by EMF [ms]
 inline constexpr quint16 kHandTacho = 5012;         ///< speed that a hand-held tacho shows [rpm]
 inline constexpr quint16 kTachoVoltage = 5013;      ///< [V] at 1000 rpm
 inline constexpr quint16 kTachoAdjust = 8827;       ///< [%]

@@ -20,6 +20,7 @@ constexpr double kLeastLimit = 0.15;    ///< current limit that allows any measu
 constexpr double kMostCurrent = 1.0;    ///< a commutator at standstill bears it for seconds, of rated current
 constexpr double kRise = 0.25;          ///< of the current towards the continuous region [rated/s]
 constexpr double kContinuousFor = 0.05; ///< [s]
+constexpr double kMeanFor = 2.5;        ///< keeps the noise in the resistance below half a percent [s]
 constexpr double kPulseCurrent = 0.15;  ///< wanted peak, of rated current
 constexpr int kPulses = 5;              ///< at the angle that gives it
 
@@ -111,7 +112,7 @@ CServiceRun RunArmature(CTestBench& bench) {
         bench.command.current = levels[i];
         co_yield 1.0;
         bench.StartMean();
-        co_yield 0.7;
+        co_yield kMeanFor;
         points[i] = bench.Mean();
         if (std::abs(points[i].armatureCurrent - levels[i]) > 0.1 * levels[i])
             co_return diagnosis::kCurrentDoesNotFollow;

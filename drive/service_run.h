@@ -39,6 +39,7 @@ inline constexpr quint16 kSpeedNotReached = 61;
 inline constexpr quint16 kSpeedLimits = 62;
 inline constexpr quint16 kLoadNotSteady = 63;
 inline constexpr quint16 kWrongDirection = 64;
+inline constexpr quint16 kInertiaTooLarge = 65;
 inline constexpr quint16 kEncoderReversed = 70;
 inline constexpr quint16 kEncoderMissing = 71;
 inline constexpr quint16 kEncoderPulses = 72;

@@ -31,7 +31,7 @@ CSimulatedDrive::CSimulatedDrive(std::vector<ParameterDescription> descriptions,
       m_mains(m_set.mains), m_lastAdvance(CClock::Current().Now()) {
     if (motor)
         ApplyNamePlate(*motor, m_registers);
-    m_control.SetMains(m_mains);
+    m_control.SetMains(m_mains, LineInductanceOf(m_set));
     Settle();
 }
 
@@ -55,7 +55,7 @@ void CSimulatedDrive::Advance() {
         } else {
             Integrate(seconds);
         }
-        m_display.Step(m_control.GetState().speed, seconds, m_registers.GetNumber(reg::kDisplayFilter, 500) / 1000);
+        m_display.Step(m_control.GetState().signals.used, seconds, m_registers.GetNumber(reg::kDisplayFilter, 500) / 1000);
         if (m_contactorClosed != m_logic.WantsContactor(Inputs()))
             m_contactorAstray += slice;
         SettleLogic();
@@ -94,7 +94,7 @@ void CSimulatedDrive::Integrate(double seconds) {
 MotorCommand CSimulatedDrive::NextCommand() {
     MotorCommand command;
     if (m_service.IsRunning()) {
-        m_ramp.Preset(GetSpeed());
+        m_ramp.Preset(m_control.GetState().signals.used * kRpm);
         m_fieldWaited = true;
         return m_service.GetCommand();
     }
@@ -107,7 +107,7 @@ MotorCommand CSimulatedDrive::NextCommand() {
     const double wanted = std::max(0.05, state.fieldReference) * m_settings.ratedFieldCurrent;
     m_fieldWaited = m_fieldWaited || std::abs(state.fieldCurrent) >= kFieldThere * wanted;
     if (!m_logic.IsDriving() || !m_fieldWaited) {
-        m_ramp.Preset(GetSpeed()); // a motor that still turns is caught where it is
+        m_ramp.Preset(m_control.GetState().signals.used * kRpm); // a motor that still turns is caught where it is
         return command;
     }
     StepRamp();
@@ -242,7 +242,7 @@ void CSimulatedDrive::ShowState() {
     state.secondBridge = motor.bridge < 0;
     state.tuning = m_service.IsRunning();
     state.weakening = state.driving && m_settings.weakens && motor.fluxReference < 0.995;
-    state.speed = GetSpeed();
+    state.speed = motor.signals.used * kRpm;
     state.speedReference = state.driving ? m_ramp.GetOutput() : 0;
     state.baseSpeed = BaseSpeed();
     state.milliseconds = m_age;
@@ -251,12 +251,8 @@ void CSimulatedDrive::ShowState() {
     state.lastFault = m_lastFault;
     ShowSignals(state, m_registers);
 
-    const MotorData& data = m_control.GetMotor().GetData();
-    const double rated = m_set.laf * m_set.fieldCurrent * m_set.current;
-    ShowActualValues(motor,
-                     {m_display.GetOutput(), m_control.GetMotor().GetFluxConstant(), data.armatureResistance, m_mains,
-                      m_protection.GetTemperatureRise(), rated},
-                     m_settings, m_registers);
+    ShowActualValues(motor, {m_display.GetOutput(), m_mains, m_protection.GetTemperatureRise()}, m_settings,
+                     m_registers);
     ShowDigitalInputs(m_contactorClosed, m_registers);
     ShowDigitalOutputs(m_registers);
     ShowLinkNodes(m_registers);

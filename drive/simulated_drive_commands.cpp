@@ -165,7 +165,7 @@ void CSimulatedDrive::SetContactorStuck(bool stuck) {
 void CSimulatedDrive::SetMains(double voltage) {
     Advance();
     m_mains = std::max(0.0, voltage);
-    m_control.SetMains(m_mains);
+    m_control.SetMains(m_mains, LineInductanceOf(m_set));
     Settle();
 }
 

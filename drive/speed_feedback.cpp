@@ -4,8 +4,9 @@
 
 namespace krt550 {
 
-SpeedSignals MeasureSpeed(double speed, const FeedbackEquipment& equipment, const DriveSettings& settings) {
+SpeedSignals MeasureSpeed(double speed, double emf, const FeedbackEquipment& equipment, const DriveSettings& settings) {
     SpeedSignals signals;
+    signals.emf = emf;
     const double signal = equipment.broken ? 0 : equipment.reversed ? -speed : speed;
     if (equipment.device == FeedbackDevice::Encoder)
         signals.encoder = signal * equipment.pulses / settings.encoderPulses;
@@ -13,7 +14,7 @@ SpeedSignals MeasureSpeed(double speed, const FeedbackEquipment& equipment, cons
         signals.tacho = signal * equipment.tachoVoltage / settings.tachoVoltage * settings.tachoAdjust;
     switch (settings.speedSource) {
     case SpeedSource::Emf:
-        signals.used = speed;
+        signals.used = emf;
         break;
     case SpeedSource::Encoder:
         signals.used = signals.encoder;

@@ -19,13 +19,15 @@ struct FeedbackEquipment {
     bool reversed = false;      ///< wired the wrong way round
 };
 
-/// Speeds as the drive's inputs make them of the shaft's true speed; all in its unit.
+/// Speeds as the drive knows them [rad/s].
 struct SpeedSignals {
+    double emf = 0;
     double encoder = 0;
     double tacho = 0;
-    double used = 0; ///< of the chosen source; the EMF is taken as exact
+    double used = 0; ///< of the chosen source
 };
 
-SpeedSignals MeasureSpeed(double speed, const FeedbackEquipment& equipment, const DriveSettings& settings);
+/// What the inputs make of the shaft's true speed; `emf` is the speed by EMF.
+SpeedSignals MeasureSpeed(double speed, double emf, const FeedbackEquipment& equipment, const DriveSettings& settings);
 
 } // namespace krt550

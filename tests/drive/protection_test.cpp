@@ -73,6 +73,7 @@ INSTANTIATE_TEST_SUITE_P(Causes, TripOf, testing::ValuesIn(kCauses),
 TEST(ActualValues, AreAliveWhileTheMotorTurns) {
     WholeDrive drive("S2");
     drive.SetValue(reg::kRampUp, 3);
+    drive.SetValue(reg::kSpeedSource, 1);
     drive.Tune(1);
     drive.Seconds(1);
     drive.Run(1200);
@@ -132,6 +133,7 @@ TEST(FieldLoss, IsNotSeenInAFieldThatIsStillDecayingFromBefore) {
 TEST(SpeedFeedback, LostOneTripsOrGivesWayToTheEmf) {
     for (const auto& [reaction, fault] : {std::pair{1, int(kFaultFeedback)}, {2, 0}, {3, 0}}) {
         WholeDrive drive("S2");
+        drive.KnowArmature();
         drive.SetValue(reg::kRampUp, 3);
         drive.SetValue(reg::kSpeedSource, 1);
         drive.SetValue(reg::kFeedbackReaction, reaction);
@@ -160,6 +162,7 @@ TEST(SpeedFeedback, ReversedOneRunsAwayIntoATrip) {
 TEST(ToolSupervision, StopsADriveWhoseToolFallsSilent) {
     for (const int reaction : {0, 1, 2}) {
         WholeDrive drive("S2");
+        drive.KnowArmature();
         drive.SetValue(reg::kLocalSupervision, 2);
         drive.SetValue(reg::kLocalLossReaction, reaction);
         drive.SetValue(reg::kRampUp, 3);
@@ -179,6 +182,7 @@ TEST(ToolSupervision, StopsADriveWhoseToolFallsSilent) {
 
 TEST(ToolSupervision, LeavesATalkingToolAndASwitchedOffSupervisionAlone) {
     WholeDrive drive("S2");
+    drive.KnowArmature();
     drive.SetValue(reg::kLocalSupervision, 1);
     drive.SetValue(reg::kRampUp, 3);
     drive.Run(500);

@@ -161,7 +161,7 @@ TEST_F(SimulatedDriveTest, CoastAndQuickStopDifferInTheirWayToStandstill) {
         quint16 bit;
         double speedAfterHalfASecond;
         bool contactor;
-    } cases[] = {{control::kNoCoastStop, 1300, false}, {control::kNoQuickStop, 750, true}};
+    } cases[] = {{control::kNoCoastStop, 1300, false}, {control::kNoQuickStop, 850, true}};
     for (const auto& c : cases) {
         Remote(kRemoteOn & ~control::kOn);
         Remote(kRemoteRun);

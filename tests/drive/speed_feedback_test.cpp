@@ -76,6 +76,7 @@ class FeedbackTest : public testing::TestWithParam<Shaft> {};
 TEST_P(FeedbackTest, FindsWhatIsMounted) {
     const Shaft& shaft = GetParam();
     WholeDrive drive("S2");
+    drive.KnowArmature();
     drive.Drive().GetFeedback().device = shaft.device;
     shaft.defect(drive.Drive().GetFeedback());
     drive.SetValue(reg::kSpeedSource, shaft.chosen);
@@ -142,6 +143,7 @@ TEST(TachoTuning, GoesPastAHundredWhenTheDriveEndsIt) {
 TEST(TachoTuning, StepsOfTheAdjustmentMoveTheShownSpeed) {
     WholeDrive drive("S2");
     drive.Drive().GetFeedback().device = FeedbackDevice::Tacho;
+    drive.KnowArmature();
     drive.SetValue(reg::kRampUp, 3);
     drive.Run(1000);
     drive.Seconds(8);
