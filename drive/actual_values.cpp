@@ -68,11 +68,10 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
     registers.SetWord(reg::kBridgeUsed, state.bridge > 0 ? 1 : state.bridge < 0 ? 2 : 0);
 }
 
-void ShowDigitalInputs(bool contactorClosed, CRegisterFile& registers) {
-    constexpr unsigned kEmergencyStop = 1U << 4;
-    constexpr unsigned kAcknowledges = 7;
+void ShowDigitalInputs(const WiredInputs& wired, CRegisterFile& registers) {
     constexpr quint16 kInputs = 8;
-    unsigned inputs = kEmergencyStop | (contactorClosed ? kAcknowledges : 0);
+    unsigned inputs = (wired.converterFan ? 1U : 0) | (wired.motorFan ? 2U : 0) | (wired.contactor ? 4U : 0) |
+                      (wired.emergencyFree ? 16U : 0);
     for (quint16 i = 0; i < kInputs; ++i)
         if (registers.GetWord(reg::kInvertFirstInput + i) != 0)
             inputs ^= 1U << i;

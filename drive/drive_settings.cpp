@@ -89,8 +89,10 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     s.currentSlope = share(reg::kCurrentSlope, 10) * s.ratedCurrent * 1000;
     const int bridges = static_cast<int>(number(reg::kBridgesUsed, 0));
     const bool oneBridge = number(reg::kBridges, 2) < 2;
-    s.currentHigh = bridges == 2 ? 0 : share(reg::kCurrentLimit1, 100) * s.ratedCurrent;
-    s.currentLow = bridges == 1 || oneBridge ? 0 : share(reg::kCurrentLimit2, -100) * s.ratedCurrent;
+    const double converter = number(reg::kConverterCurrent, motor.converterCurrent);
+    s.currentHigh = bridges == 2 ? 0 : std::min(converter, share(reg::kCurrentLimit1, 100) * s.ratedCurrent);
+    s.currentLow =
+        bridges == 1 || oneBridge ? 0 : std::max(-converter, share(reg::kCurrentLimit2, -100) * s.ratedCurrent);
     s.cosineHigh = std::cos(Radians(number(reg::kSmallestAngle, 15)));
     s.cosineLow = std::cos(Radians(number(reg::kLargestAngle, 150)));
     s.zeroCurrent = share(reg::kZeroCurrent, 1) * s.ratedCurrent;
@@ -110,6 +112,7 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     const int source = static_cast<int>(number(reg::kSpeedSource, 0));
     s.speedSource = source == 1 || source == 2 ? static_cast<SpeedSource>(source) : SpeedSource::Emf;
     s.encoderPulses = above(reg::kEncoderPulses, 1024);
+    s.encoderEvaluation = static_cast<EncoderEvaluation>(registers.GetWord(reg::kEncoderEvaluation, 2));
     s.tachoVoltage = above(reg::kTachoVoltage, 60);
     s.tachoAdjust = share(reg::kTachoAdjust, 100);
 

@@ -177,7 +177,8 @@ void CMotorControl::Observe(SpeedGuide guide, const DriveSettings& settings) {
     m_state.speed = m_motor.GetSpeed();
     m_emf.Step(kStep, m_state.armatureVoltage, m_state.armatureCurrent, m_state.fieldCurrent, settings);
     m_state.emf = m_emf.GetEmf();
-    m_state.signals = MeasureSpeed(m_state.speed, m_emf.GetSpeed(), m_feedback, settings);
+    const double chance = m_feedback.noise > 0 ? std::uniform_real_distribution(-1.0, 1.0)(m_random) : 0;
+    m_state.signals = MeasureSpeed(m_state.speed, m_emf.GetSpeed(), m_feedback, settings, chance);
     if (guide == SpeedGuide::Emf)
         m_state.signals.used = m_state.signals.emf;
     m_state.torque = m_motor.GetTorque();

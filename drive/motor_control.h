@@ -7,6 +7,8 @@
 #include "drive/six_pulse_converter.h"
 #include "drive/speed_control.h"
 
+#include <random>
+
 namespace krt550 {
 
 /// What the armature converter does.
@@ -79,8 +81,12 @@ public:
     /// What is mounted at the shaft end.
     FeedbackEquipment& GetFeedback() { return m_feedback; }
 
-    /// Supply of the armature converter at 50 Hz: line to line [V], inductance of its chokes a phase [H].
-    void SetMains(double voltage, double lineInductance) { m_converter.SetSupply(voltage, 50, lineInductance); }
+    /// Supply of the armature converter at 50 Hz: line to line [V], inductance of its chokes a phase [H]; `twoPulse`:
+    /// only two phases get through.
+    void SetMains(double voltage, double lineInductance, bool twoPulse = false) {
+        m_converter.SetSupply(voltage, 50, lineInductance);
+        m_converter.SetTwoPulse(twoPulse);
+    }
     void Step(const MotorCommand& command, const DriveSettings& settings);
     /// A long time switched off, for a motor that stands.
     void Rest(double seconds);
@@ -118,6 +124,7 @@ private:
     double m_pause = 0;      ///< of a hand-over between the bridges [s]
     double m_pulseAngle = 0; ///< [rad]
     bool m_pulseOver = false;
+    std::minstd_rand m_random{550}; ///< for noisy signals
 };
 
 } // namespace krt550

@@ -5,14 +5,16 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 
 namespace krt550 {
 namespace {
 
-// Motors of public teaching libraries and course material, each behind the smallest usual mains voltage that lets it brake:
-// the armature voltage is at most 1.05 of it. Where no friction is published, 3 % of the rated torque.
+// Motors of public teaching libraries and course material, each behind the smallest usual mains voltage that lets it
+// brake: the armature voltage is at most 1.05 of it. Where no friction is published, 3 % of the rated torque.
 constexpr MotorSet kSets[] = {
     {"S1", "9.5 kW", 100, 100, 1425, 1, 100, 96, 133, 125, 16, 1, 0.05, 0.0015, 100, 1, 0.6366, 0.15, 0, 1.9},
     {"S2", "5 hp", 240,   21.2,  1750,  1.0664, 300,    230,     400,      25,
@@ -31,10 +33,10 @@ constexpr MotorSet kSets[] = {
 };
 constexpr const MotorSet& kDefault = kSets[1];
 
-constexpr double kRemanence = 0.02;        ///< of full flux
-constexpr double kRemanenceField = 0.15;   ///< that wipes it out, of rated field current
-constexpr double kShortCircuit = 0.04;     ///< voltage of the line chokes at the converter's nominal current, of the mains
-constexpr double kOverspeed = 1.2;         ///< of base speed
+constexpr double kRemanence = 0.02;      ///< of full flux
+constexpr double kRemanenceField = 0.15; ///< that wipes it out, of rated field current
+constexpr double kShortCircuit = 0.04; ///< voltage of the line chokes at the converter's nominal current, of the mains
+constexpr double kOverspeed = 1.2;     ///< of base speed
 constexpr double kConverterOverload = 2.3; ///< of its nominal current
 
 } // namespace
@@ -74,6 +76,24 @@ MotorData DataOf(const MotorSet& set) {
     data.remanence = kRemanence * set.laf * set.fieldCurrent;
     data.remanenceField = kRemanenceField * set.fieldCurrent;
     return data;
+}
+
+void FitSupply(MotorSet& motor) {
+    constexpr double kConverters[] = {25, 50, 75, 125, 200, 350, 500, 700, 1000, 1500, 2000, 3000, 4500};
+    const auto* const fits = std::ranges::lower_bound(kConverters, 1.5 * motor.current);
+    motor.converterCurrent = fits == std::end(kConverters) ? kConverters[std::size(kConverters) - 1] : *fits;
+    motor.mains = std::ceil(motor.voltage / 1.05);
+    motor.fieldSupply = std::ceil(1.33 * motor.fieldVoltage / 0.9);
+    const struct {
+        double current;
+        quint16 type;
+    } exciters[] = {{16, 1}, {35, 2}, {50, 3}, {450, 4}};
+    for (const auto& [current, type] : exciters) {
+        motor.exciterCurrent = current;
+        motor.exciterType = type;
+        if (current >= motor.fieldCurrent)
+            break;
+    }
 }
 
 double LineInductanceOf(const MotorSet& set) {

@@ -16,6 +16,7 @@ constexpr double kLeastSignal = 0.02;                          ///< of base spee
 constexpr double kEncoderTolerance = 0.1;                      ///< against the EMF
 constexpr double kTachoTolerance = 0.2;                        ///< against the EMF
 constexpr double kGuessTolerance = 0.1;                        ///< more, while the armature resistance is a guess
+constexpr double kMostNoise = 0.03;                            ///< of a tacho, of base speed either way
 constexpr double kMostTachoVoltage = 270;                      ///< at the terminals [V]
 constexpr double kTachoRanges[] = {30, 90, kMostTachoVoltage}; ///< upper ends [V]
 constexpr double kHandTachoSpread = 0.5; ///< a hand-held tacho that shows another speed than this is misread
@@ -58,7 +59,14 @@ CServiceRun RunFeedbackTest(CTestBench& bench) {
 
     bench.Phase(78, 1);
     bench.StartMean();
-    co_yield 1;
+    double least = bench.Now().tachoSpeed;
+    double most = least;
+    for (const double start = bench.GetTime(); bench.GetTime() < start + 1;) {
+        co_yield 0;
+        least = std::min(least, bench.Now().tachoSpeed);
+        most = std::max(most, bench.Now().tachoSpeed);
+    }
+    const bool noisy = (most - least) / 2 > kMostNoise * settings.baseSpeed;
     const Measurement mean = bench.Mean();
     const double encoder = mean.encoderSpeed / mean.emfSpeed;
     const double tacho = mean.tachoSpeed / mean.emfSpeed;
@@ -75,7 +83,7 @@ CServiceRun RunFeedbackTest(CTestBench& bench) {
     if (found == SpeedSource::Encoder)
         outcome = JudgeEncoder(encoder, guess);
     else if (found == SpeedSource::Tacho)
-        outcome = JudgeTacho(tacho, voltage, guess);
+        outcome = noisy ? diagnosis::kTachoNoisy : JudgeTacho(tacho, voltage, guess);
     if (outcome) {
         // What is chosen may be what is wrong: the way down is the EMF's too.
         bench.RampSpeed(0, settings.baseSpeed / kRunUp);

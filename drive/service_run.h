@@ -20,6 +20,7 @@ inline constexpr quint16 kTripped = 6;
 inline constexpr quint16 kTooLong = 7;
 inline constexpr quint16 kNamePlate = 8;
 inline constexpr quint16 kContactor = 9;
+inline constexpr quint16 kEmergencyStop = 10;
 inline constexpr quint16 kFieldNotReached = 20;
 inline constexpr quint16 kFieldDoesNotFollow = 21;
 inline constexpr quint16 kNoExciter = 22;
@@ -48,6 +49,24 @@ inline constexpr quint16 kTachoMissing = 74;
 inline constexpr quint16 kTachoScaling = 75;
 inline constexpr quint16 kTachoVoltage = 76;
 inline constexpr quint16 kNoFeedback = 77;
+inline constexpr quint16 kTachoNoisy = 78;
+inline constexpr quint16 kOvercurrent = 80;
+inline constexpr quint16 kOvervoltage = 81;
+inline constexpr quint16 kFieldLost = 82;
+inline constexpr quint16 kOverspeed = 83;
+inline constexpr quint16 kOvertemperature = 84;
+inline constexpr quint16 kFeedbackLost = 85;
+inline constexpr quint16 kToolSilent = 86;
+inline constexpr quint16 kExternal = 87;
+inline constexpr quint16 kCurrentRise = 88;
+inline constexpr quint16 kFieldOvercurrent = 89;
+inline constexpr quint16 kEarth = 90;
+inline constexpr quint16 kStalled = 91;
+inline constexpr quint16 kMotorFan = 92;
+inline constexpr quint16 kConverterFan = 93;
+inline constexpr quint16 kPhaseMissing = 94;
+inline constexpr quint16 kPhaseOrder = 95;
+inline constexpr quint16 kRipple = 96;
 } // namespace diagnosis
 
 /// A coroutine that lives in the drive's time: `co_yield seconds` lets that time pass (0: one step), `co_return` ends

@@ -8,20 +8,20 @@
 /// What the runs with a turning motor share.
 namespace krt550::turning {
 
-inline constexpr double kFieldThere = 0.9; ///< of rated field current
-inline constexpr double kFieldTime = 8;    ///< it may take when it does not rise [s]
+inline constexpr double kFieldThere = 0.9;   ///< of rated field current
+inline constexpr double kFieldTime = 8;      ///< it may take when it does not rise [s]
 inline constexpr double kFieldRises = 0.005; ///< of rated field current in a tenth of a second
 inline constexpr double kSlowestField = 40;  ///< [s]
-inline constexpr double kPatience = 3;     ///< a motor may be late by [s]
+inline constexpr double kPatience = 3;       ///< a motor may be late by [s]
 
 /// Field current of the last window, relative.
 inline double MeanField(const CTestBench& bench) {
     return bench.Mean().fieldCurrent / bench.GetSettings().ratedFieldCurrent;
 }
 
-/// Whichever speed tells most about the shaft: the chosen feedback; on EMF feedback a mounted encoder or tacho that agrees
-/// with it. The EMF itself cannot tell a wrong name plate or a saturated field from a speed.
-inline double Measurement::* BestSpeed(const Measurement& mean, const DriveSettings& settings) {
+/// Whichever speed tells most about the shaft: the chosen feedback; on EMF feedback a mounted encoder or tacho that
+/// agrees with it. The EMF itself cannot tell a wrong name plate or a saturated field from a speed.
+inline double Measurement::*BestSpeed(const Measurement& mean, const DriveSettings& settings) {
     constexpr double kAgrees = 0.2;
     if (settings.speedSource != SpeedSource::Emf)
         return &Measurement::speed;

@@ -118,6 +118,8 @@ double CSixPulseConverter::DiscontinuousLimit(double cosine, double inductance) 
 }
 
 ConverterVoltage CSixPulseConverter::MeanVoltage(double cosine, double current, double inductance) const {
+    if (m_twoPulse)
+        return {GetIdealVoltage() * cosine * 2 / 3 - m_commutation * current, -m_commutation, false};
     const double limit = DiscontinuousLimit(cosine, inductance);
     if (current >= limit)
         return {GetIdealVoltage() * cosine - CommutationDrop(current, limit), -m_commutation, true};

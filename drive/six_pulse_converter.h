@@ -32,6 +32,9 @@ public:
     /// supply (0 V) gives no voltage.
     void SetSupply(double lineVoltage, double frequency, double lineInductance = 0);
 
+    /// With a phase or a branch lost two pulses a period are left: two thirds of the voltage, and gaps in the current.
+    void SetTwoPulse(bool twoPulse) { m_twoPulse = twoPulse; }
+
     double GetPeak() const { return m_peak; }                  ///< of the line voltage [V]
     double GetIdealVoltage() const;                            ///< Udi0 = 3/pi*Upeak [V]
     double GetAngularFrequency() const { return m_frequency; } ///< w [rad/s]
@@ -48,6 +51,7 @@ private:
     double m_peak = 0;
     double m_frequency = 0;
     double m_commutation = 0; ///< 3/pi*w*Lk [Ohm]
+    bool m_twoPulse = false;
 };
 
 } // namespace krt550

@@ -160,7 +160,7 @@ TEST(FieldWeakening, HoldsTheVoltageAboveBaseSpeed) {
     EXPECT_NEAR(drive.Value(reg::kSpeed), 2600, 30);
     EXPECT_LT(drive.Value(reg::kArmatureVoltage), 1.02 * 240);
     EXPECT_NEAR(drive.Value(reg::kFieldRelative), 100 * 1750.0 / 2600, 5);
-    EXPECT_EQ(drive.Drive().GetActiveFault(), 0);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), 0);
 }
 
 } // namespace

@@ -28,7 +28,7 @@ const Cause kCauses[] = {
      },
      2, kFaultOvercurrent},
     {"Overvoltage", [](WholeDrive& d) { d.SetValue(reg::kOvervoltageLevel, 30); }, 1, kFaultOvervoltage},
-    {"MainsLost", [](WholeDrive& d) { d.Drive().SetMains(100); }, 1, kFaultMains},
+    {"MainsLost", [](WholeDrive& d) { d.Drive().GetMains().SetVoltage(100); }, 1, kFaultMains},
     {"FieldLost", [](WholeDrive& d) { d.Motor().SetFieldBroken(true); }, 1, kFaultFieldLoss},
     {"Overspeed", [](WholeDrive& d) { d.Motor().SetLoad(-60); }, 5, kFaultOverspeed},
     {"Overtemperature",
@@ -41,7 +41,7 @@ const Cause kCauses[] = {
      60, kFaultOvertemperature},
     {"Contactor",
      [](WholeDrive& d) {
-         d.Drive().SetContactorStuck(true);
+         d.Drive().GetContactor().SetDefect(ContactorDefect::Stuck);
          d.Drive().SetOtherControl(true);
      },
      40, kFaultMainContactor},
@@ -58,10 +58,10 @@ TEST_P(TripOf, RunningMotorBlocksTheConverter) {
     drive.Run(1000);
     drive.Seconds(8);
     ASSERT_NEAR(drive.Value(reg::kSpeed), 1000, 5);
-    ASSERT_EQ(drive.Drive().GetActiveFault(), 0);
+    ASSERT_EQ(drive.Drive().GetFaults().GetActive(), 0);
     cause.happen(drive);
     drive.Seconds(cause.within);
-    EXPECT_EQ(drive.Drive().GetActiveFault(), cause.code);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), cause.code);
     EXPECT_EQ(drive.Drive().GetMotorState().armatureCurrent, 0);
     EXPECT_EQ(drive.Value(reg::kLastFaultCode), cause.code);
     EXPECT_NE(drive.Drive().GetRegisters().GetWord(reg::kStatusWord) & 8, 0);
@@ -126,7 +126,7 @@ TEST(FieldLoss, IsNotSeenInAFieldThatIsStillDecayingFromBefore) {
     ASSERT_GT(drive.Value(reg::kFieldRelative), drive.Value(reg::kLeastField));
     drive.Run(200);
     drive.Seconds(6);
-    EXPECT_EQ(drive.Drive().GetActiveFault(), 0);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), 0);
     EXPECT_GT(drive.Drive().GetSpeed(), 150);
 }
 
@@ -141,7 +141,7 @@ TEST(SpeedFeedback, LostOneTripsOrGivesWayToTheEmf) {
         drive.Seconds(8);
         drive.Drive().GetFeedback().broken = true;
         drive.Seconds(8);
-        EXPECT_EQ(drive.Drive().GetActiveFault(), fault) << reaction;
+        EXPECT_EQ(drive.Drive().GetFaults().GetActive(), fault) << reaction;
         if (!fault) {
             EXPECT_EQ(drive.Value(reg::kSpeedSource), 0);
             EXPECT_NEAR(drive.Drive().GetSpeed(), 1000, 20);
@@ -155,7 +155,7 @@ TEST(SpeedFeedback, ReversedOneRunsAwayIntoATrip) {
     drive.Drive().GetFeedback().reversed = true;
     drive.Run(500);
     drive.Seconds(20);
-    EXPECT_EQ(drive.Drive().GetActiveFault(), kFaultOverspeed);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), kFaultOverspeed);
     EXPECT_TRUE(drive.Drive().GetMotorState().armatureCurrent == 0);
 }
 
@@ -176,7 +176,7 @@ TEST(ToolSupervision, StopsADriveWhoseToolFallsSilent) {
         drive.Silence(20);
         EXPECT_TRUE(drive.Drive().IsStopped());
         EXPECT_FALSE(drive.Drive().IsContactorClosed());
-        EXPECT_EQ(drive.Drive().GetActiveFault(), kFaultConnection);
+        EXPECT_EQ(drive.Drive().GetFaults().GetActive(), kFaultConnection);
     }
 }
 

@@ -119,8 +119,8 @@ void PrintTo(const Spoiled& spoiled, std::ostream* out) {
 void Nothing(WholeDrive& /*drive*/) {}
 
 const Spoiled kSpoiled[] = {
-    {"NoMains", kArmature, [](WholeDrive& d) { d.Drive().SetMains(0); }, Nothing, diagnosis::kMains},
-    {"MainsLost", kSpeed, Nothing, [](WholeDrive& d) { d.Drive().SetMains(50); }, diagnosis::kMains},
+    {"NoMains", kArmature, [](WholeDrive& d) { d.Drive().GetMains().SetVoltage(0); }, Nothing, diagnosis::kMains},
+    {"MainsLost", kSpeed, Nothing, [](WholeDrive& d) { d.Drive().GetMains().SetVoltage(50); }, diagnosis::kMains},
     {"NoExciter", kField, [](WholeDrive& d) { d.SetValue(reg::kExciterUsed, 0); }, Nothing, diagnosis::kNoExciter},
     {"FieldBroken", kField, [](WholeDrive& d) { d.Motor().SetFieldBroken(true); }, Nothing,
      diagnosis::kFieldNotReached},
@@ -160,9 +160,9 @@ const Spoiled kSpoiled[] = {
      diagnosis::kSpeedLimits},
     {"WeakeningNotSelected", kWeakening, [](WholeDrive& d) { d.SetValue(reg::kFieldMode, 0); }, Nothing,
      diagnosis::kNoWeakening},
-    {"FieldLost", kWeakening, Nothing, [](WholeDrive& d) { d.Motor().SetFieldBroken(true); }, diagnosis::kTripped},
-    {"Tripped", kField, Nothing, [](WholeDrive& d) { d.Drive().Trip(kFaultExternal); }, diagnosis::kTripped},
-    {"ContactorStuck", kField, [](WholeDrive& d) { d.Drive().SetContactorStuck(true); }, Nothing,
+    {"FieldLost", kWeakening, Nothing, [](WholeDrive& d) { d.Motor().SetFieldBroken(true); }, diagnosis::kFieldLost},
+    {"Tripped", kField, Nothing, [](WholeDrive& d) { d.Drive().Trip(kFaultExternal); }, diagnosis::kExternal},
+    {"ContactorStuck", kField, [](WholeDrive& d) { d.Drive().GetContactor().SetDefect(ContactorDefect::Stuck); }, Nothing,
      diagnosis::kContactor},
     {"OtherPlaceFromTheStart", kField, [](WholeDrive& d) { d.Drive().TakeLocalControl(); },
      [](WholeDrive& d) { d.Drive().SetOtherControl(true); }, diagnosis::kOtherPlace},

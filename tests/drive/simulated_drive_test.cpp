@@ -224,51 +224,51 @@ TEST_F(SimulatedDriveTest, TripCoastsAndIsRememberedUntilItIsReset) {
     Seconds(1);
     EXPECT_GT(Speed(), 400) << "coasts";
     EXPECT_LT(Speed(), 850);
-    ASSERT_TRUE(m_drive.GetFaultFields());
-    EXPECT_EQ(m_drive.GetFaultFields()->at(1).value, 104U);
-    EXPECT_EQ(m_drive.GetFaultFields()->at(0).value, 100000U) << "10 s after power-up";
-    EXPECT_EQ(m_drive.GetFaultFields()->at(7).value, 900U) << "the speed at the moment of the trip";
+    ASSERT_TRUE(m_drive.GetFaults().GetFields());
+    EXPECT_EQ(m_drive.GetFaults().GetFields()->at(1).value, 104U);
+    EXPECT_EQ(m_drive.GetFaults().GetFields()->at(0).value, 100000U) << "10 s after power-up";
+    EXPECT_EQ(m_drive.GetFaults().GetFields()->at(7).value, 900U) << "the speed at the moment of the trip";
 
     EXPECT_FALSE(m_drive.CloseContactor());
     EXPECT_NE(Error().find("fault 104 (field current lost)"), std::string::npos) << Error();
     EXPECT_FALSE(m_drive.ResetFault()) << "its cause is still there";
     m_drive.SetTripCause(0);
-    EXPECT_EQ(m_drive.GetActiveFault(), 104) << "a fault stays until it is reset";
+    EXPECT_EQ(m_drive.GetFaults().GetActive(), 104) << "a fault stays until it is reset";
     EXPECT_TRUE(m_drive.ResetFault());
     EXPECT_FALSE(m_drive.CloseContactor());
     EXPECT_NE(Error().find("inhibited"), std::string::npos);
     ASSERT_TRUE(m_drive.OpenContactor());
     EXPECT_TRUE(m_drive.CloseContactor());
-    EXPECT_TRUE(m_drive.GetFaultFields()) << "the buffer keeps the last fault";
+    EXPECT_TRUE(m_drive.GetFaults().GetFields()) << "the buffer keeps the last fault";
 }
 
 TEST_F(SimulatedDriveTest, OverridingControlAcknowledgesWithARisingEdge) {
     Remote(kRemoteOn & ~control::kOn);
     Remote(kRemoteOn | control::kAcknowledge);
     m_drive.Trip(kFaultExternal);
-    EXPECT_EQ(m_drive.GetActiveFault(), kFaultExternal);
+    EXPECT_EQ(m_drive.GetFaults().GetActive(), kFaultExternal);
     Remote(kRemoteOn);
-    EXPECT_EQ(m_drive.GetActiveFault(), kFaultExternal);
+    EXPECT_EQ(m_drive.GetFaults().GetActive(), kFaultExternal);
     Remote(kRemoteOn | control::kAcknowledge);
-    EXPECT_EQ(m_drive.GetActiveFault(), 0);
+    EXPECT_EQ(m_drive.GetFaults().GetActive(), 0);
 }
 
 TEST_F(SimulatedDriveTest, StuckContactorFailsTheCommandAndThenTrips) {
     ASSERT_TRUE(m_drive.TakeLocalControl());
-    m_drive.SetContactorStuck(true);
+    m_drive.GetContactor().SetDefect(ContactorDefect::Stuck);
     EXPECT_FALSE(m_drive.CloseContactor());
     EXPECT_EQ(Error(), "The main contactor does not close.");
     EXPECT_FALSE(m_drive.StartMotor());
     Seconds(0.5);
-    EXPECT_EQ(m_drive.GetActiveFault(), 0);
+    EXPECT_EQ(m_drive.GetFaults().GetActive(), 0);
     Seconds(1);
-    EXPECT_EQ(m_drive.GetActiveFault(), kFaultMainContactor);
+    EXPECT_EQ(m_drive.GetFaults().GetActive(), kFaultMainContactor);
 
-    m_drive.SetContactorStuck(false);
+    m_drive.GetContactor().SetDefect(ContactorDefect::None);
     ASSERT_TRUE(m_drive.ResetFault());
     ASSERT_TRUE(m_drive.OpenContactor());
     ASSERT_TRUE(m_drive.CloseContactor());
-    m_drive.SetContactorStuck(true);
+    m_drive.GetContactor().SetDefect(ContactorDefect::Stuck);
     EXPECT_FALSE(m_drive.OpenContactor());
     EXPECT_EQ(Error(), "The main contactor does not open.");
     EXPECT_TRUE(m_drive.IsContactorClosed());

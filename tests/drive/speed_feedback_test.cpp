@@ -93,7 +93,7 @@ TEST_P(FeedbackTest, FindsWhatIsMounted) {
     Stop(drive);
     EXPECT_EQ(drive.Value(reg::kServiceMode), 0);
     EXPECT_EQ(drive.Value(reg::kDiagnosis), shaft.outcome) << "stopping it is no failure";
-    EXPECT_EQ(drive.Drive().GetActiveFault(), 0);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shafts, FeedbackTest, testing::ValuesIn(kShafts),
@@ -137,7 +137,7 @@ TEST(TachoTuning, GoesPastAHundredWhenTheDriveEndsIt) {
     drive.Motor().SetFieldBroken(true);
     drive.Seconds(2);
     EXPECT_GT(drive.Value(reg::kProgress), 100);
-    EXPECT_EQ(drive.Value(reg::kDiagnosis), diagnosis::kTripped);
+    EXPECT_EQ(drive.Value(reg::kDiagnosis), diagnosis::kFieldLost);
 }
 
 TEST(TachoTuning, StepsOfTheAdjustmentMoveTheShownSpeed) {
