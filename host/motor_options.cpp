@@ -88,8 +88,10 @@ MotorSet CMotorOptions::GetMotor() const {
 QString CMotorOptions::Help() {
     QString text;
     for (const MotorOption& option : kOptions)
-        text += QStringLiteral("  %1=%2 %3 (%4 to %5)\n")
-                    .arg(QLatin1String(option.name), QString::fromLatin1(option.unit).leftJustified(14),
+        text += QStringLiteral("  %1%2 (%3 to %4)\n")
+                    .arg(QStringLiteral("%1=%2")
+                             .arg(QLatin1String(option.name), QLatin1String(option.unit))
+                             .leftJustified(24),
                          QLatin1String(option.meaning))
                     .arg(option.least)
                     .arg(option.most);
