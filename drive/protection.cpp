@@ -69,7 +69,7 @@ Findings CProtection::Step(double seconds, const MotorState& state, const Surrou
 /// on.
 void CProtection::Heat(double seconds, const MotorState& state, const DriveSettings& settings,
                        const TripLevels& levels) {
-    constexpr double kStill = 0.4;
+    constexpr double kStill = 0.15;
     const double speed = std::min(1.0, 2 * std::abs(state.signals.used) / settings.baseSpeed);
     const double cooling = levels.ownFan ? kStill + (1 - kStill) * speed : 1;
     const double load = state.armatureCurrent / settings.ratedCurrent;

@@ -29,7 +29,7 @@ const Effect kEffects[] = {
     {"FieldSwapped", "field-swapped", 5, diagnosis::kEncoderReversed},
     {"ArmatureSwapped", "armature-swapped", 5, diagnosis::kEncoderReversed},
     {"BothSwapped", "field-swapped armature-swapped", 4, 0},
-    {"Load", "load:150", 4, diagnosis::kSpeedNotReached},
+    {"Load", "load:150", 4, diagnosis::kDoesNotTurn},
     {"HangingLoad", "hanging-load:60", 1, diagnosis::kTurned},
     {"TachoNoisy", "tacho-noisy:10", 5, diagnosis::kTachoNoisy, FeedbackDevice::Tacho},
     {"EncoderChannel", "encoder-channel", 5, diagnosis::kEncoderMissing, FeedbackDevice::Encoder, 1},
