@@ -68,8 +68,7 @@ TEST_F(AutotuningPages, BindTheirRowsInOrderAndEvaluateTheStartConditionInBetwee
 TEST_F(AutotuningPages, DisableStartWhenTheConditionCannotBeRead) {
     m_drive.words[9912] = 1;
     m_drive.unreadable.insert(9912);
-    m_boxes.Expect("Reading parameter 99.12 List 9912 failed: simulated failure"); // the row
-    m_boxes.Expect("Reading parameter 99.12 List 9912 failed: simulated failure"); // the condition
+    m_boxes.Expect("Reading parameter 99.12 List 9912 failed: simulated failure"); // the row and the condition, once
     OnPage(165, [] { EXPECT_FALSE(Robot::IsEnabled(kStartRun)); });
 }
 

@@ -4,7 +4,8 @@
 #include "wizard/platform/row_ids.h"
 
 #include <QComboBox>
-#include <QGuiApplication>
+#include <QTest>
+#include <QWindow>
 
 namespace krt550 {
 namespace {
@@ -80,11 +81,28 @@ TEST_F(NamePlateData, ChecksAnEditWhenItLosesTheFocus) {
         m_boxes.Expect("For parameter 9902 given value was invalid.\nPlease input valid value.");
         Robot::Press(kApply);
         EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList());
-        // Straight from the edit to Apply: one report, not one for the focus and one for the button.
+        // Straight from the edit to Apply: one report, not one for the focus and one for the button. The focus is
+        // judged a little after the click, so that there is something to wait for.
         m_boxes.Expect("For parameter 9902 given value was invalid.\nPlease input valid value.");
         Robot::TypeOnly(ValueId(9902), "8888");
-        Robot::Press(kApply);
-        EXPECT_TRUE(Robot::WaitUntil([] { return QGuiApplication::mouseButtons() == Qt::NoButton; }));
+        QWidget* apply = Robot::Control(kApply);
+        QWindow* window = apply->window()->windowHandle();
+        QTest::mouseClick(window, Qt::LeftButton, {}, apply->mapTo(apply->window(), apply->rect().center()));
+        QTest::qWait(60);
+        m_boxes.Verify();
+        EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList());
+    });
+}
+
+TEST_F(NamePlateData, HasNothingToTypeIntoWithoutADrivesParameters) {
+    m_drive.hasRoot = false;
+    Run([this] {
+        Robot::Press(kStart);
+        EXPECT_FALSE(Robot::IsEnabled(ValueId(9901)) || Robot::IsEnabled(ValueId(9902)));
+        m_drive.hasRoot = true;
+        Robot::Press(kBack);
+        Robot::Press(kStart);
+        EXPECT_TRUE(Robot::IsEnabled(ValueId(9901)) && Robot::IsEnabled(ValueId(9902)));
     });
 }
 
@@ -140,10 +158,15 @@ TEST_F(NamePlateData, OpensAlthoughTheDriveDoesNotAnswer) {
     for (const auto& parameter : NamePlateParameters())
         m_drive.unreadable.insert(parameter.reg);
     Run([this] {
+        QStringList others;
         for (const auto& parameter : NamePlateParameters())
-            m_boxes.Expect("Reading parameter " + parameter.displayName() + " failed: simulated failure");
+            others.append(QString::number(parameter.reg) + ' ' + parameter.name);
+        others.removeFirst();
+        m_boxes.Expect("Reading parameter 99.01 Language failed: simulated failure\n\nThe same happened with:\n" +
+                       others.join('\n'));
         Robot::Press(kStart);
         EXPECT_EQ(Robot::Layout(), 100);
+        EXPECT_EQ(Robot::Text(ValueId(9901)) + Robot::Text(ValueId(9902)), "");
         m_drive.unreadable.clear();
         Robot::Press(kBack);
         Robot::Press(kStart);

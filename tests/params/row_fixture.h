@@ -5,6 +5,7 @@
 #include "tests/support/wizard_files.h"
 #include "wizard/params/changed_registers.h"
 #include "wizard/params/cyclic_update.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_rows.h"
 #include "wizard/platform/window.h"
 #include "wizard/resources/module_resources.h"
@@ -41,10 +42,10 @@ protected:
         dropDown.setObjectName("20201");
     }
 
-    bool BindEdit(const char* reg) {
+    bool BindEdit(quint16 reg) {
         return BindEditRow(&m_drive.Root(), parameter, reg, &label, &edit, errors, {&unit, &minimum, &maximum});
     }
-    bool BindList(const char* reg) {
+    bool BindList(quint16 reg) {
         return BindListRow(&m_drive.Root(), parameter, reg, &label, &dropDown, errors, {&unit, &minimum, &maximum});
     }
     QStringList Choices() const {

@@ -40,8 +40,9 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
         Edit(102).setFocus();
         for (const int reg : {101, 102})
-            ASSERT_TRUE(BindEditRow(&m_drive.Root(), parameter, QString::number(reg), &label, &Edit(reg), errors, {}));
-        ASSERT_TRUE(BindListRow(&m_drive.Root(), parameter, "201", &label, &List(), errors));
+            ASSERT_TRUE(
+                BindEditRow(&m_drive.Root(), parameter, static_cast<quint16>(reg), &label, &Edit(reg), errors, {}));
+        ASSERT_TRUE(BindListRow(&m_drive.Root(), parameter, 201, &label, &List(), errors));
         ClearChanged();
         m_window.setFocus();
         m_drive.TakeLog();

@@ -24,9 +24,9 @@ protected:
     PresetControls() {
         QFile file(ParamsFiles().Directory() + "/KRT550ConfigurableAssistant.txt");
         if (file.open(QIODevice::WriteOnly))
-            file.write("VAN\t201\t2\tOn\nVAN\t201\t0\tOff\n");
+            file.write("VAN\t201\t2\tFast\nVAN\t201\t0\tSlow\n");
         m_combo.SetParameter(m_drive.Root().FindChildByRegister("201"));
-        m_combo.addItems({"Off", "On"});
+        m_combo.addItems({"Slow", "Fast"});
         m_edit.SetParameter(m_drive.Root().FindChildByRegister("101"));
     }
 
@@ -58,7 +58,7 @@ protected:
 TEST_F(PresetControls, ChangeToTheirPresetWithoutWriting) {
     m_combo.SetPreset("2");
     m_combo.ChangeToPreset();
-    EXPECT_EQ(m_combo.currentText(), "On");
+    EXPECT_EQ(m_combo.currentText(), "Fast");
     EXPECT_TRUE(IsChanged(201));
     m_edit.SetPreset("4.5");
     m_edit.ChangeToPreset();
@@ -81,7 +81,7 @@ TEST_F(PresetControls, KeepTheOldValueWhenThePresetIsRefused) {
     m_combo.SetPreset("8");
     m_boxes.Expect("Parameter 2.01 Switch: 8 is not one of its values.");
     m_combo.ChangeToPreset();
-    EXPECT_EQ(m_combo.currentText(), "Off");
+    EXPECT_EQ(m_combo.currentText(), "Slow");
     m_combo.clear();
     m_combo.SetPreset("2");
     m_boxes.Expect("Parameter 201 valuelist not found from drive.\n\nUnable to use the specified parameter.");

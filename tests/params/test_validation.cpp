@@ -34,15 +34,14 @@ TEST_F(Validation, GoesByLimitsFirstAndByDataTypeWithoutThem) {
         const char* text;
         QString box; ///< empty: valid
     } const cases[] = {
-        {2, 10, 20, "12.5", ""},
-        {2, 10, 20, "12,5", ""},
-        {2, 10, 20, "  12 rpm", ""},
+        {2, 10, 20, " 12 ", ""},
         {2, 10, 20, "25", outside},
         {1, 10, 20, "25", outside},
         {99, 10, 20, "25", outside},
         {2, 10, 20, "", outside},
-        {2, -5, 5, "abc", ""},
-        {2, -5, 5, "-5e0", ""},
+        {2, -5, 5, "", ""},
+        {2, -5, 5, "abc9", "For parameter 1205 \"abc9\"*"},
+        {8, 0, 0, "12abc", "For parameter 1205 \"12abc\"*"},
         {1, 0, 0, "255", ""},
         {1, 0, 0, "0", ""},
         {1, 0, 0, "256", TypeMessage("unsigned 8-bit", 256)},
@@ -52,7 +51,7 @@ TEST_F(Validation, GoesByLimitsFirstAndByDataTypeWithoutThem) {
         {8, 0, 0, "65535", ""},
         {8, 0, 0, "-1", TypeMessage("unsigned 16-bit", -1)},
         {8, 0, 0, "1e12", TypeMessage("unsigned 16-bit", 2147483647)},
-        {4, 0, 0, "1e9", ""},
+        {4, 0, 0, "1000000", ""},
         {99, 0, 0, "1", "Unknown datatype!"},
         {99, 0, 0, "0", ""},
     };
@@ -67,6 +66,32 @@ TEST_F(Validation, GoesByLimitsFirstAndByDataTypeWithoutThem) {
     }
 }
 
+// What the parameter cannot hold is refused, not rounded: "2,100" once became 2 rpm.
+TEST_F(Validation, RefusesWhatTheParameterCannotHold) {
+    const QString whole = "For parameter 1205 \"%1\" cannot be used.\nPlease input a whole number, such as 1500. "
+                          "Thousands are not separated.";
+    const QString oneDecimal = "For parameter 1205 \"%1\" cannot be used.\nPlease input a number with at most 1 digit "
+                               "behind the point or comma, such as 12.5. Thousands are not separated.";
+    struct {
+        int decimals;
+        QString accepted; ///< blank-separated
+        QString refused;
+    } const cases[] = {{0, "2100 +7 -7 7. 007", "2,100 2.100 12.5 12,5 12rpm 1e3 0x7 - 7,0"},
+                       {1, "12,5 12.5 .5 12 -0,5", "2,100 2.100 12.55 1,5,5 1.000,5 12.5V ."}};
+    for (const auto& c : cases) {
+        ParameterDescription description = Typed(2, -3000, 3000);
+        description.decimals = c.decimals;
+        FakeDrive drive({description});
+        const CParameter* typed = drive.Root().FindChildByRegister("1205");
+        for (QString text : c.accepted.split(' '))
+            EXPECT_TRUE(ValidateValueText(typed, text)) << text.toStdString();
+        for (QString text : c.refused.split(' ')) {
+            m_boxes.Expect((c.decimals ? oneDecimal : whole).arg(text)).WithIcon(QMessageBox::Warning);
+            EXPECT_FALSE(ValidateValueText(typed, text));
+        }
+    }
+}
+
 TEST_F(Validation, LeavesTheControlsTextAsItIs) {
     edit.setText("1,5");
     EXPECT_TRUE(ValidateControlValue(m_drive.Root().FindChildByRegister("101"), &edit));
@@ -77,13 +102,13 @@ TEST_F(Validation, LeavesTheControlsTextAsItIs) {
 }
 
 TEST_F(Validation, FindsReadsAndWritesWithTheLibrarysWords) {
-    EXPECT_NE(FindParameter(&m_drive.Root(), "101"), nullptr);
-    m_boxes.Expect("Parameter 0101 not found from drive.\n\nUnable to use the specified parameter.");
-    EXPECT_EQ(FindParameter(&m_drive.Root(), "0101"), nullptr);
+    EXPECT_NE(FindParameter(&m_drive.Root(), 101), nullptr);
+    m_boxes.Expect("Parameter 999 not found from drive.\n\nUnable to use the specified parameter.");
+    EXPECT_EQ(FindParameter(&m_drive.Root(), 999), nullptr);
 
-    EXPECT_TRUE(SetAndWriteParameter(&m_drive.Root(), "102", 9));
+    EXPECT_TRUE(SetAndWriteParameter(&m_drive.Root(), 102, 9));
     EXPECT_EQ(m_drive.TakeLog(), QStringList{"write 102=9"});
-    EXPECT_FALSE(SetAndWriteParameter(&m_drive.Root(), "101", 2000)) << "refused silently";
+    EXPECT_FALSE(SetAndWriteParameter(&m_drive.Root(), 101, 2000)) << "refused silently";
     EXPECT_EQ(m_drive.TakeLog(), QStringList());
 
     CParameter* speed = m_drive.Root().FindChildByRegister("101");

@@ -1,13 +1,19 @@
 // Every layout as it is drawn: nothing clipped, nothing overlapping, nothing outside, every id once.
 #include "wizard/platform/dialog_layout.h"
 #include "wizard/platform/push_button.h"
+#include "hostlib/tolvbo32/drive_description.h"
+#include "wizard/platform/control_text.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/platform/window.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/module_resources.h"
+#include "wizard/resources/page_rows.h"
+#include "wizard/texts/wizard_directory.h"
+#include "wizard/texts/wizard_text_store.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -45,6 +51,40 @@ int NeededWidth(const QWidget* control) {
     return 0;
 }
 
+/// The drive's names of its parameters.
+const std::map<quint16, QString>& DriveNames() {
+    static const std::map<quint16, QString> names = [] {
+        std::map<quint16, QString> read;
+        QStringList errors;
+        const auto parameters =
+            ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
+        EXPECT_TRUE(parameters) << errors.join('\n').toStdString();
+        if (parameters)
+            for (const ParameterDescription& parameter : *parameters)
+                read[parameter.reg] = parameter.name;
+        return read;
+    }();
+    return names;
+}
+
+/// What a row shows as the name of its parameter.
+QString ShownName(quint16 reg) {
+    const QString own = CWizardTextStore::Instance().GetParameterName(reg);
+    const auto name = DriveNames().find(reg);
+    return !own.isEmpty() || name == DriveNames().end() ? own : name->second;
+}
+
+/// Fills the labels of the rows as a load does.
+void NameRows(CWindow& window) {
+    SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
+    for (const PageRows* rows : kAllPageRows)
+        for (const RowGroupDef& group : rows->groups)
+            for (const RowDef& row : group.rows)
+                if (rows->layout == window.GetLayoutNumber())
+                    SetControlText(window.GetDlgItem(IdsOf(row).label),
+                                   (row.numbered ? QString::number(row.reg) + ' ' : QString()) + ShownName(row.reg));
+}
+
 bool IsDigit(const QWidget* control) {
     return std::ranges::find(kStepIconIds, control->objectName().toInt()) != std::end(kStepIconIds);
 }
@@ -68,6 +108,7 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
         CLayoutWindow window(GetParam());
         window.setFont(font);
         ASSERT_TRUE(window.Create());
+        NameRows(window);
         const auto controls = window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
         for (const QWidget* control : controls) {
             const std::string name =
@@ -122,21 +163,77 @@ TEST_P(Layouts, HasEachShortcutOnce) {
 INSTANTIATE_TEST_SUITE_P(All, Layouts, testing::ValuesIn(kLayouts),
                          [](const auto& layout) { return "Layout" + std::to_string(layout.param); });
 
-TEST_F(Layouts, NamePlateRowsAreNamedForScreenReadersAndStandInTabOrder) {
-    CLayoutWindow window(100);
-    ASSERT_TRUE(window.Create());
-    const auto* label = window.GetControl<QLabel>(LabelId(9902));
-    QWidget* edit = window.GetDlgItem(ValueId(9902));
-    ASSERT_TRUE(label && edit);
-    EXPECT_EQ(label->buddy(), edit);
-    EXPECT_EQ(edit->accessibleName(), "Motor 1 nominal voltage");
-    EXPECT_EQ(edit->property("register").toInt(), 9902);
+// Tests, plays and screen readers count on these.
+TEST_F(Layouts, RowsAreNamedForScreenReadersAndStandInTabOrder) {
+    for (const PageRows* rows : kAllPageRows) {
+        CLayoutWindow window(rows->layout);
+        ASSERT_TRUE(window.Create());
+        QStringList expected;
+        for (const RowGroupDef& group : rows->groups)
+            for (const RowDef& row : group.rows) {
+                const auto* label = window.GetControl<QLabel>(LabelId(row.reg));
+                QWidget* value = window.GetDlgItem(ValueId(row.reg));
+                ASSERT_TRUE(label && value) << row.reg;
+                EXPECT_EQ(value->property("register").toInt(), row.reg);
+                if (row.kind == RowKind::Display)
+                    continue;
+                EXPECT_EQ(label->buddy(), value);
+                EXPECT_EQ(value->accessibleName(), label->text());
+                expected.append(value->objectName());
+            }
+        QStringList order;
+        for (QWidget* next = window.nextInFocusChain(); next != &window; next = next->nextInFocusChain())
+            if (next->focusPolicy() != Qt::NoFocus && expected.contains(next->objectName()))
+                order.append(next->objectName());
+        EXPECT_EQ(order, expected) << rows->layout;
+    }
+}
 
-    QStringList order;
-    for (QWidget* next = window.GetDlgItem(ValueId(9901)); next && order.size() < 16; next = next->nextInFocusChain())
-        if (next->focusPolicy() != Qt::NoFocus && next->parentWidget() == &window)
-            order.append(next->objectName());
-    EXPECT_EQ(order.mid(0, 10).join(' '), "29901 29902 29903 29904 22001 22002 29911 23009 23016 29910");
+// A control of a row that no table has would stay empty for ever.
+TEST_P(Layouts, HasNoRowThatNoTableBinds) {
+    std::set<quint16> bound;
+    for (const PageRows* rows : kAllPageRows)
+        for (const RowGroupDef& group : rows->groups)
+            for (const RowDef& row : group.rows)
+                if (rows->layout == GetParam())
+                    bound.insert(row.reg);
+    const auto layout = m_resources.GetLayout(GetParam());
+    ASSERT_TRUE(layout);
+    for (const ControlLayout& control : layout->controls) {
+        EXPECT_TRUE(control.reg == 0 || bound.contains(control.reg)) << control.reg;
+        const int reg = control.id % 10000;
+        const bool byRegister = control.id >= 10000 && control.id < 60000;
+        EXPECT_TRUE(!byRegister || bound.contains(static_cast<quint16>(reg))) << "control " << control.id;
+    }
+}
+
+// The drive description is the home of a parameter's name, the text file that of its tool tip.
+TEST_F(Layouts, EveryRowHasItsTextsOnce) {
+    SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
+    CWizardTextStore& texts = CWizardTextStore::Instance();
+    for (const auto& [reg, name] : DriveNames()) {
+        EXPECT_NE(texts.GetParameterName(reg), name) << "the text file repeats the name of " << reg;
+        for (const PageRows* rows : kAllPageRows)
+            for (const RowGroupDef& group : rows->groups)
+                for (const RowDef& row : group.rows)
+                    if (row.reg == reg && *row.label) {
+                        EXPECT_EQ(QString(row.label), ShownName(reg)) << rows->layout;
+                    }
+    }
+    for (const PageRows* rows : kAllPageRows)
+        for (const RowGroupDef& group : rows->groups)
+            for (const RowDef& row : group.rows) {
+                EXPECT_TRUE(DriveNames().contains(row.reg)) << row.reg;
+                EXPECT_NE(texts.GetToolTip(row.reg), "") << row.reg;
+            }
+    QFile file(QStringLiteral(KRT550_SOURCE_DIR "/data/Wzkrt550.txt"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    while (!file.atEnd()) {
+        const QList<QByteArray> fields = file.readLine().split('\t');
+        if (fields[0] == "TOOLTIP" || fields[0] == "PAN") {
+            EXPECT_TRUE(DriveNames().contains(fields[1].toUShort())) << fields[1].toStdString();
+        }
+    }
 }
 
 TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {

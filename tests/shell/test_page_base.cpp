@@ -75,12 +75,12 @@ TEST_F(PageBase, StaysWhenApplyFails) {
     });
 }
 
-constexpr RowDef kNoRows[] = {{"9902"}};
+constexpr PageRows kNoRows{.layout = 100};
 
 /// A page that has something to say after its next activation.
 class CTalkingPage : public CRowPage {
 public:
-    CTalkingPage() : CRowPage(100, "1.htm", kNoRows) {}
+    CTalkingPage() : CRowPage(kNoRows, "1.htm") {}
     bool visibleWhenShown = false;
     bool ShowPendingMessages() override {
         visibleWhenShown = isVisible();

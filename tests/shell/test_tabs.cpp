@@ -25,27 +25,38 @@ constexpr int kSecondLayout = 9002;
 constexpr int kPlaceholder = 940;
 constexpr int kTabButton = 941;
 
-constexpr RowDef kPageRows[] = {{"9902"}};
-constexpr RowDef kFirstRows[] = {{"9904"}, {"2001"}};
-constexpr RowDef kSecondRows[] = {{"3009"}};
+constexpr RowDef kPageRow[] = {{.reg = 9902}};
+constexpr RowDef kFirstRow[] = {{.reg = 9904}, {.reg = 2001}};
+constexpr RowDef kSecondRow[] = {{.reg = 3009}};
+constexpr RowGroupDef kPageGroups[] = {{.rows = kPageRow}};
+constexpr RowGroupDef kFirstGroups[] = {{.rows = kFirstRow}};
+constexpr RowGroupDef kSecondGroups[] = {{.rows = kSecondRow}};
+constexpr PageRows kPageRows{.layout = kPageLayout, .groups = kPageGroups};
+constexpr PageRows kFirstRows{.layout = kFirstLayout, .groups = kFirstGroups};
+constexpr PageRows kSecondRows{.layout = kSecondLayout, .groups = kSecondGroups};
 
 /// The module's resources, and the layouts of a page with two tabs.
 class TabResources : public CModuleResources {
 public:
     std::optional<DialogLayout> GetLayout(int number) const override {
-        static constexpr RowColumns kColumns = {4, 120, 130, 60, 195, 30, 230, 270, 35};
-        CLayoutBuilder layout(number, number == kPageLayout ? kPageWidth : 310,
-                              number == kPageLayout ? kPageHeight : 60, "Caption");
+        const bool page = number == kPageLayout;
+        CLayoutBuilder layout(number, page ? kPageWidth : 400, page ? kPageHeight : 80, "Caption");
+        RowGroupStyle style = kPageStyle;
+        if (!page)
+            for (int* x : {&style.columns.label, &style.columns.value, &style.columns.unit, &style.columns.minimum,
+                           &style.columns.maximum})
+                *x -= style.x;
         switch (number) {
         case kPageLayout:
-            layout.EditRow(9902, "9902", 10, kColumns);
-            layout.Add({.id = kPlaceholder, .kind = ControlKind::Placeholder, .rect = {20, 40, 10, 10}});
+            CRowStack(layout, kPageRows, style, 0, 100).AddGroup();
+            layout.Add({.id = kPlaceholder, .kind = ControlKind::Placeholder, .rect = {20, 60, 10, 10}});
             return layout.BottomRow(true).Take();
         case kFirstLayout:
-            layout.EditRow(9904, "9904", 4, kColumns).EditRow(2001, "2001", 20, kColumns);
-            return layout.Add({.id = kTabButton, .kind = ControlKind::PushButton, .rect = {4, 40, 60, 14}}).Take();
+            CRowStack(layout, kFirstRows, style, 0, 100).AddGroup();
+            return layout.Add({.id = kTabButton, .kind = ControlKind::PushButton, .rect = {4, 60, 60, 14}}).Take();
         case kSecondLayout:
-            return layout.EditRow(3009, "3009", 4, kColumns).Take();
+            CRowStack(layout, kSecondRows, style, 0, 100).AddGroup();
+            return layout.Take();
         default:
             return CModuleResources::GetLayout(number);
         }
@@ -54,7 +65,7 @@ public:
 
 class CFirstTab : public CRowTabPage {
 public:
-    CFirstTab() : CRowTabPage(kFirstLayout, kFirstRows) {
+    CFirstTab() : CRowTabPage(kFirstRows) {
         Handle(kTabButton, ControlEvent::Clicked, [this] { ++pressed; });
     }
     int pressed = 0;
@@ -64,13 +75,13 @@ public:
 
 class CTabbedPage : public CRowPage {
 public:
-    CTabbedPage() : CRowPage(kPageLayout, "1.htm", kPageRows) {
+    CTabbedPage() : CRowPage(kPageRows, "1.htm") {
         CWizardTabSheet& tabs = UseTabs(kPlaceholder, {-6, -7});
         tabs.AddTab(first, "First");
         tabs.AddTab(second);
     }
     CFirstTab first;
-    CRowTabPage second{kSecondLayout, kSecondRows};
+    CRowTabPage second{kSecondRows};
     using CRowPage::GetTabs;
 };
 

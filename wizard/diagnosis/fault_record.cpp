@@ -12,8 +12,8 @@ namespace krt550 {
 namespace {
 
 constexpr int kNotFoundMessage = 5;
-const QString kServiceMode = QStringLiteral("9906");
-const QString kDiagnosis = QStringLiteral("911");
+constexpr quint16 kServiceMode = 9906;
+constexpr quint16 kDiagnosis = 911;
 
 CHostDrive* g_drive = nullptr;
 CParameter* g_serviceMode = nullptr;
@@ -84,7 +84,7 @@ void GetDiagnosisText(CParameterGroup* root, int stringId, QString& text) {
     if (!root)
         return;
     text = LoadText(stringId);
-    CParameter* diagnosis = root->FindChildByRegister(kDiagnosis);
+    CParameter* diagnosis = FindInTree(root, kDiagnosis);
     if (diagnosis && ReadParameter(diagnosis))
         text.replace(QLatin1String("REPLACE"), diagnosis->GetStringValue());
 }

@@ -3,6 +3,7 @@
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter.h"
 #include "hostlib/tolvbo32/parameter_group.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
@@ -19,10 +20,14 @@ CParameterGroup* GetParameterRoot(CHostDrive* drive) {
     return drive && drive->GetParameterRoot(&root) ? root : nullptr;
 }
 
-CParameter* FindParameter(CParameterGroup* root, const QString& registerText) {
-    CParameter* parameter = root->FindChildByRegister(registerText);
+CParameter* FindInTree(CParameterGroup* root, quint16 reg) {
+    return root->FindChildByRegister(QString::number(reg));
+}
+
+CParameter* FindParameter(CParameterGroup* root, quint16 reg) {
+    CParameter* parameter = FindInTree(root, reg);
     if (!parameter)
-        ShowMessageBox(MessageFor(kNotFoundMessage, registerText), MessageIcon::Stop);
+        ShowMessageBox(MessageFor(kNotFoundMessage, reg), MessageIcon::Stop);
     return parameter;
 }
 
@@ -44,19 +49,19 @@ bool WriteParameter(CParameter* parameter) {
     return written;
 }
 
-bool SetAndWriteParameter(CParameterGroup* root, const QString& registerText, quint16 word) {
-    CParameter* parameter = FindParameter(root, registerText);
+bool SetAndWriteParameter(CParameterGroup* root, quint16 reg, quint16 word) {
+    CParameter* parameter = FindParameter(root, reg);
     return parameter && parameter->SetValue(word, false) && WriteParameter(parameter);
 }
 
 void ShowLastError(const CParameterSet* parameter) {
     const QString text = parameter ? parameter->GetLastError(0) : QString();
-    if (!text.isEmpty())
+    if (!text.isEmpty() && !FailurePass::Take(*parameter, text))
         ShowMessageBox(text, MessageIcon::Stop);
 }
 
-QString MessageFor(int message, const QString& registerText) {
-    return LoadText(message).replace(QLatin1String("REPLACE"), registerText);
+QString MessageFor(int message, quint16 reg) {
+    return LoadText(message).replace(QLatin1String("REPLACE"), QString::number(reg));
 }
 
 QString RegisterText(const CParameterSet& parameter) {
@@ -64,23 +69,20 @@ QString RegisterText(const CParameterSet& parameter) {
     return parent ? parent->GetIndex() + parameter.GetIndex() : parameter.GetIndex();
 }
 
-QString FormatValueText(const CParameter* parameter, const QString& registerText, TextSource source) {
+QString FormatValueText(const CParameter* parameter, TextSource source) {
     if (!parameter)
         return {};
-    if (!HasValueTexts(source, registerText))
+    const quint16 reg = parameter->GetRegister();
+    if (!HasValueTexts(source, reg))
         return parameter->GetStringValue();
     QString text;
-    if (FindValueText(source, registerText, parameter->GetValue(), text))
+    if (FindValueText(source, reg, parameter->GetValue(), text))
         return text;
     if (source == TextSource::WizardFile)
         text = parameter->GetStringValue();
     else
         text.clear();
     return text.isEmpty() ? QString::number(parameter->GetValue()) : text;
-}
-
-QString FormatValueText(const CParameter* parameter, TextSource source) {
-    return parameter ? FormatValueText(parameter, QString::number(parameter->GetRegister()), source) : QString();
 }
 
 bool ShowParameterValue(CParameter* parameter, QWidget* control) {

@@ -16,9 +16,11 @@ class CParameterSet;
 /// Root of the drive's parameter tree; null without a drive, when the drive answers no, or without a root.
 CParameterGroup* GetParameterRoot(CHostDrive* drive);
 
-/// The parameter below `root` (not null) with this register text. When the drive lacks it, says so in an error box and
-/// returns null.
-CParameter* FindParameter(CParameterGroup* root, const QString& registerText);
+/// The parameter below `root` (not null) with this register, or null.
+CParameter* FindInTree(CParameterGroup* root, quint16 reg);
+
+/// The same, and when the drive lacks it, says so in an error box.
+CParameter* FindParameter(CParameterGroup* root, quint16 reg);
 
 /// Reads from the drive; a failure is shown with the library's text. False on failure and for null.
 bool ReadParameter(CParameter* parameter);
@@ -27,13 +29,14 @@ bool ReadParameter(CParameter* parameter);
 bool WriteParameter(CParameter* parameter);
 
 /// Finds, sets and writes. A refused word ends it silently. True only when the write succeeded.
-bool SetAndWriteParameter(CParameterGroup* root, const QString& registerText, quint16 word);
+bool SetAndWriteParameter(CParameterGroup* root, quint16 reg, quint16 word);
 
-/// Shows the library's last error of a node in an error box; nothing when its text is empty or for null.
+/// Shows the library's last error of a node in an error box, inside a FailurePass when that ends; nothing when its text
+/// is empty or for null.
 void ShowLastError(const CParameterSet* parameter);
 
 /// "Parameter REPLACE not found from drive..." and its like: string `message` with REPLACE replaced.
-QString MessageFor(int message, const QString& registerText);
+QString MessageFor(int message, quint16 reg);
 
 /// Register text of a parameter: index of its group and its own, "9906".
 QString RegisterText(const CParameterSet& parameter);
@@ -41,8 +44,6 @@ QString RegisterText(const CParameterSet& parameter);
 /// Text that shows a parameter's value: the text source's text for it, or the library's.
 /// With value texts that lack this value: the wizard text file falls back to the library's text and then to the bare
 /// number, the configurable file to the bare number. Empty for null.
-QString FormatValueText(const CParameter* parameter, const QString& registerText, TextSource source);
-/// The same with the parameter's own register.
 QString FormatValueText(const CParameter* parameter, TextSource source = TextSource::WizardFile);
 
 /// Reads a parameter from the drive and shows it in the control. False when the read failed (shown once) and for null.

@@ -17,6 +17,19 @@
 #include <memory>
 
 namespace krt550 {
+
+QString ParameterName(const CParameter& parameter) {
+    const QString name = CWizardTextStore::Instance().GetParameterName(parameter.GetRegister());
+    return name.isEmpty() ? parameter.GetName() : name;
+}
+
+void ShowValueText(QWidget* control, const QString& text) {
+    if (auto* dropDown = qobject_cast<QComboBox*>(control))
+        SelectChoice(dropDown, text);
+    else
+        SetControlText(control, text);
+}
+
 namespace {
 
 constexpr int kNotFoundMessage = 5;
@@ -28,17 +41,12 @@ bool IsNumeric(const CParameter& parameter) {
     return std::ranges::find(kNumericTypes, parameter.GetType()) != std::end(kNumericTypes);
 }
 
-void AppendError(QString& errors, int message, const QString& registerText) {
-    errors += QLatin1String("- ") + MessageFor(message, registerText) + QLatin1Char('\n');
+void AppendError(QString& errors, int message, quint16 reg) {
+    errors += QLatin1String("- ") + MessageFor(message, reg) + QLatin1Char('\n');
 }
 
-QString NameOf(const CParameter& parameter) {
-    const QString name = CWizardTextStore::Instance().GetParameterName(parameter.GetRegister());
-    return name.isEmpty() ? parameter.GetName() : name;
-}
-
-void SetRowLabel(QWidget* label, const QString& registerText, const CParameter& parameter) {
-    SetControlText(label, registerText + QLatin1Char(' ') + NameOf(parameter));
+void SetRowLabel(QWidget* label, quint16 reg, const CParameter& parameter) {
+    SetControlText(label, QString::number(reg) + QLatin1Char(' ') + ParameterName(parameter));
 }
 
 void FillStatics(const RowStatics& statics, const CParameter& parameter) {
@@ -53,9 +61,9 @@ void EmptyStatics(const RowStatics& statics) {
         SetControlText(control, QString());
 }
 
-void FillChoices(QComboBox& dropDown, const CParameter& parameter, const QString& registerText, TextSource source) {
-    if (HasValueTexts(source, registerText)) {
-        dropDown.addItems(AllValueTexts(source, registerText));
+void FillChoices(QComboBox& dropDown, const CParameter& parameter, quint16 reg, TextSource source) {
+    if (HasValueTexts(source, reg)) {
+        dropDown.addItems(AllValueTexts(source, reg));
         return;
     }
     const std::unique_ptr<QStringList> entries(parameter.GetValueList());
@@ -77,14 +85,11 @@ bool SelectOrAdd(QComboBox& dropDown, const QString& text) {
 }
 
 /// Sets the parameter object from a drop-down's text.
-bool SetFromChoice(CParameter& parameter, const QString& text) {
-    CWizardTextStore& store = CWizardTextStore::Instance();
-    const QString registerText = QString::number(parameter.GetRegister());
-    if (!store.HasValueTexts(registerText))
-        return parameter.SetValue(text);
+bool SetFromChoice(CParameter& parameter, const QString& text, TextSource source) {
     quint16 value = 0;
-    return store.GetValueOfText(registerText, text, value) ? parameter.SetValue(value, false)
-                                                           : parameter.SetStringValue(text);
+    if (FindValueOfText(source, parameter.GetRegister(), text, value))
+        return parameter.SetValue(value, false);
+    return parameter.SetStringValue(text);
 }
 
 bool Reported(const CParameter& parameter, bool success) {
@@ -93,11 +98,11 @@ bool Reported(const CParameter& parameter, bool success) {
     return success;
 }
 
-bool WriteChoice(CParameter& parameter, QComboBox& dropDown) {
-    if (!Reported(parameter, SetFromChoice(parameter, dropDown.currentText())) || !WriteParameter(&parameter))
+bool WriteChoice(CParameter& parameter, QComboBox& dropDown, TextSource source) {
+    if (!Reported(parameter, SetFromChoice(parameter, dropDown.currentText(), source)) || !WriteParameter(&parameter))
         return false;
     const bool read = ReadParameter(&parameter);
-    SelectChoice(&dropDown, FormatValueText(&parameter));
+    SelectChoice(&dropDown, FormatValueText(&parameter, source));
     UnmarkChanged(parameter.GetRegister());
     return read;
 }
@@ -117,94 +122,98 @@ bool WriteEdit(CParameter& parameter, QLineEdit& edit) {
 
 } // namespace
 
-bool BindEditRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
-                 QLineEdit* edit, QString& errors, const RowStatics& statics) {
-    parameter = root->FindChildByRegister(registerText);
+bool BindEditRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QLineEdit* edit,
+                 QString& errors, const RowStatics& statics) {
+    parameter = FindInTree(root, reg);
     if (!parameter) {
         EnableControl(edit, false);
         EmptyStatics(statics);
-        AppendError(errors, kNotFoundMessage, registerText);
+        AppendError(errors, kNotFoundMessage, reg);
         return true;
     }
     if (IsNumeric(*parameter))
         RegisterForUpdate(parameter, edit);
     EnableControl(edit, true);
-    SetRowLabel(label, registerText, *parameter);
+    SetRowLabel(label, reg, *parameter);
     const bool read = ReadParameter(parameter);
-    SetControlText(edit, FormatValueText(parameter));
+    SetControlText(edit, read ? FormatValueText(parameter) : QString());
     UnmarkChanged(parameter->GetRegister());
     FillStatics(statics, *parameter);
     return read;
 }
 
-bool BindListRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
-                 QComboBox* dropDown, QString& errors, const RowStatics& statics, TextSource source) {
-    parameter = root->FindChildByRegister(registerText);
+bool BindListRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QComboBox* dropDown,
+                 QString& errors, const RowStatics& statics, TextSource source) {
+    parameter = FindInTree(root, reg);
     if (!label || !dropDown)
         return false;
     dropDown->clear();
     if (!parameter) {
         dropDown->setEnabled(false);
-        AppendError(errors, kNotFoundMessage, registerText);
+        AppendError(errors, kNotFoundMessage, reg);
         return true;
     }
     if (IsNumeric(*parameter))
         RegisterForUpdate(parameter, dropDown);
     dropDown->setEnabled(true);
-    SetRowLabel(label, registerText, *parameter);
-    FillChoices(*dropDown, *parameter, registerText, source);
-    if (!ReadParameter(parameter))
+    SetRowLabel(label, reg, *parameter);
+    FillChoices(*dropDown, *parameter, reg, source);
+    if (!ReadParameter(parameter)) {
+        dropDown->setCurrentIndex(-1);
         return false;
-    if (!SelectOrAdd(*dropDown, FormatValueText(parameter, registerText, source))) {
+    }
+    if (!SelectOrAdd(*dropDown, FormatValueText(parameter, source))) {
         dropDown->clear();
         dropDown->setEnabled(false);
-        AppendError(errors, kNoValueListMessage, registerText);
+        AppendError(errors, kNoValueListMessage, reg);
         return false;
     }
     FillStatics(statics, *parameter);
     return true;
 }
 
-bool BindDisplayRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
-                    QWidget* value, QString& errors, QWidget* unit) {
+bool BindDisplayRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QWidget* value,
+                    QString& errors, QWidget* unit) {
     if (!parameter)
-        parameter = root->FindChildByRegister(registerText);
+        parameter = FindInTree(root, reg);
     if (!parameter) {
         SetControlText(value, QString());
         SetControlText(unit, QString());
-        AppendError(errors, kNotFoundMessage, registerText);
+        AppendError(errors, kNotFoundMessage, reg);
         return true;
     }
     const bool read = ReadParameter(parameter);
     ShowDisplayRow(parameter, label, value, unit);
+    if (!read)
+        SetControlText(value, QString());
     return read;
 }
 
 void ShowDisplayRow(const CParameter* parameter, QWidget* label, QWidget* value, QWidget* unit) {
     if (parameter)
-        SetControlText(label, NameOf(*parameter));
+        SetControlText(label, ParameterName(*parameter));
     SetControlText(value, parameter ? FormatValueText(parameter) : QStringLiteral("n/a"));
     SetControlText(unit, parameter ? parameter->GetUnit() : QStringLiteral("n/a"));
 }
 
-bool BindRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
-             QLineEdit* edit, QComboBox* dropDown, QString& errors, const RowStatics& statics) {
-    parameter = root->FindChildByRegister(registerText);
+bool BindRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QLineEdit* edit,
+             QComboBox* dropDown, QString& errors, const RowStatics& statics) {
+    parameter = FindInTree(root, reg);
     if (!parameter) {
         EnableControl(edit, false);
-        AppendError(errors, kNotFoundMessage, registerText);
+        AppendError(errors, kNotFoundMessage, reg);
         return true;
     }
     if (parameter->IsValueList())
-        return BindListRow(root, parameter, registerText, label, dropDown, errors, statics);
-    return BindEditRow(root, parameter, registerText, label, edit, errors, statics);
+        return BindListRow(root, parameter, reg, label, dropDown, errors, statics);
+    return BindEditRow(root, parameter, reg, label, edit, errors, statics);
 }
 
-bool WriteRow(CParameter* parameter, QWidget* control, bool force) {
+bool WriteRow(CParameter* parameter, QWidget* control, bool force, TextSource source) {
     if (!parameter || !control || (!force && !IsChanged(parameter->GetRegister())))
         return true;
     if (auto* dropDown = qobject_cast<QComboBox*>(control); dropDown && parameter->IsValueList())
-        return WriteChoice(*parameter, *dropDown);
+        return WriteChoice(*parameter, *dropDown, source);
     if (auto* edit = qobject_cast<QLineEdit*>(control))
         return WriteEdit(*parameter, *edit);
     return true;

@@ -24,28 +24,34 @@ struct RowStatics {
 /// A parameter that the drive lacks disables the value control and adds a line "- message\n" to `errors`; that is no
 /// failure of the binding.
 
-/// False when reading failed (shown); the controls are filled all the same.
-bool BindEditRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
-                 QLineEdit* edit, QString& errors, const RowStatics& statics);
+/// False when reading failed (shown): the edit is empty then.
+bool BindEditRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QLineEdit* edit,
+                 QString& errors, const RowStatics& statics);
 
-/// False when reading failed (shown), or when the value can be neither found nor added as a choice.
-bool BindListRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
-                 QComboBox* dropDown, QString& errors, const RowStatics& statics = {},
-                 TextSource source = TextSource::WizardFile);
+/// False when reading failed (shown; nothing is selected then), or when the value can be neither found nor added as a
+/// choice.
+bool BindListRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QComboBox* dropDown,
+                 QString& errors, const RowStatics& statics = {}, TextSource source = TextSource::WizardFile);
 
 /// Shows name, value and unit in statics. A parameter given is used, otherwise it is looked up.
-bool BindDisplayRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
-                    QWidget* value, QString& errors, QWidget* unit);
+bool BindDisplayRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QWidget* value,
+                    QString& errors, QWidget* unit);
 
 /// Shows a parameter that has been read; "n/a" as value and unit when there is none. Each control may be null.
 void ShowDisplayRow(const CParameter* parameter, QWidget* label, QWidget* value, QWidget* unit);
 
 /// Binds a value list into the drop-down, any other parameter into the edit.
-bool BindRow(CParameterGroup* root, CParameter*& parameter, const QString& registerText, QWidget* label,
-             QLineEdit* edit, QComboBox* dropDown, QString& errors, const RowStatics& statics);
+bool BindRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QLineEdit* edit,
+             QComboBox* dropDown, QString& errors, const RowStatics& statics);
+
+/// Name of a parameter: the wizard text file's, or the drive's own.
+QString ParameterName(const CParameter& parameter);
+
+/// Shows a value's text in an edit, a static or a drop-down.
+void ShowValueText(QWidget* control, const QString& text);
 
 /// Writes what the control shows to the drive and reads it back, when the row is marked changed or `force` is set.
 /// Reports each failure once and then keeps the row marked. True also when there was nothing to write.
-bool WriteRow(CParameter* parameter, QWidget* control, bool force);
+bool WriteRow(CParameter* parameter, QWidget* control, bool force, TextSource source = TextSource::WizardFile);
 
 } // namespace krt550

@@ -48,7 +48,7 @@ void CPresetComboBox::ChangeToPreset() {
         m_parameter->SetValue(former, false);
     }
     if (!SelectChoice(this, FormatValueText(m_parameter, TextSource::ConfigurableFile)))
-        ShowMessageBox(MessageFor(kNoValueListMessage, RegisterText(*m_parameter)), MessageIcon::Stop);
+        ShowMessageBox(MessageFor(kNoValueListMessage, m_parameter->GetRegister()), MessageIcon::Stop);
 }
 
 void CPresetComboBox::contextMenuEvent(QContextMenuEvent* event) {

@@ -1,42 +1,19 @@
 #include "wizard/params/row_table.h"
 
-#include "wizard/params/changed_registers.h"
-#include "wizard/params/parameter_access.h"
-#include "wizard/params/parameter_rows.h"
-#include "wizard/params/validation.h"
-#include "wizard/platform/row_ids.h"
-#include "wizard/platform/window.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/texts/wizard_text_store.h"
 
-#include <QComboBox>
-#include <QLineEdit>
+#include <algorithm>
 
 namespace krt550 {
-namespace {
 
-QString TextOf(const RowDef& row) {
-    return QString::fromLatin1(row.reg.data(), static_cast<qsizetype>(row.reg.size()));
-}
-
-quint16 RegisterOf(const RowDef& row) {
-    return TextOf(row).toUShort();
-}
-
-} // namespace
-
-CRowTable::CRowTable(CWindow& window, std::span<const RowDef> rows)
-    : m_window(window), m_rows(rows), m_parameters(rows.size(), nullptr) {
-    for (std::size_t row = 0; row < m_rows.size(); ++row) {
-        const int value = IdsOf(row).value;
-        const auto mark = [reg = RegisterOf(m_rows[row])] { MarkChanged(reg); };
-        if (m_rows[row].kind == RowKind::List)
-            m_window.Handle(value, ControlEvent::Selected, mark);
-        if (m_rows[row].kind != RowKind::Edit)
-            continue;
-        m_window.Handle(value, ControlEvent::Changed, mark);
-        m_window.Handle(value, ControlEvent::FocusLost,
-                        [this, row] { ValidateControlValue(m_parameters[row], GetValueControl(row)); });
-    }
+CRowTable::CRowTable(CWindow& window, const PageRows& rows, TextSource source) : m_table(rows), m_source(source) {
+    for (const RowGroupDef& group : rows.groups)
+        for (const RowDef& row : group.rows)
+            m_rows.push_back(std::make_unique<CRow>(window, row, source));
+    std::ranges::transform(m_rows, std::back_inserter(m_written), &std::unique_ptr<CRow>::get);
+    std::ranges::stable_sort(m_written, {}, [](const CRow* row) { return row->GetDefinition().writeRank; });
+    std::ranges::stable_sort(m_rows, {}, [](const auto& row) { return row->GetDefinition().bindRank; });
 }
 
 bool CRowTable::Bind(CParameterGroup* root, QString& errors) {
@@ -44,69 +21,56 @@ bool CRowTable::Bind(CParameterGroup* root, QString& errors) {
 }
 
 bool CRowTable::Bind(CParameterGroup* root, QString& errors, std::size_t first, std::size_t count) {
+    const FailurePass pass;
     bool success = true;
     for (std::size_t row = first; row < first + count; ++row)
-        success = BindRow(root, errors, row) && success;
+        success = m_rows[row]->Bind(root, errors) && success;
     return success;
 }
 
-bool CRowTable::BindRow(CParameterGroup* root, QString& errors, std::size_t row) {
-    const RowIds ids = IdsOf(row);
-    const QString reg = TextOf(m_rows[row]);
-    QWidget* label = m_window.GetDlgItem(ids.label);
-    const RowStatics statics{m_window.GetDlgItem(ids.unit), m_window.GetDlgItem(ids.minimum),
-                             m_window.GetDlgItem(ids.maximum)};
-    CParameter*& parameter = m_parameters[row];
-    switch (m_rows[row].kind) {
-    case RowKind::Edit:
-        return BindEditRow(root, parameter, reg, label, m_window.GetControl<QLineEdit>(ids.value), errors, statics);
-    case RowKind::List:
-        return BindListRow(root, parameter, reg, label, m_window.GetControl<QComboBox>(ids.value), errors, statics);
-    case RowKind::Display:
-        break;
-    }
-    return BindDisplayRow(root, parameter, reg, label, m_window.GetDlgItem(ids.value), errors, statics.unit);
+void CRowTable::Unbind() {
+    for (const auto& row : m_rows)
+        row->Unbind();
 }
 
 bool CRowTable::Write() {
-    return Write(0, m_rows.size());
-}
-
-bool CRowTable::Write(std::size_t first, std::size_t count) {
+    const FailurePass pass;
     bool success = true;
-    for (std::size_t row = first; row < first + count; ++row)
-        if (m_rows[row].kind != RowKind::Display)
-            success = WriteRow(m_parameters[row], GetValueControl(row), false) && success;
+    for (CRow* row : m_written)
+        success = row->Write() && success;
     return success;
 }
 
 bool CRowTable::Reread(std::size_t first, std::size_t count) {
+    const FailurePass pass;
     bool success = true;
     for (std::size_t row = first; row < first + count; ++row)
-        success = ShowParameterValue(m_parameters[row], GetValueControl(row)) && success;
+        success = m_rows[row]->Reread() && success;
     return success;
 }
 
 void CRowTable::Unmark() const {
-    for (const RowDef& row : m_rows)
-        UnmarkChanged(RegisterOf(row));
+    for (const auto& row : m_rows)
+        row->Unmark();
+}
+
+bool CRowTable::StartsUpdate(bool bound, const QString& errors) const {
+    return m_table.update == UpdateWhen::Always ||
+           (bound && (m_table.update == UpdateWhen::AllRead || errors.isEmpty()));
 }
 
 void CRowTable::AttachToolTips(const std::function<void(int labelId, const QString& text)>& addToolTip) const {
-    for (std::size_t row = 0; row < m_rows.size(); ++row)
-        addToolTip(IdsOf(row).label, CWizardTextStore::Instance().GetToolTip(RegisterOf(m_rows[row])));
+    for (const auto& row : m_rows)
+        addToolTip(row->GetLabelId(), CWizardTextStore::Instance().GetToolTip(row->GetRegister()));
 }
 
-QWidget* CRowTable::GetValueControl(std::size_t row) const {
-    return m_window.GetDlgItem(IdsOf(row).value);
+std::size_t CRowTable::GetFirstOfLastGroup() const {
+    return m_rows.size() - (m_table.groups.empty() ? 0 : m_table.groups.back().rows.size());
 }
 
-RowIds CRowTable::IdsOf(std::size_t row) const {
-    const RowDef& definition = m_rows[row];
-    if (definition.ids.value != 0)
-        return definition.ids;
-    const quint16 reg = RegisterOf(definition);
-    return {LabelId(reg), ValueId(reg), UnitId(reg), MinimumId(reg), MaximumId(reg)};
+CRow* CRowTable::Find(quint16 reg) const {
+    const auto row = std::ranges::find(m_rows, reg, [](const auto& r) { return r->GetRegister(); });
+    return row == m_rows.end() ? nullptr : row->get();
 }
 
 } // namespace krt550

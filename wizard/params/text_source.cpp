@@ -4,28 +4,45 @@
 
 namespace krt550 {
 
-bool HasValueTexts(TextSource source, const QString& registerText) {
+bool HasValueTexts(TextSource source, quint16 reg) {
     CWizardTextStore& store = CWizardTextStore::Instance();
-    return source == TextSource::WizardFile ? store.HasValueTexts(registerText)
-                                            : store.HasConfigurableValueTexts(registerText);
+    return source == TextSource::WizardFile ? store.HasValueTexts(QString::number(reg))
+                                            : store.HasConfigurableValueTexts(QString::number(reg));
 }
 
-bool FindValueText(TextSource source, const QString& registerText, quint16 value, QString& text) {
+bool FindValueText(TextSource source, quint16 reg, quint16 value, QString& text) {
     CWizardTextStore& store = CWizardTextStore::Instance();
-    return source == TextSource::WizardFile ? store.GetValueText(registerText, value, text)
-                                            : store.GetConfigurableValueText(registerText, value, text);
+    return source == TextSource::WizardFile ? store.GetValueText(QString::number(reg), value, text)
+                                            : store.GetConfigurableValueText(QString::number(reg), value, text);
 }
 
-QStringList AllValueTexts(TextSource source, const QString& registerText) {
+namespace {
+
+QList<ValueText> AllValues(TextSource source, quint16 reg) {
     CWizardTextStore& store = CWizardTextStore::Instance();
     QList<ValueText> values;
     if (source == TextSource::WizardFile)
-        store.GetAllValueTexts(registerText, values);
+        store.GetAllValueTexts(QString::number(reg), values);
     else
-        store.GetAllConfigurableValueTexts(registerText, values);
+        store.GetAllConfigurableValueTexts(QString::number(reg), values);
+    return values;
+}
+
+} // namespace
+
+bool FindValueOfText(TextSource source, quint16 reg, const QString& text, quint16& value) {
+    for (const ValueText& entry : AllValues(source, reg))
+        if (entry.text == text) {
+            value = entry.value;
+            return true;
+        }
+    return false;
+}
+
+QStringList AllValueTexts(TextSource source, quint16 reg) {
     QStringList texts;
-    for (const ValueText& value : values)
-        texts.append(value.text);
+    for (const ValueText& entry : AllValues(source, reg))
+        texts.append(entry.text);
     return texts;
 }
 

@@ -1,5 +1,6 @@
 #include "wizard/params/validation.h"
 
+#include "hostlib/tolvbo32/dtoa.h"
 #include "hostlib/tolvbo32/parameter.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
@@ -38,6 +39,25 @@ bool Refuse(const QString& message) {
     return false;
 }
 
+/// What can be typed into the parameter: no more digits behind point or comma than it has, no second one (which would
+/// be a separator of thousands), nothing behind the number.
+bool ValidateFormat(const CParameter& parameter, const QString& typed) {
+    static const QRegularExpression number(QStringLiteral(R"(^\s*[+-]?(?:\d+(?:[.,](\d*))?|[.,](\d+))\s*$)"));
+    const QRegularExpressionMatch match = number.match(typed);
+    const int decimals = parameter.GetResolution();
+    const auto digits = match.capturedLength(1) + match.capturedLength(2);
+    if (typed.trimmed().isEmpty() || (match.hasMatch() && digits <= decimals))
+        return true;
+    const QString form =
+        decimals == 0 ? QStringLiteral("a whole number, such as 1500")
+                      : QStringLiteral("a number with at most %1 behind the point or comma, such as %2")
+                            .arg(decimals == 1 ? QStringLiteral("1 digit") : QStringLiteral("%1 digits").arg(decimals),
+                                 dtoa(12.5, decimals));
+    return Refuse(
+        QStringLiteral("For parameter %1 \"%2\" cannot be used.\nPlease input %3. Thousands are not separated.")
+            .arg(RegisterText(parameter), typed.trimmed(), form));
+}
+
 bool ValidateByDataType(const CParameter& parameter, double value) {
     if (parameter.GetDataType() == kUncheckedDataType)
         return true;
@@ -61,13 +81,14 @@ bool ValidateValueText(const CParameter* parameter, QString& text) {
         return true;
     const double minimum = parameter->GetMinValue();
     const double maximum = parameter->GetMaxValue();
+    const QString typed = text;
     text.replace(QLatin1Char(','), QLatin1Char('.'));
     const double value = LeadingNumber(text);
     if (minimum <= value && value <= maximum)
-        return true;
+        return ValidateFormat(*parameter, typed);
     if (minimum != 0 || maximum != 0)
-        return Refuse(MessageFor(kOutsideLimitsMessage, RegisterText(*parameter)));
-    return ValidateByDataType(*parameter, value);
+        return Refuse(MessageFor(kOutsideLimitsMessage, parameter->GetRegister()));
+    return ValidateByDataType(*parameter, value) && ValidateFormat(*parameter, typed);
 }
 
 bool ValidateControlValue(const CParameter* parameter, const QWidget* control) {

@@ -9,8 +9,9 @@ namespace krt550 {
 class CParameter;
 
 /// Checks a typed value against the parameter's limits or, when both are 0, its data type; a refusal is shown in an
-/// exclamation box. Any text is valid for a value list. Every "," in the text becomes ".". The number is read from the
-/// text's start, what follows it is ignored, and no number counts as 0. False for null.
+/// exclamation box. So is a text that the parameter cannot hold as it stands: too many decimals, separated thousands,
+/// something behind the number. Any text is valid for a value list, an empty one counts as 0. Every "," in the text
+/// becomes ".". False for null.
 bool ValidateValueText(const CParameter* parameter, QString& text);
 
 /// The same for a control's text, which stays as it is.

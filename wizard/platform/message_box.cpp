@@ -9,6 +9,7 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QMessageBox>
+#include <QSet>
 
 #include <algorithm>
 #include <utility>
@@ -29,6 +30,9 @@ struct HeldBox {
 
 std::vector<BoxHold::Tell> g_holds; ///< the innermost one last
 std::vector<HeldBox> g_held;
+
+int g_onceScopes = 0;
+QSet<QString> g_shownOnce;
 
 void Hold(const QString& text, MessageIcon icon, const QString& caption) {
     if (const BoxHold::Tell& tell = g_holds.back())
@@ -80,6 +84,11 @@ bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons button
             Hold(text, icon, caption);
         return false;
     }
+    if (g_onceScopes > 0 && buttons == MessageButtons::Ok) {
+        if (g_shownOnce.contains(text))
+            return true;
+        g_shownOnce.insert(text);
+    }
     ++g_count;
     QMessageBox box;
     box.setWindowTitle(caption.isEmpty() ? LoadText(kCaptionString) : caption);
@@ -108,6 +117,15 @@ BoxHold::~BoxHold() {
     g_holds.pop_back();
     if (g_holds.empty() && !g_held.empty())
         QMetaObject::invokeMethod(qApp, ShowHeldBoxes, Qt::QueuedConnection);
+}
+
+BoxOnce::BoxOnce() {
+    ++g_onceScopes;
+}
+
+BoxOnce::~BoxOnce() {
+    if (--g_onceScopes == 0)
+        g_shownOnce.clear();
 }
 
 bool AreBoxesHeld() {

@@ -27,7 +27,17 @@ public:
     BoxHold& operator=(const BoxHold&) = delete;
 };
 
-/// True inside a scope.
+/// Within the scope each text is shown once: a box without a question that would repeat an earlier one is answered with
+/// OK unseen. A scope inside another one adds nothing.
+class BoxOnce {
+public:
+    BoxOnce();
+    ~BoxOnce();
+    BoxOnce(const BoxOnce&) = delete;
+    BoxOnce& operator=(const BoxOnce&) = delete;
+};
+
+/// True inside a BoxHold.
 bool AreBoxesHeld();
 /// Shows what was kept back, in its order; does nothing inside a scope.
 void ShowHeldBoxes();

@@ -6,8 +6,6 @@
 namespace krt550 {
 namespace {
 
-constexpr int kHeadingHeight = 20;
-constexpr int kListWidth = 160;
 constexpr int kFirstPictureId = 60011;
 
 } // namespace
@@ -20,19 +18,6 @@ void AddAutotuningPictures(CLayoutBuilder& layout, std::span<const int> pictures
                     .kind = ControlKind::Picture,
                     .rect = {7, 6 + i * (height + 6), 102, height},
                     .picture = pictures[static_cast<std::size_t>(i)]});
-}
-
-int AddAutotuningRows(CLayoutBuilder& layout, int group, int y, const char* caption, std::span<const LayoutRow> rows,
-                      int step) {
-    const RowGroupStyle style{.columns = kPageColumns,
-                              .x = kAutotuningGroupX,
-                              .width = kAutotuningGroupWidth,
-                              .listWidth = kListWidth,
-                              .headings = 10,
-                              .firstRow = kHeadingHeight + 2,
-                              .step = step,
-                              .bottom = 4};
-    return layout.RowGroup(group, y, QString::fromLatin1(caption), rows, style) + 3;
 }
 
 void AddAutotuningRun(CLayoutBuilder& layout, int y) {

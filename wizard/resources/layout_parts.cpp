@@ -1,14 +1,15 @@
 #include "wizard/resources/layout_parts.h"
 
-#include "wizard/platform/row_ids.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/string_table.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace krt550 {
 namespace {
 
 constexpr int kRowHeight = 14;
-constexpr int kTextHeight = 14;
 
 } // namespace
 
@@ -39,55 +40,31 @@ CLayoutBuilder& CLayoutBuilder::Headings(int k, int y, const RowColumns& columns
     return *this;
 }
 
-CLayoutBuilder& CLayoutBuilder::EditRow(quint16 reg, const QString& label, int y, const RowColumns& columns) {
-    Add({.id = LabelId(reg),
-         .rect = {columns.label, y, columns.labelWidth, kTextHeight},
-         .text = label,
-         .buddy = ValueId(reg)});
-    Add({.id = ValueId(reg),
-         .kind = ControlKind::Edit,
-         .rect = {columns.value, y, columns.valueWidth, kRowHeight},
-         .reg = reg});
-    Add({.id = UnitId(reg), .rect = {columns.unit, y, columns.unitWidth, kTextHeight}});
-    Add({.id = MinimumId(reg), .rect = {columns.minimum, y, columns.limitWidth, kTextHeight}});
-    return Add({.id = MaximumId(reg), .rect = {columns.maximum, y, columns.limitWidth, kTextHeight}});
-}
-
-CLayoutBuilder& CLayoutBuilder::ListRow(quint16 reg, const QString& label, int y, const RowColumns& columns,
-                                        int listWidth) {
-    Add({.id = LabelId(reg),
-         .rect = {columns.label, y, columns.labelWidth, kTextHeight},
-         .text = label,
-         .buddy = ValueId(reg)});
-    return Add({.id = ValueId(reg),
-                .kind = ControlKind::DropDown,
-                .rect = {columns.value, y, listWidth, kRowHeight},
-                .reg = reg});
-}
-
-CLayoutBuilder& CLayoutBuilder::DisplayRow(quint16 reg, const QString& label, int y, const RowColumns& columns,
-                                           int valueWidth) {
-    Add({.id = LabelId(reg), .rect = {columns.label, y, columns.labelWidth, kTextHeight}, .text = label});
-    return Add({.id = ValueId(reg), .rect = {columns.value, y, valueWidth, kTextHeight}, .reg = reg});
-}
-
-int CLayoutBuilder::RowGroup(int k, int y, const QString& caption, std::span<const LayoutRow> rows,
-                             const RowGroupStyle& style) {
-    const int height = style.firstRow + static_cast<int>(rows.size()) * style.step + style.bottom;
-    Group(k, {style.x, y, style.width, height}, caption);
-    Headings(k, y + style.headings, style.columns);
-    int rowY = y + style.firstRow;
-    for (const LayoutRow& row : rows) {
-        const QString label = QString::fromLatin1(row.label);
-        if (row.kind == LayoutRowKind::Edit)
-            EditRow(row.reg, label, rowY, style.columns);
-        else if (row.kind == LayoutRowKind::List)
-            ListRow(row.reg, label, rowY, style.columns, style.listWidth);
-        else
-            DisplayRow(row.reg, label, rowY, style.columns, style.listWidth);
-        rowY += style.step;
-    }
-    return y + height;
+CLayoutBuilder& CLayoutBuilder::Row(const RowDef& row, int y, const RowColumns& columns, int listWidth) {
+    const RowIds ids = IdsOf(row);
+    const bool display = row.kind == RowKind::Display;
+    const QString label = *row.label ? QString::fromLatin1(row.label) : row.reg ? QString::number(row.reg) : QString();
+    const auto part = [&](int id, ControlKind kind, int x, int width) {
+        const bool value = id == ids.value || id == ids.list;
+        if (id != 0)
+            Add({.id = id,
+                 .kind = kind,
+                 .rect = {x, y, width, kRowHeight},
+                 .text = id == ids.label ? label : QString(),
+                 .buddy = id == ids.label && !display ? ids.value : 0,
+                 .reg = value ? row.reg : quint16{0}});
+    };
+    const bool wide = row.kind == RowKind::List || (display && !HasUnit(row));
+    const ControlKind valueKind = display                     ? ControlKind::Label
+                                  : row.kind == RowKind::List ? ControlKind::DropDown
+                                                              : ControlKind::Edit;
+    part(ids.label, ControlKind::Label, columns.label, columns.labelWidth);
+    part(ids.value, valueKind, columns.value, wide ? listWidth : columns.valueWidth);
+    part(ids.list, ControlKind::DropDown, columns.value, listWidth);
+    part(ids.unit, ControlKind::Label, columns.unit, columns.unitWidth);
+    part(ids.minimum, ControlKind::Label, columns.minimum, columns.limitWidth);
+    part(ids.maximum, ControlKind::Label, columns.maximum, columns.limitWidth);
+    return *this;
 }
 
 CLayoutBuilder& CLayoutBuilder::BottomRow(bool withDigits, int resetX) {
@@ -112,6 +89,60 @@ CLayoutBuilder& CLayoutBuilder::BottomRow(bool withDigits, int resetX) {
     button(kIdNext, 393, 33, ControlKind::DefaultButton);
     button(kIdCancelPage, 448, 36);
     return *this;
+}
+
+CRowStack::CRowStack(CLayoutBuilder& layout, const PageRows& rows, const RowGroupStyle& style, int top, int bottom,
+                     int others)
+    : m_layout(layout), m_rows(rows), m_style(style), m_y(top), m_step(style.step) {
+    int fixed = others;
+    int count = 0;
+    for (const RowGroupDef& group : rows.groups) {
+        fixed += FirstRow(group) + style.bottom + style.gap;
+        count += static_cast<int>(group.rows.size());
+        for (const RowDef& row : group.rows)
+            fixed += row.above;
+    }
+    if (count > 0)
+        m_step = std::min(style.step, (bottom - top + style.gap - fixed) / count);
+}
+
+int CRowStack::FirstRow(const RowGroupDef& group) const {
+    return group.headings ? m_style.firstRow : m_style.firstRowAlone;
+}
+
+void CRowStack::AddGroup(const std::function<void(int y)>& addAbove) {
+    const RowGroupDef& group = m_rows.groups[m_nextGroup++];
+    const int number = m_number++;
+    int height = FirstRow(group) + m_style.bottom + static_cast<int>(group.rows.size()) * m_step;
+    for (const RowDef& row : group.rows)
+        height += row.above;
+    if (*group.caption)
+        m_layout.Group(number, {m_style.x, m_y, m_style.width, height}, QString::fromLatin1(group.caption));
+    if (group.headings)
+        m_layout.Headings(number, m_y + m_style.headings, m_style.columns);
+    int y = m_y + FirstRow(group);
+    for (const RowDef& row : group.rows) {
+        if (row.above > 0 && addAbove)
+            addAbove(y);
+        y += row.above;
+        m_layout.Row(row, y, m_style.columns, m_style.listWidth);
+        y += m_step;
+    }
+    m_y += height + m_style.gap;
+}
+
+void CRowStack::AddGroups(std::size_t count) {
+    while (count-- > 0)
+        AddGroup();
+}
+
+int CRowStack::AddSpace(int height) {
+    return std::exchange(m_y, m_y + height);
+}
+
+int CRowStack::AddFrame(int height, const QString& caption) {
+    m_layout.Group(m_number++, {m_style.x, m_y, m_style.width, height}, caption);
+    return AddSpace(height + m_style.gap);
 }
 
 } // namespace krt550

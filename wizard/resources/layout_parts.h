@@ -1,8 +1,9 @@
 #pragma once
 
 #include "wizard/platform/dialog_layout.h"
+#include "wizard/platform/row_groups.h"
 
-#include <span>
+#include <functional>
 
 namespace krt550 {
 
@@ -34,26 +35,33 @@ inline constexpr RowColumns kPageColumns = {.label = 122,
                                             .maximum = 432,
                                             .limitWidth = 60};
 
-enum class LayoutRowKind { Edit, List, Display };
-
-/// One parameter row of a layout.
-struct LayoutRow {
-    quint16 reg;
-    const char* label;
-    LayoutRowKind kind = LayoutRowKind::Edit;
-};
-
-/// Where the parts of a group of rows lie.
+/// How the groups of rows of a window are drawn.
 struct RowGroupStyle {
     RowColumns columns;
-    int x;
+    int x; ///< of the frames
     int width;
     int listWidth;
-    int headings; ///< y of the headings, from the group's top
-    int firstRow; ///< y of the first row
-    int step;     ///< from row to row
-    int bottom;   ///< below the last row's step
+    int headings;      ///< y of the headings, from the group's top
+    int firstRow;      ///< y of the first row below headings
+    int firstRowAlone; ///< y of the first row without headings
+    int step;          ///< from row to row at most; less where the window is full
+    int bottom;        ///< below the last row's step
+    int gap;           ///< between groups
 };
+
+/// Groups of rows on a page with pictures on its left, and where they may lie above the page's bottom row.
+inline constexpr RowGroupStyle kPageStyle{.columns = kPageColumns,
+                                          .x = 115,
+                                          .width = 383,
+                                          .listWidth = 160,
+                                          .headings = 10,
+                                          .firstRow = 22,
+                                          .firstRowAlone = 12,
+                                          .step = 17,
+                                          .bottom = 4,
+                                          .gap = 3};
+inline constexpr int kRowsTop = 4;
+inline constexpr int kRowsBottom = 279;
 
 /// Builds the layout of a page from parts.
 class CLayoutBuilder {
@@ -65,14 +73,8 @@ public:
     CLayoutBuilder& Group(int k, const DialogRect& rect, const QString& caption);
     /// Headings "Actual", "Unit", "Min", "Max" of group `k`.
     CLayoutBuilder& Headings(int k, int y, const RowColumns& columns);
-    /// Label, edit, unit, minimum and maximum of a register.
-    CLayoutBuilder& EditRow(quint16 reg, const QString& label, int y, const RowColumns& columns);
-    /// Label and drop-down list of a register.
-    CLayoutBuilder& ListRow(quint16 reg, const QString& label, int y, const RowColumns& columns, int listWidth);
-    /// Label and value static of a register that is only shown.
-    CLayoutBuilder& DisplayRow(quint16 reg, const QString& label, int y, const RowColumns& columns, int valueWidth);
-    /// Group box number `k` with headings and rows; returns the y of its bottom.
-    int RowGroup(int k, int y, const QString& caption, std::span<const LayoutRow> rows, const RowGroupStyle& style);
+    /// The controls of one row, all hidden ones included.
+    CLayoutBuilder& Row(const RowDef& row, int y, const RowColumns& columns, int listWidth);
     /// Bottom row of every page; the digits of the steps only where `withDigits`.
     CLayoutBuilder& BottomRow(bool withDigits, int resetX = 266);
 
@@ -80,6 +82,34 @@ public:
 
 private:
     DialogLayout m_layout;
+};
+
+/// Stacks the groups of a table of rows from top to bottom, with room for other controls in between. Heights, gaps and
+/// frames follow from the rows; when there are too many for the style's step, they move together.
+class CRowStack {
+public:
+    /// The stack lies between `top` and `bottom`; `others` is what AddSpace and AddFrame will take of it in all.
+    CRowStack(CLayoutBuilder& layout, const PageRows& rows, const RowGroupStyle& style, int top, int bottom,
+              int others = 0);
+
+    /// The next group of the table. `addAbove` adds what stands in the free room above a row, given its y.
+    void AddGroup(const std::function<void(int y)>& addAbove = {});
+    void AddGroups(std::size_t count);
+    /// Free room between the groups; returns its y.
+    int AddSpace(int height);
+    /// The same inside a frame, which counts as a group of its own (GroupId); the gap below comes on top of the height.
+    int AddFrame(int height, const QString& caption);
+
+private:
+    int FirstRow(const RowGroupDef& group) const;
+
+    CLayoutBuilder& m_layout;
+    const PageRows& m_rows;
+    const RowGroupStyle& m_style;
+    int m_y;
+    int m_step;
+    int m_number = 0; ///< of the next frame
+    std::size_t m_nextGroup = 0;
 };
 
 } // namespace krt550

@@ -2,34 +2,45 @@
 #include "wizard/resources/autotuning_parts.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/layouts.h"
+#include "wizard/resources/page_rows.h"
 
 namespace krt550 {
 namespace {
 
-constexpr int kRowStep = 17;
+constexpr RowDef kGeneral[] = {{.reg = 9904}, {.reg = 2001}, {.reg = 2002}, {.reg = 2201}, {.reg = 2202}};
+constexpr RowDef kFilters[] = {{.reg = 2306}, {.reg = 2311}, {.reg = 5006}};
+constexpr RowDef kLimits[] = {{.reg = 2003}, {.reg = 2005}, {.reg = 2006}, {.reg = 2012}, {.reg = 2013}};
+constexpr RowDef kChanged[] = {{.reg = 2403}, {.reg = 2409}};
+constexpr RowGroupDef kGeneralGroups[] = {{.rows = kGeneral}};
+constexpr RowGroupDef kFilterGroups[] = {{.rows = kFilters}};
+constexpr RowGroupDef kLimitGroups[] = {{.rows = kLimits}};
+constexpr RowGroupDef kChangedGroups[] = {{.caption = "Changed parameters", .rows = kChanged}};
+static_assert(IsSound(kGeneralGroups) && IsSound(kFilterGroups) && IsSound(kLimitGroups) && IsSound(kChangedGroups));
+
 constexpr int kTabWidth = 379;
-constexpr int kTabHeight = 18 + 5 * kRowStep;
+constexpr int kTabHeight = 103;
 /// From the page's left edge to the tabs'.
-constexpr int kTabX = kAutotuningGroupX + 2;
+constexpr int kTabX = kPageStyle.x + 2;
 /// Tabs, page and frame.
 constexpr int kSheetHeight = kTabHeight + 16;
+constexpr int kSheetTop = 8;
+constexpr int kRunHeight = 66;
 
-/// The page's columns, seen from the tab.
-constexpr RowColumns TabColumns() {
-    RowColumns columns = kPageColumns;
-    for (int* x : {&columns.label, &columns.value, &columns.unit, &columns.minimum, &columns.maximum})
+/// The page's columns, seen from the tab; a tab has no frame of its own.
+constexpr RowGroupStyle TabStyle() {
+    RowGroupStyle style = kPageStyle;
+    for (int* x : {&style.columns.label, &style.columns.value, &style.columns.unit, &style.columns.minimum,
+                   &style.columns.maximum})
         *x -= kTabX;
-    return columns;
+    style.headings = 3;
+    style.firstRow = 14;
+    return style;
 }
 
-DialogLayout Tab(int number, std::span<const LayoutRow> rows) {
-    CLayoutBuilder layout(number, kTabWidth, kTabHeight);
-    layout.Headings(0, 3, TabColumns());
-    int y = 14;
-    for (const LayoutRow& row : rows) {
-        layout.EditRow(row.reg, QString::fromLatin1(row.label), y, TabColumns());
-        y += kRowStep;
-    }
+DialogLayout Tab(const PageRows& rows) {
+    CLayoutBuilder layout(rows.layout, kTabWidth, kTabHeight);
+    constexpr RowGroupStyle kStyle = TabStyle();
+    CRowStack(layout, rows, kStyle, 0, kTabHeight).AddGroup();
     return layout.Take();
 }
 
@@ -50,45 +61,37 @@ int AddSlider(CLayoutBuilder& layout, int y) {
 
 } // namespace
 
+constinit const PageRows kSpeedControllerRows{.layout = 111, .groups = kChangedGroups};
+constinit const PageRows kSpeedGeneralRows{.layout = 10056, .groups = kGeneralGroups};
+constinit const PageRows kSpeedFiltersRows{.layout = 10057, .groups = kFilterGroups};
+constinit const PageRows kSpeedLimitsRows{.layout = 10058, .groups = kLimitGroups};
+
 DialogLayout SpeedControllerLayout() {
     static constexpr int kPictures[] = {10024, 10025, 10026};
-    static constexpr LayoutRow kChanged[] = {{2403, "P-gain speed controller"}, {2409, "I-time speed controller"}};
     CLayoutBuilder layout(111, kPageWidth, kPageHeight);
     AddAutotuningPictures(layout, kPictures);
-    int y = 8;
+    const int above = kSheetHeight + kPageStyle.gap;
+    CRowStack stack(layout, kSpeedControllerRows, kPageStyle, kSheetTop, kRowsBottom,
+                    above + kRunHeight + kPageStyle.gap);
     layout.Add({.id = kIdTabPlaceholder,
                 .kind = ControlKind::Placeholder,
-                .rect = {kAutotuningGroupX + 4, y, kAutotuningGroupWidth - 4, kSheetHeight}});
-    y += kSheetHeight + 3;
-    layout.Group(1, {kAutotuningGroupX, y, kAutotuningGroupWidth, 66},
-                 QStringLiteral("Autotuning speed controller step response"));
-    AddAutotuningRun(layout, AddSlider(layout, y + 13));
-    AddAutotuningRows(layout, 2, y + 69, "Changed parameters", kChanged, kRowStep);
+                .rect = {kPageStyle.x + 4, stack.AddSpace(above), kPageStyle.width - 4, kSheetHeight}});
+    const int run = stack.AddFrame(kRunHeight, QStringLiteral("Autotuning speed controller step response"));
+    AddAutotuningRun(layout, AddSlider(layout, run + 13));
+    stack.AddGroup();
     return layout.BottomRow(true).Take();
 }
 
 DialogLayout SpeedGeneralTabLayout() {
-    static constexpr LayoutRow kRows[] = {{9904, "Motor 1 base speed"},
-                                          {2001, "Motor 1 minimum speed"},
-                                          {2002, "Motor 1 maximum speed"},
-                                          {2201, "Acceleration time 1"},
-                                          {2202, "Deceleration time 1"}};
-    return Tab(10056, kRows);
+    return Tab(kSpeedGeneralRows);
 }
 
 DialogLayout SpeedFiltersTabLayout() {
-    static constexpr LayoutRow kRows[] = {
-        {2306, "Speed error filter time"}, {2311, "Speed reference filter time"}, {5006, "Speed feedback filter time"}};
-    return Tab(10057, kRows);
+    return Tab(kSpeedFiltersRows);
 }
 
 DialogLayout SpeedLimitsTabLayout() {
-    static constexpr LayoutRow kRows[] = {{2003, "Zero speed limit"},
-                                          {2005, "Torque maximum"},
-                                          {2006, "Torque minimum"},
-                                          {2012, "Motor 1 current limit bridge 1"},
-                                          {2013, "Motor 1 current limit bridge 2"}};
-    return Tab(10058, kRows);
+    return Tab(kSpeedLimitsRows);
 }
 
 } // namespace krt550

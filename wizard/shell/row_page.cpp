@@ -9,8 +9,8 @@
 
 namespace krt550 {
 
-CRowPage::CRowPage(int layoutNumber, QString helpTopic, std::span<const RowDef> rows)
-    : CWizardPropertyPage(layoutNumber, std::move(helpTopic)), m_rows(*this, rows) {}
+CRowPage::CRowPage(const PageRows& rows, QString helpTopic, TextSource source)
+    : CWizardPropertyPage(rows.layout, std::move(helpTopic)), m_rows(*this, rows, source) {}
 
 CRowPage::~CRowPage() = default;
 
@@ -35,18 +35,23 @@ bool CRowPage::LoadParameters() {
     EnableControl(GetDlgItem(kIdNext), true);
     m_rows.AttachToolTips([this](int label, const QString& text) { AddToolTip(label, text); });
     CParameterGroup* root = GetPageParameterRoot(GetSheet());
-    if (!root)
+    if (m_tabs)
+        m_tabs->setEnabled(root != nullptr);
+    if (!root) {
+        m_rows.Unbind();
         return false;
+    }
     // Before the rows: a tab that comes to the front empties the update list.
     if (m_tabs)
         m_tabs->Load(GetSheet(), root);
     QString errors;
     const bool bound = BindRows(root, errors);
-    // Filling the controls raised change notifications.
+    // What was typed on a tab that is not in front is given up as well.
     ClearChanged();
-    const bool refreshed = errors.isEmpty() || ReportLoadErrors(errors);
+    if (!errors.isEmpty())
+        ReportLoadErrors(errors);
     StopParameterUpdate(*this, m_updateTimer);
-    if (bound && refreshed)
+    if (m_rows.StartsUpdate(bound, errors))
         m_updateTimer = StartParameterUpdate(*this, GetStepNumber());
     return bound;
 }
@@ -55,9 +60,8 @@ bool CRowPage::BindRows(CParameterGroup* root, QString& errors) {
     return m_rows.Bind(root, errors);
 }
 
-bool CRowPage::ReportLoadErrors(const QString& errors) {
+void CRowPage::ReportLoadErrors(const QString& errors) {
     AppendPendingMessage(errors);
-    return false;
 }
 
 bool CRowPage::LeavePage() {
@@ -73,7 +77,7 @@ void CRowPage::OnTimer(int id) {
 }
 
 void CRowPage::UpdateValues() {
-    UpdateParameters(*this, m_updateTimer);
+    UpdateParameters(*this, m_updateTimer, m_rows.GetSource());
     if (m_tabs)
         m_tabs->Update(m_updateTimer);
 }

@@ -16,8 +16,8 @@ class CRowPage : public CWizardPropertyPage {
     Q_OBJECT
 
 public:
-    /// `rows` outlives the page.
-    CRowPage(int layoutNumber, QString helpTopic, std::span<const RowDef> rows);
+    /// `rows` outlives the page. `source` is where its values get their texts from.
+    CRowPage(const PageRows& rows, QString helpTopic, TextSource source = TextSource::WizardFile);
     ~CRowPage() override;
 
     bool ApplyParameters() override;
@@ -27,9 +27,8 @@ public:
 protected:
     /// Binds what the page shows; false keeps the update timer from starting.
     virtual bool BindRows(CParameterGroup* root, QString& errors);
-    /// What becomes of a load's errors: the base has them shown once the page is visible, and nothing refreshed.
-    /// Returns whether the page is refreshed cyclically all the same.
-    virtual bool ReportLoadErrors(const QString& errors);
+    /// What becomes of a load's errors: the base has them shown once the page is visible.
+    virtual void ReportLoadErrors(const QString& errors);
 
     /// Writes what was changed: the rows, then the tabs in their order; each is attempted.
     virtual bool WriteRows();
@@ -46,7 +45,6 @@ protected:
     void OnDestroy() override { OnButtonCancel(); }
 
     CRowTable& GetRows() { return m_rows; }
-    bool IsUpdating() const { return m_updateTimer != 0; }
 
 private:
     CRowTable m_rows;

@@ -3,6 +3,7 @@
 #include "hostlib/host_drive.h"
 #include "wizard/motor/make_safe.h"
 #include "wizard/params/cyclic_update.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
@@ -95,7 +96,7 @@ bool CWizardPropertyPage::OnInitDialog() {
 
 bool CWizardPropertyPage::OnSetActive() {
     ClearUpdateList();
-    LoadParameters();
+    Load();
     if (m_sheet)
         m_sheet->SetTitle(m_title);
     return CPropertyPage::OnSetActive();
@@ -139,7 +140,7 @@ void CWizardPropertyPage::OnButtonNext() {
     if (!m_sheet)
         return;
     const CWaitCursor wait;
-    if (!ApplyParameters())
+    if (!Apply())
         return;
     SetStepState(m_step, StepState::Done);
     if (IsLastPage())
@@ -158,7 +159,17 @@ void CWizardPropertyPage::OnButtonBack() {
 
 void CWizardPropertyPage::OnButtonApply() {
     const CWaitCursor wait;
-    ApplyParameters();
+    Apply();
+}
+
+bool CWizardPropertyPage::Apply() {
+    const FailurePass pass;
+    return ApplyParameters();
+}
+
+void CWizardPropertyPage::Load() {
+    const FailurePass pass;
+    LoadParameters();
 }
 
 void CWizardPropertyPage::OnButtonCancel() {

@@ -89,6 +89,9 @@ protected:
 private:
     /// Sets what a common button does; nothing while a stop waits to be confirmed.
     void HandleButton(int id, void (CWizardPropertyPage::*press)());
+    // The hooks, with what fails in them told once.
+    bool Apply();
+    void Load();
 
     CSheetWizard* m_sheet = nullptr;
     int m_step = kNoPage;

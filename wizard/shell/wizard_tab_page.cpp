@@ -1,6 +1,7 @@
 #include "wizard/shell/wizard_tab_page.h"
 
 #include "wizard/params/cyclic_update.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/platform/tool_tip.h"
 #include "wizard/platform/wait_cursor.h"
 
@@ -29,23 +30,25 @@ bool CWizardTabPage::OnInitDialog() {
 bool CWizardTabPage::OnSetActive() {
     const CWaitCursor wait;
     ClearUpdateList();
-    LoadParameters();
+    {
+        const FailurePass pass;
+        LoadParameters();
+    }
     CPropertyPage::OnSetActive();
     return true;
 }
 
-CRowTabPage::CRowTabPage(int layoutNumber, std::span<const RowDef> rows)
-    : CWizardTabPage(layoutNumber), m_rows(*this, rows) {}
+CRowTabPage::CRowTabPage(const PageRows& rows) : CWizardTabPage(rows.layout), m_rows(*this, rows) {}
 
 bool CRowTabPage::LoadParameters() {
     const CWaitCursor wait;
     m_rows.AttachToolTips([this](int label, const QString& text) { AddToolTip(label, text); });
-    if (!GetParameterRoot())
+    if (!GetParameterRoot()) {
+        m_rows.Unbind();
         return false;
+    }
     QString errors;
     const bool bound = BindRows(GetParameterRoot(), errors);
-    // Filling the controls raised change notifications, and what was typed is gone.
-    m_rows.Unmark();
     SetLoaded();
     if (!errors.isEmpty())
         ReportLoadErrors(errors);

@@ -52,7 +52,7 @@ class CRowTabPage : public CWizardTabPage {
 
 public:
     /// `rows` outlives the tab.
-    CRowTabPage(int layoutNumber, std::span<const RowDef> rows);
+    explicit CRowTabPage(const PageRows& rows);
 
     bool LoadParameters() override;
     bool ApplyParameters() override;

@@ -19,7 +19,7 @@
 namespace krt550 {
 
 CAutotuningPage::CAutotuningPage(const AutotuningPageDef& definition)
-    : CRowPage(definition.layout, QString::fromUtf16(definition.helpTopic), definition.rows), m_definition(definition) {
+    : CRowPage(definition.rows, QString::fromUtf16(definition.helpTopic)), m_definition(definition) {
     Handle(kIdAutotuningStart, ControlEvent::Clicked, [this] { OnButtonStart(); });
     Handle(kIdAutotuningDiagnosis, ControlEvent::Clicked, [this] { OnButtonDiagnosis(); });
 }
@@ -34,24 +34,25 @@ bool CAutotuningPage::LoadParameters() {
 }
 
 bool CAutotuningPage::BindRows(CParameterGroup* root, QString& errors) {
-    const std::size_t before = std::min(m_definition.rowsBeforeCondition, GetRows().size());
-    const bool conditionLast = m_definition.rowsBeforeCondition > GetRows().size();
+    const ConditionAfter condition = m_definition.condition;
+    const std::size_t before =
+        condition == ConditionAfter::GeneralRows ? GetRows().GetFirstOfLastGroup() : GetRows().size();
     bool bound = GetRows().Bind(root, errors, 0, before);
-    if (!conditionLast)
+    if (condition != ConditionAfter::LookUps)
         bound = EvaluateStartCondition(root) && bound;
     bound = GetRows().Bind(root, errors, before, GetRows().size() - before) && bound;
     LookUpReferences(root);
-    if (conditionLast)
+    if (condition == ConditionAfter::LookUps)
         bound = EvaluateStartCondition(root) && bound;
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
     return bound;
 }
 
 void CAutotuningPage::LookUpReferences(CParameterGroup* root) {
-    m_serviceMode = FindParameter(root, QStringLiteral("9906"));
+    m_serviceMode = FindParameter(root, 9906);
     if (m_definition.variant.showsProgress)
-        m_progress = FindParameter(root, QStringLiteral("424"));
-    m_diagnosis = FindParameter(root, QStringLiteral("911"));
+        m_progress = FindParameter(root, 424);
+    m_diagnosis = FindParameter(root, 911);
 }
 
 bool CAutotuningPage::EvaluateStartCondition(CParameterGroup* root) {
@@ -75,7 +76,8 @@ bool CAutotuningPage::CancelPage() {
 }
 
 void CAutotuningPage::RereadResults() {
-    GetRows().Reread(m_definition.firstResult, GetRows().size() - m_definition.firstResult);
+    const std::size_t first = GetRows().GetFirstOfLastGroup();
+    GetRows().Reread(first, GetRows().size() - first);
 }
 
 void CAutotuningPage::OnButtonStart() {

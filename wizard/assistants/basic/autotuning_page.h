@@ -19,15 +19,19 @@ struct AutotuningVariant {
     MessageIcon diagnosisIcon = MessageIcon::None; ///< of the box for a failed read behind the Diagnosis button
 };
 
-/// An autotuning page: its variant, its rows and which of them the run changes.
+/// When a load evaluates the start condition.
+enum class ConditionAfter {
+    GeneralRows, ///< before the results are bound
+    AllRows,
+    LookUps ///< of what the run needs
+};
+
+/// An autotuning page: its variant and its rows; the last group is what the run changes.
 struct AutotuningPageDef {
-    int layout;
     const char16_t* helpTopic;
     AutotuningVariant variant;
-    std::span<const RowDef> rows; ///< in binding order
-    std::size_t firstResult;      ///< the rows from here on are the results of the run
-    /// The start condition is evaluated after so many rows are bound; more than there are: after all look-ups.
-    std::size_t rowsBeforeCondition;
+    const PageRows& rows;
+    ConditionAfter condition = ConditionAfter::LookUps;
 };
 
 /// A page that has the drive tune itself. The run happens inside the Start button's handler: it puts the drive into a
@@ -46,7 +50,7 @@ public:
 
 protected:
     bool BindRows(CParameterGroup* root, QString& errors) override;
-    bool ReportLoadErrors(const QString&) override { return true; }
+    void ReportLoadErrors(const QString&) override {}
     /// Reads the results into their rows.
     virtual void RereadResults();
 

@@ -10,10 +10,6 @@ class CPageAutotuningFieldCurrent : public CAutotuningPage {
 
 public:
     CPageAutotuningFieldCurrent();
-
-protected:
-    bool BindRows(CParameterGroup* root, QString& errors) override;
-    void OnTimer(int id) override;
 };
 
 } // namespace krt550

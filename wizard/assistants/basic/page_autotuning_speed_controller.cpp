@@ -1,11 +1,13 @@
 #include "wizard/assistants/basic/page_autotuning_speed_controller.h"
 
 #include "hostlib/tolvbo32/parameter.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/resources.h"
 #include "wizard/platform/slider.h"
 #include "wizard/platform/wait_cursor.h"
 #include "wizard/resources/control_ids.h"
+#include "wizard/resources/page_rows.h"
 #include "wizard/shell/sheet_wizard.h"
 #include "wizard/shell/wizard_tab_sheet.h"
 #include "wizard/texts/wizard_text_store.h"
@@ -16,20 +18,10 @@
 namespace krt550 {
 namespace {
 
-constexpr RowDef kGeneralRows[] = {{"9904"}, {"2001"}, {"2002"}, {"2201"}, {"2202"}};
-constexpr RowDef kLimitRows[] = {{"2003"}, {"2005"}, {"2006"}, {"2012"}, {"2013"}};
-constexpr RowDef kFilterRows[] = {{"2306"}, {"2311"}, {"5006"}};
-static_assert(HasUniqueRegisters(kGeneralRows) && HasUniqueRegisters(kLimitRows) && HasUniqueRegisters(kFilterRows));
-
-constexpr RowDef kRows[] = {{"2403"}, {"2409"}};
-
 constexpr AutotuningPageDef kPage = {
-    .layout = 111,
     .helpTopic = u"6.htm",
     .variant = {.mode = 4, .confirmation = 370, .success = 249, .step = 6, .judgesFirst = true},
-    .rows = kRows,
-    .firstResult = 0,
-    .rowsBeforeCondition = std::size(kRows) + 1,
+    .rows = kSpeedControllerRows,
 };
 
 constexpr QPoint kTabOffset(-6, -7);
@@ -42,7 +34,7 @@ constexpr int kDefaultSliderStep = 10;
 
 /// Sets and writes one value; a missing parameter is told of and passed over.
 bool WriteValue(CParameterGroup* root, const SliderValue& value) {
-    CParameter* parameter = FindParameter(root, QString::number(value.reg));
+    CParameter* parameter = FindParameter(root, value.reg);
     if (!parameter)
         return true;
     if (parameter->SetValue(value.value, false))
@@ -53,18 +45,17 @@ bool WriteValue(CParameterGroup* root, const SliderValue& value) {
 
 } // namespace
 
-CTabPageSetGeneralParameters::CTabPageSetGeneralParameters() : CRowTabPage(10056, kGeneralRows) {}
+CTabPageSetGeneralParameters::CTabPageSetGeneralParameters() : CRowTabPage(kSpeedGeneralRows) {}
 
-CTabPageSetLimits::CTabPageSetLimits() : CRowTabPage(10058, kLimitRows) {}
+CTabPageSetLimits::CTabPageSetLimits() : CRowTabPage(kSpeedLimitsRows) {}
 
-CTabPageSetFilters::CTabPageSetFilters() : CRowTabPage(10057, kFilterRows) {}
+CTabPageSetFilters::CTabPageSetFilters() : CRowTabPage(kSpeedFiltersRows) {}
 
 void CTabPageSetFilters::ShowDriveValues() {
     for (std::size_t row = 0; row < GetRows().size(); ++row)
         if (!GetRows().GetParameter(row))
             return;
     GetRows().Reread(0, GetRows().size());
-    GetRows().Unmark();
 }
 
 CPageAutotuningSpeedController::CPageAutotuningSpeedController()
@@ -75,6 +66,7 @@ CPageAutotuningSpeedController::CPageAutotuningSpeedController()
     tabs.AddTab(m_filters, LoadText(kFiltersLabel));
     Handle(kIdSpeedResponse, ControlEvent::Released, [this] {
         const CWaitCursor wait;
+        const FailurePass pass;
         ApplySlider();
     });
 }

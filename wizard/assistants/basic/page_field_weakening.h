@@ -10,9 +10,6 @@ class CPageFieldWeakening : public CAutotuningPage {
 
 public:
     CPageFieldWeakening();
-
-protected:
-    bool WriteRows() override;
 };
 
 } // namespace krt550

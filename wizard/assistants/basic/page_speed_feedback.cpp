@@ -18,6 +18,7 @@ namespace krt550 {
 namespace {
 
 constexpr int kStep = 5;
+constexpr PageRows kPage{.layout = 110};
 constexpr int kAutoTab = 44;
 constexpr int kManualTab = 47;
 constexpr QPoint kTabsOffset{-6, -7};
@@ -27,7 +28,7 @@ constexpr std::pair<int, quint16> kToolTips[] = {{kIdShownReference, 217}, {kIdS
 
 } // namespace
 
-CPageSpeedFeedback::CPageSpeedFeedback() : CRowPage(110, QStringLiteral("5.htm"), {}) {
+CPageSpeedFeedback::CPageSpeedFeedback() : CRowPage(kPage, QStringLiteral("5.htm")) {
     CWizardTabSheet& tabs = UseTabs(kIdTabPlaceholder, kTabsOffset);
     tabs.AddTab(m_auto, LoadText(kAutoTab));
     tabs.AddTab(m_manual, LoadText(kManualTab));
@@ -38,18 +39,16 @@ bool CPageSpeedFeedback::BindRows(CParameterGroup* root, QString& errors) {
         AddToolTip(label, CWizardTextStore::Instance().GetToolTip(reg));
     const struct {
         CParameter*& parameter;
-        const char* reg;
+        quint16 reg;
         int label; ///< 0: shown only when it is the chosen feedback's
-    } displays[] = {{m_reference, "218", kIdShownReference},
-                    {m_emf, "102", kIdShownEmf},
-                    {m_encoder, "103", 0},
-                    {m_tacho, "105", 0}};
+    } displays[] = {
+        {m_reference, 218, kIdShownReference}, {m_emf, 102, kIdShownEmf}, {m_encoder, 103, 0}, {m_tacho, 105, 0}};
     m_readsFailed = false;
     bool bound = true;
     for (const auto& display : displays) {
-        display.parameter = FindParameter(root, QString::fromLatin1(display.reg));
+        display.parameter = FindParameter(root, display.reg);
         if (display.parameter && display.label)
-            bound = BindDisplayRow(root, display.parameter, QString::fromLatin1(display.reg), GetDlgItem(display.label),
+            bound = BindDisplayRow(root, display.parameter, display.reg, GetDlgItem(display.label),
                                    GetDlgItem(display.label + kShownValue), errors,
                                    GetDlgItem(display.label + kShownUnit)) &&
                     bound;

@@ -26,7 +26,7 @@ bool StartConditionHolds(int step, CParameterGroup* root) {
         return true;
     QList<quint16> values;
     for (const quint16 reg : registers) {
-        CParameter* parameter = FindParameter(root, QString::number(reg));
+        CParameter* parameter = FindParameter(root, reg);
         if (!ReadParameter(parameter))
             return false;
         values.append(parameter->GetValue());

@@ -7,13 +7,13 @@
 #include "wizard/diagnosis/fault_record.h"
 #include "wizard/motor/make_safe.h"
 #include "wizard/motor/motor_run.h"
-#include "wizard/params/changed_registers.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
 #include "wizard/resources/control_ids.h"
+#include "wizard/resources/page_rows.h"
 
 #include <QProgressBar>
 #include <QScopedValueRollback>
@@ -24,15 +24,11 @@
 namespace krt550 {
 namespace {
 
-constexpr RowDef kRows[] = {{"5003", RowKind::List}, {"2001"}, {"2002"}, {"9902"}, {"9904"}, {"5004"},
-                            {"5002", RowKind::List}, {"5013"}, {"5012"}};
-static_assert(HasUniqueRegisters(kRows));
-
 constexpr int kConfirmation = 370;
 
 } // namespace
 
-CTabPageAuto::CTabPageAuto(CSpeedFeedbackOwner& page) : CRowTabPage(10063, kRows), m_page(page) {
+CTabPageAuto::CTabPageAuto(CSpeedFeedbackOwner& page) : CRowTabPage(kSpeedFeedbackAutoRows), m_page(page) {
     Handle(kIdAutotuningStart, ControlEvent::Clicked, [this] { OnButtonStart(); });
     Handle(kIdAutotuningDiagnosis, ControlEvent::Clicked,
            [this] { ShowDiagnosis(m_page.GetHostDrive(), MessageIcon::None); });
@@ -43,13 +39,11 @@ bool CTabPageAuto::LoadParameters() {
     MakeSafe(m_page.GetHostDrive(), {});
     const bool bound = CRowTabPage::LoadParameters();
     if (CParameterGroup* root = GetParameterRoot()) {
-        m_serviceMode = FindParameter(root, QStringLiteral("9906"));
-        m_progress = FindParameter(root, QStringLiteral("424"));
-        m_diagnosis = FindParameter(root, QStringLiteral("911"));
+        m_serviceMode = FindParameter(root, 9906);
+        m_progress = FindParameter(root, 424);
+        m_diagnosis = FindParameter(root, 911);
         EvaluateStartCondition();
         EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
-        // Filling the controls raised change notifications.
-        ClearChanged();
         StopParameterUpdate(*this, m_updateTimer);
         if (bound)
             StartTimer();

@@ -6,7 +6,6 @@
 #include "wizard/assistants/basic/speed_feedback_owner.h"
 #include "wizard/motor/make_safe.h"
 #include "wizard/motor/motor_run.h"
-#include "wizard/params/changed_registers.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/parameter_rows.h"
@@ -16,6 +15,7 @@
 #include "wizard/platform/row_ids.h"
 #include "wizard/platform/wait_cursor.h"
 #include "wizard/resources/control_ids.h"
+#include "wizard/resources/page_rows.h"
 #include "wizard/shell/strip_bitmap_button.h"
 #include "wizard/texts/wizard_text_store.h"
 
@@ -23,10 +23,6 @@
 
 namespace krt550 {
 namespace {
-
-constexpr RowDef kRows[] = {{"5003", RowKind::List},   {"2001"}, {"2002"}, {"9902"}, {"9904"}, {"5013"},
-                            {"425", RowKind::Display}, {"8827"}};
-static_assert(HasUniqueRegisters(kRows));
 
 constexpr std::size_t kRangeRow = 6;
 constexpr std::size_t kAdjustRow = 7;
@@ -57,7 +53,7 @@ constexpr int kControlRefused = 2010;
 
 } // namespace
 
-CTabPageTachoManual::CTabPageTachoManual(CSpeedFeedbackOwner& page) : CRowTabPage(10062, kRows), m_page(page) {
+CTabPageTachoManual::CTabPageTachoManual(CSpeedFeedbackOwner& page) : CRowTabPage(kTachoManualRows), m_page(page) {
     Handle(kIdStartMotor, ControlEvent::Clicked, [this] { StartMotor(); });
     Handle(kIdStopMotor, ControlEvent::Clicked, [this] { StopMotor(); });
     Handle(kIdCloseContactor, ControlEvent::Clicked, [this] { CloseContactor(); });
@@ -80,11 +76,6 @@ bool CTabPageTachoManual::LoadParameters() {
     const bool bound = CRowTabPage::LoadParameters();
     if (!GetParameterRoot())
         return bound;
-    const bool hasRange = GetRows().GetParameter(kRangeRow) != nullptr;
-    ShowControl(GetDlgItem(LabelId(425)), hasRange);
-    ShowControl(GetDlgItem(ValueId(425)), hasRange);
-    // Filling the controls raised change notifications.
-    ClearChanged();
     m_page.PostRefreshDisplays(kTachoFeedback);
     StopParameterUpdate(*this, m_updateTimer);
     m_updateTimer = StartParameterUpdate(*this, m_page.GetStep());

@@ -1,0 +1,79 @@
+#include "wizard/params/failure_pass.h"
+
+#include "hostlib/tolvbo32/parameter_group.h"
+#include "wizard/params/parameter_access.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace krt550 {
+namespace {
+
+constexpr int kNamesShown = 12;
+
+/// Failures that differ in nothing but the parameter.
+struct Cause {
+    QString key;
+    QString text; ///< of the first one
+    QStringList parameters;
+};
+
+int g_passes = 0;
+std::vector<Cause> g_causes;
+
+QString NameOf(const CParameterSet& parameter) {
+    return RegisterText(parameter) + QLatin1Char(' ') + parameter.GetName();
+}
+
+/// The library's text without what names the parameter.
+QString CauseOf(const CParameterSet& parameter, QString text) {
+    const CParameterGroup* parent = parameter.GetParent();
+    const QString group = parent ? parent->GetIndex() : QString();
+    for (const QString& name :
+         {parameter.GetName(), group + QLatin1Char('.') + parameter.GetIndex(), group + parameter.GetIndex()})
+        if (!name.isEmpty())
+            text.replace(name, QString());
+    return text;
+}
+
+void Tell(const Cause& cause) {
+    QString text = cause.text;
+    if (cause.parameters.size() > 1) {
+        text += QLatin1String("\n\nThe same happened with:\n") +
+                cause.parameters.mid(1, kNamesShown).join(QLatin1Char('\n'));
+        if (const auto further = cause.parameters.size() - 1 - kNamesShown; further > 0)
+            text += QStringLiteral("\nand %1 more").arg(further);
+    }
+    ShowMessageBox(text, MessageIcon::Stop);
+}
+
+} // namespace
+
+FailurePass::FailurePass() {
+    ++g_passes;
+}
+
+FailurePass::~FailurePass() {
+    if (--g_passes > 0)
+        return;
+    const std::vector<Cause> causes = std::exchange(g_causes, {});
+    for (const Cause& cause : causes)
+        Tell(cause);
+}
+
+bool FailurePass::Take(const CParameterSet& parameter, const QString& text) {
+    if (g_passes == 0)
+        return false;
+    const QString key = CauseOf(parameter, text);
+    auto cause = std::ranges::find(g_causes, key, &Cause::key);
+    if (cause == g_causes.end())
+        cause = g_causes.insert(cause, {key, text, {}});
+    if (const QString name = NameOf(parameter); !cause->parameters.contains(name))
+        cause->parameters.append(name);
+    return true;
+}
+
+} // namespace krt550
