@@ -1,6 +1,43 @@
+cmake_minimum_required(VERSION 3.25)
+
 # Compiles PROJECT with SOURCES (its topics, pictures, contents) into OUTPUT. The compiler writes into the folder it runs
 # in, names its output itself and does not always say when it failed: so it runs in a folder of its own, and what it
 # made is checked for every source.
+
+# Every link, picture and line of the contents leads to a source, and to a place in it that exists.
+set(broken "")
+foreach(source IN LISTS SOURCES)
+    if(NOT source MATCHES "\\.(htm|hhc)$")
+        continue()
+    endif()
+    cmake_path(GET source PARENT_PATH folder)
+    cmake_path(GET source FILENAME from)
+    file(READ ${source} text)
+    string(REGEX MATCHALL "[^a-z](href|src)=\"[^\"]*\"|name=\"Local\" value=\"[^\"]*\"" links "${text}")
+    foreach(link IN LISTS links)
+        string(REGEX REPLACE ".*=\"([^\"]*)\"$" "\\1" target "${link}")
+        string(REGEX REPLACE "#.*" "" file "${target}")
+        if(file STREQUAL "")
+            set(file ${from})
+        endif()
+        set(place "")
+        if(target MATCHES "#(.*)")
+            set(place "${CMAKE_MATCH_1}")
+        endif()
+        if(NOT ${folder}/${file} IN_LIST SOURCES)
+            string(APPEND broken "  ${from}: ${target} does not exist\n")
+        elseif(place)
+            file(READ ${folder}/${file} text_there)
+            if(NOT text_there MATCHES "(name|id)=\"${place}\"")
+                string(APPEND broken "  ${from}: ${target}: ${file} has no such place\n")
+            endif()
+        endif()
+    endforeach()
+endforeach()
+if(broken)
+    message(FATAL_ERROR "The help has links that lead nowhere:\n${broken}")
+endif()
+
 cmake_path(GET PROJECT STEM project)
 set(work ${OUTPUT}.work)
 file(REMOVE_RECURSE ${work})

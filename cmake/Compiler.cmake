@@ -1,4 +1,4 @@
-# One INTERFACE target carries the warnings and the sanitizers; every target of ours links it.
+# One INTERFACE target carries the warnings, the hardening and the sanitizers; every target of ours links it.
 add_library(krt550_options INTERFACE)
 target_compile_options(krt550_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 target_compile_definitions(krt550_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS)
@@ -6,6 +6,15 @@ target_include_directories(krt550_options INTERFACE ${PROJECT_SOURCE_DIR})
 
 if(KRT550_WERROR)
     target_compile_options(krt550_options INTERFACE -Werror)
+endif()
+
+# What makes an overrun end the program instead of changing its way, in builds that people use. Fortified calls need the
+# optimiser; the sanitizers bring checks of their own.
+if(NOT KRT550_SANITIZE)
+    set(used $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+    target_compile_options(krt550_options INTERFACE
+        $<${used}:-fstack-protector-strong> $<${used}:-U_FORTIFY_SOURCE> $<${used}:-D_FORTIFY_SOURCE=2>)
+    target_link_options(krt550_options INTERFACE $<${used}:-Wl,-z,relro,-z,now>)
 endif()
 
 if(KRT550_SANITIZE)

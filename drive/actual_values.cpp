@@ -13,38 +13,31 @@ namespace {
 
 constexpr double kRpm = 30 / std::numbers::pi;
 constexpr double kDegrees = 180 / std::numbers::pi;
-constexpr double kLeastFlux = 0.05; ///< without field the EMF tells nothing about the speed
-
 constexpr quint16 kFirstOutputIndex = 1401; ///< index and bit number in turn, for eight outputs
 constexpr int kOutputs = 8;
-
-double SpeedByEmf(const MotorState& state, const ActualValues& values, const DriveSettings& settings) {
-    if (std::abs(state.fieldCurrent) < kLeastFlux * settings.ratedFieldCurrent)
-        return 0;
-    return (state.armatureVoltage - values.resistance * state.armatureCurrent) / values.fluxConstant;
-}
 
 } // namespace
 
 void ShowActualValues(const MotorState& state, const ActualValues& values, const DriveSettings& settings,
                       CRegisterFile& registers) {
     const double current = state.armatureCurrent / settings.ratedCurrent * 100;
-    const double torque = state.torque / values.torqueAtFullFlux * 100;
+    const double flux = settings.fluxOfField(std::abs(state.fieldCurrent) / settings.ratedFieldCurrent);
+    const double torque = std::copysign(flux, state.fieldCurrent) * current;
     const double power = state.armatureVoltage * state.armatureCurrent;
     const double field = state.fieldCurrent / settings.ratedFieldCurrent;
     const double reference = state.currentReference / settings.ratedCurrent * 100;
     const double speedError = state.bridge ? state.speedReference - state.signals.used : 0;
     const std::pair<quint16, double> numbers[] = {
         {reg::kSpeedFiltered, values.filteredSpeed * kRpm},
-        {reg::kSpeedEmf, SpeedByEmf(state, values, settings) * kRpm},
+        {reg::kSpeedEmf, state.signals.emf * kRpm},
         {reg::kSpeedEncoder, state.signals.encoder * kRpm},
         {reg::kSpeed, state.signals.used * kRpm},
         {reg::kSpeedTacho, state.signals.tacho * kRpm},
         {reg::kCurrentRelative, current},
         {reg::kTorqueFiltered, torque},
         {reg::kTorqueRelative, torque},
-        {reg::kTorque, state.torque},
-        {reg::kSpeedRelative, state.speed / settings.baseSpeed * 100},
+        {reg::kTorque, torque / 100 * settings.ratedEmf * settings.ratedCurrent / settings.baseSpeed},
+        {reg::kSpeedRelative, state.signals.used / settings.baseSpeed * 100},
         {reg::kMainsRelative, values.mains / settings.ratedMains * 100},
         {reg::kMainsVoltage, values.mains},
         {reg::kVoltageRelative, state.armatureVoltage / settings.ratedVoltage * 100},
@@ -63,7 +56,7 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
         {reg::kFieldRelative, field * 100},
         {reg::kFieldCurrent, state.fieldCurrent},
         {reg::kFieldVoltage, state.fieldVoltage},
-        {reg::kFlux, settings.fluxOfField(std::abs(field)) * 100},
+        {reg::kFlux, flux * 100},
         {reg::kTorqueUsed, state.torqueReference * 100},
         {reg::kReferenceOfCurrent, reference},
         {reg::kReferenceLimited, reference},
@@ -75,11 +68,10 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
     registers.SetWord(reg::kBridgeUsed, state.bridge > 0 ? 1 : state.bridge < 0 ? 2 : 0);
 }
 
-void ShowDigitalInputs(bool contactorClosed, CRegisterFile& registers) {
-    constexpr unsigned kEmergencyStop = 1U << 4;
-    constexpr unsigned kAcknowledges = 7;
+void ShowDigitalInputs(const WiredInputs& wired, CRegisterFile& registers) {
     constexpr quint16 kInputs = 8;
-    unsigned inputs = kEmergencyStop | (contactorClosed ? kAcknowledges : 0);
+    unsigned inputs = (wired.converterFan ? 1U : 0) | (wired.motorFan ? 2U : 0) | (wired.contactor ? 4U : 0) |
+                      (wired.emergencyFree ? 16U : 0);
     for (quint16 i = 0; i < kInputs; ++i)
         if (registers.GetWord(reg::kInvertFirstInput + i) != 0)
             inputs ^= 1U << i;

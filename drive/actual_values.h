@@ -10,21 +10,23 @@ struct MotorState;
 
 /// What the actual values are made of beside the motor's state.
 struct ActualValues {
-    double filteredSpeed = 0;    ///< [rad/s]
-    double fluxConstant = 0;     ///< [V*s]
-    double resistance = 0;       ///< of the armature as the EMF measurement knows it [Ohm]
-    double mains = 0;            ///< [V]
-    double temperatureRise = 0;  ///< relative
-    double torqueAtFullFlux = 0; ///< rated torque [N*m]
+    double filteredSpeed = 0;   ///< [rad/s]
+    double mains = 0;           ///< [V]
+    double temperatureRise = 0; ///< relative
 };
 
 /// Puts currents, voltages, speeds, torques and references into the registers that show them.
 void ShowActualValues(const MotorState& state, const ActualValues& values, const DriveSettings& settings,
                       CRegisterFile& registers);
 
-/// Shows the digital inputs as they are wired at the works: 1 and 2 acknowledge the fans, 3 the main contactor, 5 that
-/// nobody has pressed the emergency stop.
-void ShowDigitalInputs(bool contactorClosed, CRegisterFile& registers);
+/// What is wired to the digital inputs at the works.
+struct WiredInputs {
+    bool converterFan = false;  ///< acknowledge, input 1
+    bool motorFan = false;      ///< acknowledge, input 2
+    bool contactor = false;     ///< acknowledge, input 3
+    bool emergencyFree = false; ///< nobody has pressed the emergency stop, input 5
+};
+void ShowDigitalInputs(const WiredInputs& wired, CRegisterFile& registers);
 
 /// Shows the nodes that answer on the link: the converter, and an exciter that is not on its board.
 void ShowLinkNodes(CRegisterFile& registers);

@@ -28,9 +28,12 @@ double HeldToBridge(double current, Conduction conduction) {
 } // namespace
 
 double CDcMotor::GetFluxConstant() const {
-    if (m_data.magnetisation.IsEmpty())
-        return m_data.mutualInductance * m_fieldCurrent;
-    return std::copysign(m_data.magnetisation(std::abs(m_fieldCurrent)), m_fieldCurrent);
+    const double flux = m_data.magnetisation.IsEmpty()
+                            ? m_data.mutualInductance * m_fieldCurrent
+                            : std::copysign(m_data.magnetisation(std::abs(m_fieldCurrent)), m_fieldCurrent);
+    const double bare = 1 - std::abs(m_fieldCurrent) / std::max(m_data.remanenceField, 1e-9);
+    const double remanence = bare > 0 ? m_data.remanence * bare * bare : 0;
+    return m_polarity * (flux + m_magnetised * remanence);
 }
 
 void CDcMotor::Step(double seconds, const ArmatureSupply& armature, double fieldVoltage) {
@@ -38,6 +41,8 @@ void CDcMotor::Step(double seconds, const ArmatureSupply& armature, double field
     m_fieldCurrent =
         m_fieldBroken ? 0
                       : AfterStep(m_fieldCurrent, fieldExcess, m_data.fieldResistance, m_data.fieldInductance, seconds);
+    if (std::abs(m_fieldCurrent) > m_data.remanenceField)
+        m_magnetised = m_fieldCurrent < 0 ? -1 : 1;
     StepArmature(seconds, armature);
     StepShaft(seconds);
 }
@@ -61,7 +66,7 @@ void CDcMotor::StepShaft(double seconds) {
         return;
     }
     const double torque = GetTorque() - m_load;
-    const double friction = m_data.coulombFriction;
+    const double friction = GetFriction();
     if (m_speed == 0 && std::abs(torque) <= friction)
         return;
     const double direction = m_speed != 0 ? std::copysign(1.0, m_speed) : std::copysign(1.0, torque);
@@ -77,7 +82,7 @@ void CDcMotor::Rest(double seconds) {
 }
 
 bool CDcMotor::IsAtRest() const {
-    return m_speed == 0 && (m_locked || std::abs(m_load) <= m_data.coulombFriction);
+    return m_speed == 0 && (m_locked || std::abs(m_load) <= GetFriction());
 }
 
 } // namespace krt550

@@ -16,6 +16,8 @@ struct MotorData {
     double coulombFriction = 0;      ///< [N*m]
     double brushDrop = 0;            ///< both brushes together, against the current [V]
     CMonotoneCurve magnetisation;    ///< k [V*s] over if [A]; empty: without saturation
+    double remanence = 0;            ///< k that the iron keeps without field current [V*s]
+    double remanenceField = 0;       ///< field current that wipes the remanence out [A]
 };
 
 /// Which way the armature circuit lets current through.
@@ -31,6 +33,8 @@ struct ArmatureSupply {
 /// A separately excited DC motor with its shaft:
 ///     La*dia/dt = ua - Ra*ia - k(if)*w - brush drop,  Lf*dif/dt = uf - Rf*if,
 ///     J*dw/dt = k(if)*ia - load - B*w - Coulomb friction.
+/// Without field current the iron keeps a remanence in the direction of its last magnetisation, which the field current
+/// wipes out: k(if) has (1 - if/remanenceField)^2 of it added.
 /// The currents go by the exponential solution over a step, the speed by the current at its end, so that a step may be
 /// longer than the electrical time constants. 0.1 ms suits the speed loops of all motors here.
 class CDcMotor {
@@ -43,8 +47,12 @@ public:
     /// Torque against positive rotation [N*m]; a hanging load turns a motor that nothing holds.
     void SetLoad(double torque) { m_load = torque; }
     double GetLoad() const { return m_load; }
+    /// Torque of a driven machine: against the rotation, whichever way it goes, and never on its own [N*m].
+    void SetBrake(double torque) { m_brake = torque; }
     /// A locked shaft does not turn, whatever the torque.
     void SetLocked(bool locked) { m_locked = locked; }
+    /// Field or armature cables are swapped: the shaft turns and pushes the other way.
+    void SetSwapped(bool swapped) { m_polarity = swapped ? -1 : 1; }
     /// A broken field circuit carries no current.
     void SetFieldBroken(bool broken) { m_fieldBroken = broken; }
     /// A broken armature circuit carries no current.
@@ -64,11 +72,15 @@ public:
     double GetTorque() const { return GetFluxConstant() * m_armatureCurrent; } ///< [N*m]
 
 private:
+    double GetFriction() const { return m_data.coulombFriction + m_brake; }
     void StepArmature(double seconds, const ArmatureSupply& armature);
     void StepShaft(double seconds);
 
     MotorData m_data;
     double m_load = 0;
+    double m_brake = 0;
+    double m_polarity = 1;
+    double m_magnetised = 1; ///< direction that the iron was magnetised in last
     bool m_locked = false;
     bool m_fieldBroken = false;
     bool m_armatureBroken = false;

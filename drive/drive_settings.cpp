@@ -15,6 +15,7 @@ namespace {
 constexpr double kIdealOfLine = 3 * std::numbers::sqrt2 / std::numbers::pi; ///< Udi0 per line voltage
 constexpr double kExciterOfLine = 0.9;                                      ///< single-phase bridge
 constexpr double kGuessedReactance = 0.3;                                   ///< of rated voltage per current
+constexpr double kGuessedResistance = 0.13;                                 ///< of rated voltage per current
 constexpr double kFrequency = 100 * std::numbers::pi;
 constexpr double kLeastStep = 0.001; ///< between the points of the flux curve
 
@@ -46,7 +47,8 @@ void ReadFluxCurve(const CRegisterFile& registers, DriveSettings& settings) {
 } // namespace
 
 double DriveSettings::SmallLags() const {
-    return 2 * kConverterLag + feedbackFilter + errorFilter;
+    const double late = speedSource == SpeedSource::Emf ? emfFilter : 0;
+    return 2 * kConverterLag + feedbackFilter + errorFilter + late;
 }
 
 double DriveSettings::CurrentGainUnit() const {
@@ -76,7 +78,10 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
 
     s.current = {number(reg::kCurrentGain, 0.1) * s.CurrentGainUnit(), time(reg::kCurrentTime, 50)};
     s.emfForward = number(reg::kCurrentControllerType, 1) != 0;
-    s.resistance = number(reg::kArmatureResistance, 0) / 1000;
+    s.resistance = number(reg::kArmatureResistance, motor.ra * 1000) / 1000;
+    s.resistanceKnown = s.resistance > 0;
+    if (!s.resistanceKnown)
+        s.resistance = kGuessedResistance * s.ratedVoltage / s.ratedCurrent;
     s.inductance = number(reg::kArmatureInductance, 0) / 1000;
     if (s.inductance <= 0)
         s.inductance = kGuessedReactance * s.ratedVoltage / s.ratedCurrent / kFrequency;
@@ -84,8 +89,10 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     s.currentSlope = share(reg::kCurrentSlope, 10) * s.ratedCurrent * 1000;
     const int bridges = static_cast<int>(number(reg::kBridgesUsed, 0));
     const bool oneBridge = number(reg::kBridges, 2) < 2;
-    s.currentHigh = bridges == 2 ? 0 : share(reg::kCurrentLimit1, 100) * s.ratedCurrent;
-    s.currentLow = bridges == 1 || oneBridge ? 0 : share(reg::kCurrentLimit2, -100) * s.ratedCurrent;
+    const double converter = number(reg::kConverterCurrent, motor.converterCurrent);
+    s.currentHigh = bridges == 2 ? 0 : std::min(converter, share(reg::kCurrentLimit1, 100) * s.ratedCurrent);
+    s.currentLow =
+        bridges == 1 || oneBridge ? 0 : std::max(-converter, share(reg::kCurrentLimit2, -100) * s.ratedCurrent);
     s.cosineHigh = std::cos(Radians(number(reg::kSmallestAngle, 15)));
     s.cosineLow = std::cos(Radians(number(reg::kLargestAngle, 150)));
     s.zeroCurrent = share(reg::kZeroCurrent, 1) * s.ratedCurrent;
@@ -105,6 +112,7 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     const int source = static_cast<int>(number(reg::kSpeedSource, 0));
     s.speedSource = source == 1 || source == 2 ? static_cast<SpeedSource>(source) : SpeedSource::Emf;
     s.encoderPulses = above(reg::kEncoderPulses, 1024);
+    s.encoderEvaluation = static_cast<EncoderEvaluation>(registers.GetWord(reg::kEncoderEvaluation, 2));
     s.tachoVoltage = above(reg::kTachoVoltage, 60);
     s.tachoAdjust = share(reg::kTachoAdjust, 100);
 
@@ -112,6 +120,7 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     if (number(reg::kSpeedControllerType, 0) != 0)
         s.speed.time = 0;
     s.feedbackFilter = time(reg::kFeedbackFilter, 5);
+    s.emfFilter = time(reg::kEmfFilter, 10);
     s.errorFilter = time(reg::kErrorFilter, 0);
     s.referenceFilter = time(reg::kReferenceFilter, 0);
     s.torqueHigh = share(reg::kTorqueMaximum, 100);

@@ -18,7 +18,7 @@ struct MotorSet;
 struct DriveSettings {
     double ratedVoltage = 0;      ///< [V]
     double ratedCurrent = 0;      ///< [A]
-    double ratedEmf = 0;          ///< rated voltage less the drop on the identified resistance [V]
+    double ratedEmf = 0;          ///< rated voltage less the drop on the armature resistance [V]
     double baseSpeed = 0;         ///< [rad/s]
     double ratedFieldCurrent = 0; ///< [A]
     double ratedFieldVoltage = 0; ///< [V]
@@ -26,17 +26,18 @@ struct DriveSettings {
     double fieldVoltageLimit = 0; ///< what the exciter can give: 0.9 of its supply voltage, single-phase bridge [V]
     bool exciterReverses = false; ///< the exciter drives its current both ways
 
-    PiSetting current;        ///< [Ohm]
-    bool emfForward = true;   ///< the EMF is added to the current controller's output
-    double inductance = 0;    ///< identified, or a guess from the name plate: 0.3 of the rated impedance at 50 Hz [H]
-    double resistance = 0;    ///< identified, 0 before [Ohm]
-    double currentSlope = 0;  ///< of the current reference [A/s]
-    double currentHigh = 0;   ///< bridge 1 [A]
-    double currentLow = 0;    ///< bridge 2, not above 0 [A]
-    double cosineHigh = 1;    ///< of the smallest firing angle
-    double cosineLow = -1;    ///< of the largest firing angle
-    double zeroCurrent = 0;   ///< below this a bridge may hand over [A]
-    double reversalDelay = 0; ///< between two bridges [s]
+    PiSetting current;      ///< [Ohm]
+    bool emfForward = true; ///< the EMF is added to the current controller's output
+    double inductance = 0;  ///< identified, or a guess from the name plate: 0.3 of the rated impedance at 50 Hz [H]
+    double resistance = 0;  ///< identified, or a guess from the name plate: 0.13 of rated voltage per current [Ohm]
+    bool resistanceKnown = false; ///< identified or set by hand
+    double currentSlope = 0;      ///< of the current reference [A/s]
+    double currentHigh = 0;       ///< bridge 1, never more than the converter's nominal current [A]
+    double currentLow = 0;        ///< bridge 2, not above 0 [A]
+    double cosineHigh = 1;        ///< of the smallest firing angle
+    double cosineLow = -1;        ///< of the largest firing angle
+    double zeroCurrent = 0;       ///< below this a bridge may hand over [A]
+    double reversalDelay = 0;     ///< between two bridges [s]
 
     PiSetting field;      ///< [Ohm]
     bool weakens = false; ///< the EMF controller sets the flux
@@ -51,17 +52,19 @@ struct DriveSettings {
 
     SpeedSource speedSource = SpeedSource::Emf;
     double encoderPulses = 0; ///< a turn
-    double tachoVoltage = 0;  ///< [V] at 1000 rpm
-    double tachoAdjust = 1;   ///< factor on the tacho's signal
+    EncoderEvaluation encoderEvaluation = EncoderEvaluation::AllEdges;
+    double tachoVoltage = 0; ///< [V] at 1000 rpm
+    double tachoAdjust = 1;  ///< factor on the tacho's signal
 
     PiSetting speed;            ///< relative
     double feedbackFilter = 0;  ///< [s]
+    double emfFilter = 0;       ///< of the speed by EMF [s]
     double errorFilter = 0;     ///< [s]
     double referenceFilter = 0; ///< as set; the loop's own is never less than its symmetrical optimum needs [s]
     double torqueHigh = 0;      ///< relative
     double torqueLow = 0;
 
-    /// Sum of the speed loop's small lags: current loop (2*Ts) and filters [s].
+    /// Sum of the speed loop's small lags: current loop (2*Ts) and the filters of the chosen feedback [s].
     double SmallLags() const;
     double CurrentGainUnit() const; ///< [Ohm]
     double FieldGainUnit() const;   ///< [Ohm]

@@ -23,8 +23,22 @@ inline constexpr quint16 kFaultFeedback = 107;
 inline constexpr quint16 kFaultMainContactor = 108;
 inline constexpr quint16 kFaultConnection = 109;
 inline constexpr quint16 kFaultExternal = 110;
+inline constexpr quint16 kFaultCurrentRise = 111;
+inline constexpr quint16 kFaultFieldOvercurrent = 112;
+inline constexpr quint16 kFaultEarth = 113;
+inline constexpr quint16 kFaultStall = 114;
+inline constexpr quint16 kFaultMotorFan = 115;
+inline constexpr quint16 kFaultConverterFan = 116;
+inline constexpr quint16 kFaultFieldbus = 117;
+inline constexpr quint16 kFaultLink = 118;
+inline constexpr quint16 kFaultPhaseMissing = 119;
+inline constexpr quint16 kFaultPhaseOrder = 120;
+inline constexpr quint16 kFaultRipple = 121;
+inline constexpr quint16 kFirstFault = 101;
+/// An alarm's code is that of the fault that it could have been, and this.
+inline constexpr quint16 kAlarmOffset = 4000;
 
-inline constexpr std::array<FaultCode, 10> kFaultCodes = {{
+inline constexpr std::array<FaultCode, 21> kFaultCodes = {{
     {kFaultOvercurrent, "armature overcurrent"},
     {kFaultOvervoltage, "armature overvoltage"},
     {kFaultMains, "mains voltage lost"},
@@ -35,6 +49,17 @@ inline constexpr std::array<FaultCode, 10> kFaultCodes = {{
     {kFaultMainContactor, "main contactor does not follow its command"},
     {kFaultConnection, "connection lost in local control"},
     {kFaultExternal, "external trip"},
+    {kFaultCurrentRise, "armature current rises too fast"},
+    {kFaultFieldOvercurrent, "field overcurrent"},
+    {kFaultEarth, "earth current"},
+    {kFaultStall, "motor stalled"},
+    {kFaultMotorFan, "motor fan acknowledge missing"},
+    {kFaultConverterFan, "converter fan acknowledge missing"},
+    {kFaultFieldbus, "fieldbus lost"},
+    {kFaultLink, "drive-to-drive link lost"},
+    {kFaultPhaseMissing, "mains phase missing"},
+    {kFaultPhaseOrder, "mains phases in the wrong order"},
+    {kFaultRipple, "armature current ripple"},
 }};
 
 /// "fault 110 (external trip)".

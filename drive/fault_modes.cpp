@@ -17,28 +17,63 @@ struct ModeName {
     quint32 minimum;
     quint32 maximum;
     quint32 preset; ///< number when the text gives none; 0: it must give one
+    const char* effect;
 };
 
 constexpr ModeName kModeNames[] = {
-    {FaultModeKind::NoAnswer, "no-answer", nullptr, 0, 0, 0},
-    {FaultModeKind::ReadFails, "read-fails", "REG", 100, 65535, 0},
-    {FaultModeKind::WriteRefused, "write-refused", "REG", 100, 65535, 0},
-    {FaultModeKind::LateAnswer, "late-answer", "MS", 1, 60000, 0},
-    {FaultModeKind::OtherControl, "other-control", nullptr, 0, 0, 0},
-    {FaultModeKind::ContactorStuck, "contactor-stuck", nullptr, 0, 0, 0},
-    {FaultModeKind::Trip, "trip", "CODE", 1, 3999, kFaultExternal},
-    {FaultModeKind::MainsLost, "mains-lost", nullptr, 0, 0, 0},
-    {FaultModeKind::FieldBroken, "field-broken", nullptr, 0, 0, 0},
-    {FaultModeKind::ArmatureBroken, "armature-broken", nullptr, 0, 0, 0},
-    {FaultModeKind::MotorLocked, "motor-locked", nullptr, 0, 0, 0},
-    {FaultModeKind::FeedbackBroken, "feedback-broken", nullptr, 0, 0, 0},
-    {FaultModeKind::FeedbackReversed, "feedback-reversed", nullptr, 0, 0, 0},
-    {FaultModeKind::EncoderPulses, "encoder-pulses", "N", 1, 20000, 0},
-    {FaultModeKind::TachoVoltage, "tacho-voltage", "V", 1, 500, 0},
-    {FaultModeKind::ShortRecord, "short-record", nullptr, 0, 0, 0},
-    {FaultModeKind::TruncatedRecord, "truncated-record", "BYTES", 0, kFaultRecordSize, 0},
-    {FaultModeKind::RecordError, "record-error", "CODE", 1, 65535, 0},
-    {FaultModeKind::MissingRegister, "missing", "REG", 100, 65535, 0},
+    {FaultModeKind::NoAnswer, "no-answer", nullptr, 0, 0, 0, "the link is dead"},
+    {FaultModeKind::ReadFails, "read-fails", "REG", 100, 65535, 0, "reading that register fails"},
+    {FaultModeKind::WriteRefused, "write-refused", "REG", 100, 65535, 0, "writing that register is refused"},
+    {FaultModeKind::LateAnswer, "late-answer", "MS", 1, 60000, 0, "every reply comes late; after 2 s it is given up"},
+    {FaultModeKind::ReplyLost, "reply-lost", "N", 1, 1000, 0,
+     "every Nth reply is lost; the drive has done what it was asked"},
+    {FaultModeKind::OtherControl, "other-control", nullptr, 0, 0, 0, "another control place holds the drive"},
+    {FaultModeKind::OtherControlFor, "other-control-for", "MS", 1, 600000, 0,
+     "another control place takes the drive and gives it back"},
+    {FaultModeKind::StartRefused, "start-refused", nullptr, 0, 0, 0, "an interlock refuses every start"},
+    {FaultModeKind::EmergencyStop, "e-stop", nullptr, 0, 0, 0, "the emergency stop is pressed: stop as 21.04 says"},
+    {FaultModeKind::ContactorStuck, "contactor-stuck", nullptr, 0, 0, 0, "the main contactor stays where it is"},
+    {FaultModeKind::ContactorDrops, "contactor-drops", nullptr, 0, 0, 0,
+     "it opens by itself and does not close: trip 108"},
+    {FaultModeKind::ContactorWelded, "contactor-welded", nullptr, 0, 0, 0, "it closes, but does not open: trip 108"},
+    {FaultModeKind::Trip, "trip", "CODE", 1, 3999, kFaultExternal, "the drive trips, and the cause stays"},
+    {FaultModeKind::MainsLost, "mains-lost", nullptr, 0, 0, 0, "no supply: trip 103"},
+    {FaultModeKind::MainsDip, "mains-dip", "MS", 1, 60000, 0, "no supply for that time: trip 103, or a pause by 30.20"},
+    {FaultModeKind::PhaseMissing, "phase-missing", nullptr, 0, 0, 0, "a mains phase is gone: trip 119"},
+    {FaultModeKind::PhaseOrder, "phase-order", nullptr, 0, 0, 0, "left-hand mains: trip 120"},
+    {FaultModeKind::FuseBlown, "fuse-blown", nullptr, 0, 0, 0, "a branch fuse is gone: gaps in the current, trip 121"},
+    {FaultModeKind::EarthFault, "earth-fault", "PERCENT", 1, 100, 0,
+     "current to earth, of rated current: trip 113 by 30.04"},
+    {FaultModeKind::FieldBroken, "field-broken", nullptr, 0, 0, 0, "no current can flow in the field circuit"},
+    {FaultModeKind::FieldSwapped, "field-swapped", nullptr, 0, 0, 0,
+     "field cables swapped: the shaft turns the other way"},
+    {FaultModeKind::ArmatureBroken, "armature-broken", nullptr, 0, 0, 0, "no current can flow in the armature circuit"},
+    {FaultModeKind::ArmatureSwapped, "armature-swapped", nullptr, 0, 0, 0,
+     "armature cables swapped: the shaft turns the other way"},
+    {FaultModeKind::MotorLocked, "motor-locked", nullptr, 0, 0, 0, "the shaft does not turn"},
+    {FaultModeKind::Load, "load", "PERCENT", 1, 300, 0, "a machine brakes with that share of rated torque"},
+    {FaultModeKind::HangingLoad, "hanging-load", "PERCENT", 1, 300, 0,
+     "a load pulls against positive rotation, also at standstill"},
+    {FaultModeKind::FeedbackBroken, "feedback-broken", nullptr, 0, 0, 0, "encoder or tacho give no signal"},
+    {FaultModeKind::FeedbackReversed, "feedback-reversed", nullptr, 0, 0, 0, "they are wired the wrong way round"},
+    {FaultModeKind::EncoderPulses, "encoder-pulses", "N", 1, 20000, 0, "the encoder has another number of pulses"},
+    {FaultModeKind::EncoderChannel, "encoder-channel", nullptr, 0, 0, 0, "its channel B is missing"},
+    {FaultModeKind::TachoVoltage, "tacho-voltage", "V", 1, 500, 0, "the tacho gives another voltage at 1000 rpm"},
+    {FaultModeKind::TachoNoisy, "tacho-noisy", "PERCENT", 1, 100, 0, "its signal jumps by so much either way"},
+    {FaultModeKind::MotorFanLost, "motor-fan-lost", nullptr, 0, 0, 0, "no acknowledge of the motor fan: 30.26"},
+    {FaultModeKind::ConverterFanLost, "converter-fan-lost", nullptr, 0, 0, 0,
+     "no acknowledge of the converter fan: 30.36"},
+    {FaultModeKind::FieldbusLost, "fieldbus-lost", nullptr, 0, 0, 0, "the fieldbus that commands falls silent: 30.28"},
+    {FaultModeKind::LinkLost, "link-lost", nullptr, 0, 0, 0,
+     "the drive-to-drive link that commands falls silent: 30.30"},
+    {FaultModeKind::ProgressStuck, "progress-stuck", nullptr, 0, 0, 0, "service runs stand still and never end"},
+    {FaultModeKind::ModeStays, "mode-stays", nullptr, 0, 0, 0, "a service mode outlives the stop of its run"},
+    {FaultModeKind::ShortRecord, "short-record", nullptr, 0, 0, 0, "the fault record is a short one"},
+    {FaultModeKind::TruncatedRecord, "truncated-record", "BYTES", 0, kFaultRecordSize, 0,
+     "the fault record ends early"},
+    {FaultModeKind::RecordError, "record-error", "CODE", 1, 65535, 0,
+     "reading the fault record ends in a communication error"},
+    {FaultModeKind::MissingRegister, "missing", "REG", 100, 65535, 0, "the drive has no such register"},
 };
 
 /// The mode as a person would type it: "read-fails:REG", "trip" or "trip:CODE" as "trip[:CODE]".
@@ -95,6 +130,13 @@ QString FaultModeNames() {
     for (const ModeName& mode : kModeNames)
         names.append(Usage(mode));
     return names.join(QLatin1String(", "));
+}
+
+QString FaultModeHelp() {
+    QString text;
+    for (const ModeName& mode : kModeNames)
+        text += QStringLiteral("  %1%2\n").arg(Usage(mode).leftJustified(24), QLatin1String(mode.effect));
+    return text;
 }
 
 void CFaultModes::Add(const FaultMode& mode) {

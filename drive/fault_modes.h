@@ -7,30 +7,53 @@
 
 namespace krt550 {
 
-/// What a simulated drive can be told to do wrong.
+/// What a simulated drive can be told to do wrong; FaultModeHelp tells the effect of each.
 enum class FaultModeKind {
-    NoAnswer,         ///< the link is dead
-    ReadFails,        ///< reading one register fails
-    WriteRefused,     ///< writing one register is refused
-    LateAnswer,       ///< every reply comes late
-    OtherControl,     ///< another control place holds the drive
-    ContactorStuck,   ///< the main contactor stays where it is
-    Trip,             ///< the drive trips, and its cause stays
-    MainsLost,        ///< no supply
-    FieldBroken,      ///< no current can flow in the field circuit
-    ArmatureBroken,   ///< nor in the armature circuit
-    MotorLocked,      ///< the shaft does not turn
-    FeedbackBroken,   ///< encoder or tacho give no signal
-    FeedbackReversed, ///< they are wired the wrong way round
-    EncoderPulses,    ///< the encoder has another number of pulses
-    TachoVoltage,     ///< the tacho gives another voltage
-    ShortRecord,      ///< the fault record is a short one
-    TruncatedRecord,  ///< the fault record ends early
-    RecordError,      ///< reading the fault record ends in a communication error
-    MissingRegister   ///< the drive has no such register
+    NoAnswer,
+    ReadFails,
+    WriteRefused,
+    LateAnswer,
+    ReplyLost,
+    OtherControl,
+    OtherControlFor,
+    StartRefused,
+    EmergencyStop,
+    ContactorStuck,
+    ContactorDrops,
+    ContactorWelded,
+    Trip,
+    MainsLost,
+    MainsDip,
+    PhaseMissing,
+    PhaseOrder,
+    FuseBlown,
+    EarthFault,
+    FieldBroken,
+    FieldSwapped,
+    ArmatureBroken,
+    ArmatureSwapped,
+    MotorLocked,
+    Load,
+    HangingLoad,
+    FeedbackBroken,
+    FeedbackReversed,
+    EncoderPulses,
+    EncoderChannel,
+    TachoVoltage,
+    TachoNoisy,
+    MotorFanLost,
+    ConverterFanLost,
+    FieldbusLost,
+    LinkLost,
+    ProgressStuck,
+    ModeStays,
+    ShortRecord,
+    TruncatedRecord,
+    RecordError,
+    MissingRegister
 };
 
-/// A fault mode with what it is about: a register, milliseconds, a fault code, a number of bytes or an error code;
+/// A fault mode with what it is about: a register, milliseconds, percent, a code or another number;
 /// 0 for the modes that need nothing.
 struct FaultMode {
     FaultModeKind kind = FaultModeKind::NoAnswer;
@@ -43,8 +66,10 @@ struct FaultMode {
 std::optional<FaultMode> ParseFaultMode(const QString& text, QString& error);
 /// The text that ParseFaultMode reads.
 QString FaultModeText(const FaultMode& mode);
-/// All names with what they need, for help texts: "no-answer, read-fails:REG, ...".
+/// All names with what they need: "no-answer, read-fails:REG, ...".
 QString FaultModeNames();
+/// A line for each mode, its name and its effect, for help texts.
+QString FaultModeHelp();
 
 /// The fault modes that are switched on.
 class CFaultModes {

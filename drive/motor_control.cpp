@@ -54,7 +54,7 @@ double CMotorControl::StepField(const MotorCommand& command, const DriveSettings
         const bool weakens = command.field == FieldMode::Regulated && settings.weakens;
         reference = command.field == FieldMode::Current ? command.fieldCurrent : 1;
         if (weakens)
-            reference = settings.fieldOfFlux(m_fluxControl.Step(kStep, m_motor.GetEmf(), m_motor.GetSpeed(), settings));
+            reference = settings.fieldOfFlux(m_fluxControl.Step(kStep, m_state.emf, m_state.signals.used, settings));
         m_state.fluxReference = settings.fluxOfField(reference);
         const double error = reference * settings.ratedFieldCurrent - m_motor.GetFieldCurrent();
         wanted = m_fieldController.Step(error, kStep, settings.field, settings.exciterReverses ? -limit : 0, limit);
@@ -71,9 +71,10 @@ double CMotorControl::ReferenceFor(const MotorCommand& command, const DriveSetti
         const double field = std::abs(m_motor.GetFieldCurrent()) / settings.ratedFieldCurrent;
         const double flux = std::max(kLeastFlux, settings.fluxOfField(field));
         const double rated = settings.ratedCurrent / flux;
+        const bool borrowed = command.guide == SpeedGuide::Emf && settings.speedSource != SpeedSource::Emf;
         m_state.torqueReference =
             m_speedControl.Step(kStep, command.speed, m_state.signals.used, settings.currentHigh / rated,
-                                settings.currentLow / rated, settings);
+                                settings.currentLow / rated, settings, borrowed ? settings.emfFilter : 0);
         m_state.speedReference = m_speedControl.GetReferenceUsed();
         wanted = std::copysign(m_state.torqueReference * rated, m_state.torqueReference * m_motor.GetFieldCurrent());
     }
@@ -119,6 +120,7 @@ void CMotorControl::StepCurrent(double reference, double fieldVoltage, const Dri
     const double target = std::max(0.0, m_bridge * reference);
     const double current = m_bridge * m_motor.GetArmatureCurrent();
     const double ideal = m_converter.GetIdealVoltage();
+    // The converter synchronises to the terminals themselves: no parameter stands between it and the EMF.
     const double forward = settings.emfForward ? m_bridge * m_motor.GetEmf() : 0;
     const double wanted = m_currentController.Step(target - current, kStep, settings.current,
                                                    ideal * settings.cosineLow, ideal * settings.cosineHigh, forward);
@@ -173,15 +175,18 @@ void CMotorControl::Observe(SpeedGuide guide, const DriveSettings& settings) {
     m_state.armatureCurrent = m_motor.GetArmatureCurrent();
     m_state.fieldCurrent = m_motor.GetFieldCurrent();
     m_state.speed = m_motor.GetSpeed();
-    m_state.signals = MeasureSpeed(m_state.speed, m_feedback, settings);
+    m_emf.Step(kStep, m_state.armatureVoltage, m_state.armatureCurrent, m_state.fieldCurrent, settings);
+    m_state.emf = m_emf.GetEmf();
+    const double chance = m_feedback.noise > 0 ? std::uniform_real_distribution(-1.0, 1.0)(m_random) : 0;
+    m_state.signals = MeasureSpeed(m_state.speed, m_emf.GetSpeed(), m_feedback, settings, chance);
     if (guide == SpeedGuide::Emf)
-        m_state.signals.used = m_state.speed;
-    m_state.emf = m_motor.GetEmf();
+        m_state.signals.used = m_state.signals.emf;
     m_state.torque = m_motor.GetTorque();
 }
 
 void CMotorControl::Rest(double seconds) {
     m_motor.Rest(seconds);
+    m_emf.Reset();
     m_exciter.Preset(0);
     m_fieldController.Preset(0);
     m_state = {};

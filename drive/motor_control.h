@@ -2,9 +2,12 @@
 
 #include "drive/dc_motor.h"
 #include "drive/drive_settings.h"
+#include "drive/emf_measurement.h"
 #include "drive/pi_controller.h"
 #include "drive/six_pulse_converter.h"
 #include "drive/speed_control.h"
+
+#include <random>
 
 namespace krt550 {
 
@@ -50,7 +53,7 @@ struct MotorState {
     double fieldCurrent = 0;     ///< [A]
     double speed = 0;            ///< of the shaft [rad/s]
     SpeedSignals signals;        ///< what the speed inputs make of it [rad/s]
-    double emf = 0;              ///< [V]
+    double emf = 0;              ///< as measured [V]
     double torque = 0;           ///< [N*m]
     double currentReference = 0; ///< [A]
     double torqueReference = 0;  ///< relative
@@ -78,8 +81,12 @@ public:
     /// What is mounted at the shaft end.
     FeedbackEquipment& GetFeedback() { return m_feedback; }
 
-    /// Supply of the armature converter, line to line [V], 50 Hz.
-    void SetMains(double voltage) { m_converter.SetSupply(voltage, 50); }
+    /// Supply of the armature converter at 50 Hz: line to line [V], inductance of its chokes a phase [H]; `twoPulse`:
+    /// only two phases get through.
+    void SetMains(double voltage, double lineInductance, bool twoPulse = false) {
+        m_converter.SetSupply(voltage, 50, lineInductance);
+        m_converter.SetTwoPulse(twoPulse);
+    }
     void Step(const MotorCommand& command, const DriveSettings& settings);
     /// A long time switched off, for a motor that stands.
     void Rest(double seconds);
@@ -99,6 +106,7 @@ private:
 
     CDcMotor m_motor;
     FeedbackEquipment m_feedback;
+    CEmfMeasurement m_emf;
     CSixPulseConverter m_converter;
     MotorState m_state;
     ArmatureMode m_mode = ArmatureMode::Blocked;
@@ -116,6 +124,7 @@ private:
     double m_pause = 0;      ///< of a hand-over between the bridges [s]
     double m_pulseAngle = 0; ///< [rad]
     bool m_pulseOver = false;
+    std::minstd_rand m_random{550}; ///< for noisy signals
 };
 
 } // namespace krt550

@@ -5,32 +5,38 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <numbers>
 
 namespace krt550 {
 namespace {
 
-// Motors of public teaching libraries and course material. Where none is published, a Coulomb friction of half a
-// percent of the rated torque lets the motor come to rest.
+// Motors of public teaching libraries and course material, each behind the smallest usual mains voltage that lets it
+// brake: the armature voltage is at most 1.05 of it. Where no friction is published, 3 % of the rated torque.
 constexpr MotorSet kSets[] = {
-    {"S1", "9.5 kW", 100, 100, 1425, 1, 100, 86, 133, 125, 16, 1, 0.05, 0.0015, 100, 1, 0.6366, 0.15, 0, 0.32},
-    {"S2", "5 hp", 240,   21.2,  1750,  1.0664, 300,    205,     400,      25,
+    {"S1", "9.5 kW", 100, 100, 1425, 1, 100, 96, 133, 125, 16, 1, 0.05, 0.0015, 100, 1, 0.6366, 0.15, 0, 1.9},
+    {"S2", "5 hp", 240,   21.2,  1750,  1.0664, 300,    230,     400,      25,
      16,   1,      2.581, 0.028, 281.3, 156,    0.9483, 0.02215, 0.002953, 0.5161},
-    {"S3", "5 hp, heavy", 240, 16.2, 1222, 1, 240, 205, 320, 25, 16, 1, 0.6, 0.012, 240, 120, 1.8, 1.0, 0, 0.15},
+    {"S3", "5 hp, heavy", 240, 16.2, 1222, 1, 240, 230, 320, 25, 16, 1, 0.6, 0.012, 240, 120, 1.8, 1.0, 0, 0.87},
     {"S5",   "60 V, hardly any inductance",
      60,     97,
      2865,   114.6,
-     18.3,   52,
+     18.3,   58,
      25,     125,
      450,    4,
      0.016,  19e-6,
      0.16,   0.0054,
      0.0017, 0.0025,
-     0,      0.1},
+     0,      0.57},
 };
 constexpr const MotorSet& kDefault = kSets[1];
 
-constexpr double kOverspeed = 1.2;         ///< of base speed
+constexpr double kRemanence = 0.02;      ///< of full flux
+constexpr double kRemanenceField = 0.15; ///< that wipes it out, of rated field current
+constexpr double kShortCircuit = 0.04; ///< voltage of the line chokes at the converter's nominal current, of the mains
+constexpr double kOverspeed = 1.2;     ///< of base speed
 constexpr double kConverterOverload = 2.3; ///< of its nominal current
 
 } // namespace
@@ -67,7 +73,32 @@ MotorData DataOf(const MotorSet& set) {
     data.inertia = set.inertia;
     data.viscousFriction = set.viscous;
     data.coulombFriction = set.coulomb;
+    data.remanence = kRemanence * set.laf * set.fieldCurrent;
+    data.remanenceField = kRemanenceField * set.fieldCurrent;
     return data;
+}
+
+void FitSupply(MotorSet& motor) {
+    constexpr double kConverters[] = {25, 50, 75, 125, 200, 350, 500, 700, 1000, 1500, 2000, 3000, 4500};
+    const auto* const fits = std::ranges::lower_bound(kConverters, 1.5 * motor.current);
+    motor.converterCurrent = fits == std::end(kConverters) ? kConverters[std::size(kConverters) - 1] : *fits;
+    motor.mains = std::ceil(motor.voltage / 1.05);
+    motor.fieldSupply = std::ceil(1.33 * motor.fieldVoltage / 0.9);
+    const struct {
+        double current;
+        quint16 type;
+    } exciters[] = {{16, 1}, {35, 2}, {50, 3}, {450, 4}};
+    for (const auto& [current, type] : exciters) {
+        motor.exciterCurrent = current;
+        motor.exciterType = type;
+        if (current >= motor.fieldCurrent)
+            break;
+    }
+}
+
+double LineInductanceOf(const MotorSet& set) {
+    const double lineCurrent = std::sqrt(2.0 / 3) * set.converterCurrent;
+    return kShortCircuit * set.mains / std::sqrt(3.0) / lineCurrent / (100 * std::numbers::pi);
 }
 
 void ApplyNamePlate(const MotorSet& set, CRegisterFile& registers) {

@@ -25,6 +25,10 @@ struct MotorSet {
     double exciterCurrent;                                 ///< nominal [A]
     quint16 exciterType;                                   ///< number in the value list of 4.06
     double ra, la, rf, lf, laf, inertia, viscous, coulomb; ///< as in MotorData
+    double load = 0;                                       ///< against the rotation, whichever way it goes [N*m]
+    double hanging = 0;                                    ///< against positive rotation, at standstill too [N*m]
+
+    double GetRatedTorque() const { return laf * fieldCurrent * current; } ///< [N*m]
 };
 
 /// The motors that can be chosen by name.
@@ -37,6 +41,12 @@ const MotorSet& DefaultMotorSet();
 QString MotorSetNames();
 
 MotorData DataOf(const MotorSet& set);
+/// Of the commutation chokes before the converter, a phase [H]: 4 % short-circuit voltage at 50 Hz.
+double LineInductanceOf(const MotorSet& set);
+
+/// Gives a motor the mains, the converter and the exciter that fit its name plate: the armature voltage is 1.05 of the
+/// mains, the converter bears one and a half times its current, the exciter a third more than its field voltage.
+void FitSupply(MotorSet& motor);
 
 /// Puts the name plate and what follows from it (speed limits, overspeed, supply, ratings) into the registers.
 void ApplyNamePlate(const MotorSet& set, CRegisterFile& registers);

@@ -3,70 +3,97 @@
 #include "drive/drive_settings.h"
 #include "drive/fault_codes.h"
 #include "drive/motor_control.h"
-#include "drive/register_file.h"
-#include "drive/registers.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <numbers>
+#include <utility>
 
 namespace krt550 {
+namespace {
 
-TripLevels ReadTripLevels(const CRegisterFile& registers, const DriveSettings& settings) {
-    const auto number = [&registers](quint16 reg, double fallback) { return registers.GetNumber(reg, fallback); };
-    TripLevels levels;
-    const double converter = number(reg::kConverterOvercurrent, std::numeric_limits<double>::infinity());
-    levels.current = std::min(converter, number(reg::kOvercurrentLevel, 230) / 100 * settings.ratedCurrent);
-    levels.voltage = number(reg::kOvervoltageLevel, 120) / 100 * settings.ratedVoltage;
-    levels.mains = number(reg::kMainsTripLevel, 60) / 100 * settings.ratedMains;
-    levels.field = settings.leastField;
-    levels.fieldDelay = number(reg::kFieldLossDelay, 200) / 1000;
-    levels.fieldMask = number(reg::kFieldMaskTime, 2000) / 1000;
-    const double speed = registers.GetNumber(reg::kOverspeed, 0) * std::numbers::pi / 30;
-    levels.speed = speed > 0 ? speed : 2 * settings.baseSpeed;
-    const bool supervised = registers.GetWord(reg::kFeedbackReaction) != 0;
-    levels.feedback = number(reg::kFeedbackLevel, 15) * std::numbers::pi / 30;
-    levels.feedbackEmf = supervised ? number(reg::kFeedbackEmf, 50) : 0;
-    levels.thermal = registers.GetWord(reg::kThermalModel) != 0;
-    levels.thermalTime = number(reg::kThermalTime, 240);
-    levels.thermalRise = number(reg::kThermalTripLevel, 106) / 100;
-    return levels;
+constexpr double kFeedbackDelay = 0.05; ///< [s]
+constexpr double kRippleDelay = 0.2;    ///< [s]
+constexpr double kRippleCurrent = 0.1;  ///< missing pulses show from here on, of rated current
+
+/// Adds up while something lasts.
+double Lasting(double so_far, bool lasts, double seconds) {
+    return lasts ? so_far + seconds : 0;
 }
 
-quint16 CProtection::Step(double seconds, const MotorState& state, const Surroundings& around,
-                          const DriveSettings& settings, const TripLevels& levels) {
-    const double load = state.armatureCurrent / settings.ratedCurrent;
-    CLag rise;
-    rise.Preset(m_rise);
-    m_rise = rise.Step(load * load, seconds, levels.thermalTime);
-    const bool fieldLost = IsFieldLost(seconds, state, around, settings, levels);
-    constexpr double kFeedbackDelay = 0.05;
+} // namespace
+
+Findings CProtection::Step(double seconds, const MotorState& state, const Surroundings& around,
+                           const DriveSettings& settings, const TripLevels& levels) {
+    Heat(seconds, state, settings, levels);
+    const double current = std::abs(state.armatureCurrent);
+    const double rise = (current - std::exchange(m_current, current)) / seconds;
     const bool silent = around.feedbackUsed && levels.feedbackEmf > 0 && std::abs(state.emf) > levels.feedbackEmf &&
                         std::abs(state.signals.used) < levels.feedback;
-    m_feedbackMissing = silent ? m_feedbackMissing + seconds : 0;
+    m_feedbackMissing = Lasting(m_feedbackMissing, silent, seconds);
+    m_leaking = Lasting(m_leaking, around.driving && around.earthCurrent > levels.earthCurrent, seconds);
+    m_rippling = Lasting(m_rippling, around.branchLost && current > kRippleCurrent * settings.ratedCurrent, seconds);
+    m_mainsGap = Lasting(m_mainsGap, around.driving && around.mains < levels.mains, seconds);
+    const bool leaks = m_leaking > 0 && m_leaking >= levels.earthDelay;
+    const bool hot = levels.thermal && m_rise > levels.thermalRise;
     const struct {
         bool now;
         quint16 code;
-    } trips[] = {
-        {m_feedbackMissing > kFeedbackDelay, kFaultFeedback},
-        {std::abs(state.armatureCurrent) > levels.current, kFaultOvercurrent},
-        {around.driving && std::abs(state.armatureVoltage) > levels.voltage, kFaultOvervoltage},
-        {around.driving && around.mains < levels.mains, kFaultMains},
-        {fieldLost, kFaultFieldLoss},
-        {std::abs(state.speed) > levels.speed, kFaultOverspeed},
-        {levels.thermal && m_rise > levels.thermalRise, kFaultOvertemperature},
+        Reaction reaction;
+    } causes[] = {
+        {m_feedbackMissing > kFeedbackDelay, kFaultFeedback, Reaction::Trip},
+        {current > levels.current, kFaultOvercurrent, Reaction::Trip},
+        {levels.currentRise > 0 && rise > levels.currentRise, kFaultCurrentRise, Reaction::Trip},
+        {around.driving && std::abs(state.armatureVoltage) > levels.voltage, kFaultOvervoltage, Reaction::Trip},
+        {m_mainsGap > levels.longestGap, kFaultMains, Reaction::Trip},
+        {around.driving && around.phaseMissing, kFaultPhaseMissing, Reaction::Trip},
+        {around.driving && around.phaseOrderWrong, kFaultPhaseOrder, Reaction::Trip},
+        {m_rippling > kRippleDelay, kFaultRipple, Reaction::Trip},
+        {IsFieldLost(seconds, state, around, settings, levels), kFaultFieldLoss, Reaction::Trip},
+        {std::abs(state.fieldCurrent) > levels.fieldMost * settings.ratedFieldCurrent, kFaultFieldOvercurrent,
+         Reaction::Trip},
+        {std::abs(state.signals.used) > levels.speed, kFaultOverspeed, Reaction::Trip},
+        {IsStalled(seconds, state, settings, levels), kFaultStall, Reaction::Trip},
+        {leaks, kFaultEarth, levels.earth},
+        {hot, kFaultOvertemperature, Reaction::Trip},
+        {levels.thermal && m_rise > levels.thermalAlarm, kFaultOvertemperature, Reaction::Alarm},
+        {around.driving && around.mains < levels.mainsAlarm, kFaultMains, Reaction::Alarm},
     };
-    for (const auto& trip : trips)
-        if (trip.now)
-            return trip.code;
-    return 0;
+    Findings found;
+    for (const auto& cause : causes)
+        if (cause.now)
+            found.Add(cause.code, cause.reaction);
+    return found;
+}
+
+/// A motor with its fan on its shaft cools less the slower it turns: at standstill 40 %, all of it from half base speed
+/// on.
+void CProtection::Heat(double seconds, const MotorState& state, const DriveSettings& settings,
+                       const TripLevels& levels) {
+    constexpr double kStill = 0.15;
+    const double speed = std::min(1.0, 2 * std::abs(state.signals.used) / settings.baseSpeed);
+    const double cooling = levels.ownFan ? kStill + (1 - kStill) * speed : 1;
+    const double load = state.armatureCurrent / settings.ratedCurrent;
+    const double share = levels.thermalTime > seconds ? seconds / levels.thermalTime : 1;
+    m_rise += (load * load - cooling * m_rise) * share;
+}
+
+bool CProtection::IsStalled(double seconds, const MotorState& state, const DriveSettings& settings,
+                            const TripLevels& levels) {
+    const double flux = settings.fluxOfField(std::abs(state.fieldCurrent) / settings.ratedFieldCurrent);
+    const double torque = flux * std::abs(state.armatureCurrent) / settings.ratedCurrent;
+    const bool stands = std::abs(state.signals.used) < levels.stallSpeed && torque >= levels.stallTorque;
+    m_stalled = Lasting(m_stalled, levels.stallTime > 0 && stands, seconds);
+    return m_stalled > 0 && m_stalled >= levels.stallTime;
 }
 
 bool CProtection::IsFieldLost(double seconds, const MotorState& state, const Surroundings& around,
                               const DriveSettings& settings, const TripLevels& levels) {
     const double least = std::min(levels.field, 0.8 * around.fieldReference) * settings.ratedFieldCurrent;
-    const bool missing = std::abs(state.fieldCurrent) < least;
+    // A slow field that still comes up is not lost, however long it takes.
+    constexpr double kRises = 0.02; // of rated field current a second
+    const double former = std::exchange(m_formerField, std::abs(state.fieldCurrent));
+    const bool rises = m_formerField - former > kRises * settings.ratedFieldCurrent * seconds;
+    const bool missing = m_formerField < least && !rises;
     if (!around.fieldNeeded) {
         m_fieldWasThere = false;
         m_fieldMissing = 0;
@@ -76,7 +103,7 @@ bool CProtection::IsFieldLost(double seconds, const MotorState& state, const Sur
         // What is left of the field from before counts when it has been brought up again.
         constexpr double kReached = 0.9;
         const double reached = kReached * around.fieldReference * settings.ratedFieldCurrent;
-        m_fieldWasThere = m_fieldWasThere || std::abs(state.fieldCurrent) >= reached;
+        m_fieldWasThere = m_fieldWasThere || m_formerField >= reached;
         m_fieldMissing = 0;
         return false;
     }
@@ -86,7 +113,7 @@ bool CProtection::IsFieldLost(double seconds, const MotorState& state, const Sur
 
 void CProtection::Rest(double seconds, const TripLevels& levels) {
     m_rise *= levels.thermalTime > 0 ? std::exp(-seconds / levels.thermalTime) : 0;
-    m_fieldMissing = 0;
+    m_fieldMissing = m_mainsGap = m_stalled = m_leaking = m_rippling = 0;
     m_fieldWasThere = false;
 }
 

@@ -15,11 +15,12 @@ namespace {
 using std::numbers::pi;
 
 constexpr double kFieldOff = 0.03;      ///< of rated field current
-constexpr double kFieldDecay = 10;      ///< may take [s]
+constexpr double kFieldDecay = 60;      ///< may take [s]
 constexpr double kLeastLimit = 0.15;    ///< current limit that allows any measurement, of rated current
 constexpr double kMostCurrent = 1.0;    ///< a commutator at standstill bears it for seconds, of rated current
 constexpr double kRise = 0.25;          ///< of the current towards the continuous region [rated/s]
 constexpr double kContinuousFor = 0.05; ///< [s]
+constexpr double kMeanFor = 2.5;        ///< keeps the noise in the resistance below half a percent [s]
 constexpr double kPulseCurrent = 0.15;  ///< wanted peak, of rated current
 constexpr int kPulses = 5;              ///< at the angle that gives it
 
@@ -80,7 +81,8 @@ CServiceRun RunArmature(CTestBench& bench) {
     bench.Phase(40, most / rated / kRise);
     bench.command.armature = ArmatureMode::Current;
     double line = 0;
-    double since = bench.GetTime();
+    const double began = bench.GetTime();
+    double since = began;
     bench.StartMean();
     while (bench.GetTime() - since < kContinuousFor) {
         bench.command.current = std::min(most, bench.command.current + kRise * rated * CMotorControl::kStep);
@@ -88,7 +90,7 @@ CServiceRun RunArmature(CTestBench& bench) {
             since = bench.GetTime();
             bench.StartMean();
         }
-        const bool waited = bench.GetTime() > kFieldDecay + 3 * most / rated / kRise;
+        const bool waited = bench.GetTime() - began > 10 + 3 * most / rated / kRise;
         if (waited || (bench.command.current >= most && since > bench.GetTime() - CMotorControl::kStep)) {
             // Give the current the time to follow before judging it.
             bench.StartMean();
@@ -111,7 +113,7 @@ CServiceRun RunArmature(CTestBench& bench) {
         bench.command.current = levels[i];
         co_yield 1.0;
         bench.StartMean();
-        co_yield 0.7;
+        co_yield kMeanFor;
         points[i] = bench.Mean();
         if (std::abs(points[i].armatureCurrent - levels[i]) > 0.1 * levels[i])
             co_return diagnosis::kCurrentDoesNotFollow;

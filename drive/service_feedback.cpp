@@ -15,6 +15,8 @@ constexpr double kRunUp = 4;                                   ///< to base spee
 constexpr double kLeastSignal = 0.02;                          ///< of base speed; less is none
 constexpr double kEncoderTolerance = 0.1;                      ///< against the EMF
 constexpr double kTachoTolerance = 0.2;                        ///< against the EMF
+constexpr double kGuessTolerance = 0.1;                        ///< more, while the armature resistance is a guess
+constexpr double kMostNoise = 0.03;                            ///< of a tacho, of base speed either way
 constexpr double kMostTachoVoltage = 270;                      ///< at the terminals [V]
 constexpr double kTachoRanges[] = {30, 90, kMostTachoVoltage}; ///< upper ends [V]
 constexpr double kHandTachoSpread = 0.5; ///< a hand-held tacho that shows another speed than this is misread
@@ -30,20 +32,20 @@ CServiceRun ToBaseSpeed(CTestBench& bench, SpeedGuide guide) {
     co_return co_await turning::RunUp(bench, base, kRunUp, 60);
 }
 
-quint16 JudgeEncoder(double ratio) {
+quint16 JudgeEncoder(double ratio, double guess) {
     if (std::abs(ratio) < kLeastSignal)
         return diagnosis::kEncoderMissing;
-    if (std::abs(std::abs(ratio) - 1) > kEncoderTolerance)
+    if (std::abs(std::abs(ratio) - 1) > kEncoderTolerance + guess)
         return diagnosis::kEncoderPulses;
     return ratio < 0 ? diagnosis::kEncoderReversed : diagnosis::kNone;
 }
 
-quint16 JudgeTacho(double ratio, double voltage) {
+quint16 JudgeTacho(double ratio, double voltage, double guess) {
     if (std::abs(ratio) < kLeastSignal)
         return diagnosis::kTachoMissing;
     if (voltage > kMostTachoVoltage)
         return diagnosis::kTachoVoltage;
-    if (std::abs(std::abs(ratio) - 1) > kTachoTolerance)
+    if (std::abs(std::abs(ratio) - 1) > kTachoTolerance + guess)
         return diagnosis::kTachoScaling;
     return ratio < 0 ? diagnosis::kTachoReversed : diagnosis::kNone;
 }
@@ -57,7 +59,14 @@ CServiceRun RunFeedbackTest(CTestBench& bench) {
 
     bench.Phase(78, 1);
     bench.StartMean();
-    co_yield 1;
+    double least = bench.Now().tachoSpeed;
+    double most = least;
+    for (const double start = bench.GetTime(); bench.GetTime() < start + 1;) {
+        co_yield 0;
+        least = std::min(least, bench.Now().tachoSpeed);
+        most = std::max(most, bench.Now().tachoSpeed);
+    }
+    const bool noisy = (most - least) / 2 > kMostNoise * settings.baseSpeed;
     const Measurement mean = bench.Mean();
     const double encoder = mean.encoderSpeed / mean.emfSpeed;
     const double tacho = mean.tachoSpeed / mean.emfSpeed;
@@ -70,10 +79,11 @@ CServiceRun RunFeedbackTest(CTestBench& bench) {
     if (std::abs(tacho) >= kLeastSignal || (settings.speedSource == SpeedSource::Tacho && found == SpeedSource::Emf))
         found = SpeedSource::Tacho;
     quint16 outcome = diagnosis::kNone;
+    const double guess = settings.resistanceKnown ? 0 : kGuessTolerance;
     if (found == SpeedSource::Encoder)
-        outcome = JudgeEncoder(encoder);
+        outcome = JudgeEncoder(encoder, guess);
     else if (found == SpeedSource::Tacho)
-        outcome = JudgeTacho(tacho, voltage);
+        outcome = noisy ? diagnosis::kTachoNoisy : JudgeTacho(tacho, voltage, guess);
     if (outcome) {
         // What is chosen may be what is wrong: the way down is the EMF's too.
         bench.RampSpeed(0, settings.baseSpeed / kRunUp);

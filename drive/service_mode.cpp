@@ -13,8 +13,8 @@
 namespace krt550 {
 namespace {
 
-constexpr double kPatience = 30;   ///< from arming to the start [s]
-constexpr double kLongestRun = 90; ///< [s]
+constexpr double kPatience = 30;    ///< from arming to the start [s]
+constexpr double kLongestRun = 180; ///< [s]
 
 constexpr quint16 kTachoTuning = 14;
 
@@ -37,6 +37,32 @@ constexpr Mode kModes[] = {
 const Mode* FindMode(quint16 number) {
     const auto* const found = std::ranges::find(kModes, number, &Mode::number);
     return found == std::end(kModes) ? nullptr : found;
+}
+
+quint16 DiagnosisOfFault(quint16 fault) {
+    constexpr std::pair<quint16, quint16> kReasons[] = {
+        {kFaultOvercurrent, diagnosis::kOvercurrent},
+        {kFaultOvervoltage, diagnosis::kOvervoltage},
+        {kFaultMains, diagnosis::kMains},
+        {kFaultFieldLoss, diagnosis::kFieldLost},
+        {kFaultOverspeed, diagnosis::kOverspeed},
+        {kFaultOvertemperature, diagnosis::kOvertemperature},
+        {kFaultFeedback, diagnosis::kFeedbackLost},
+        {kFaultMainContactor, diagnosis::kContactor},
+        {kFaultConnection, diagnosis::kToolSilent},
+        {kFaultExternal, diagnosis::kExternal},
+        {kFaultCurrentRise, diagnosis::kCurrentRise},
+        {kFaultFieldOvercurrent, diagnosis::kFieldOvercurrent},
+        {kFaultEarth, diagnosis::kEarth},
+        {kFaultStall, diagnosis::kStalled},
+        {kFaultMotorFan, diagnosis::kMotorFan},
+        {kFaultConverterFan, diagnosis::kConverterFan},
+        {kFaultPhaseMissing, diagnosis::kPhaseMissing},
+        {kFaultPhaseOrder, diagnosis::kPhaseOrder},
+        {kFaultRipple, diagnosis::kRipple},
+    };
+    const auto* const found = std::ranges::find(kReasons, fault, &std::pair<quint16, quint16>::first);
+    return found == std::end(kReasons) ? diagnosis::kTripped : found->second;
 }
 
 /// The ratings agree with each other as far as the runs rely on them.
@@ -72,15 +98,21 @@ void CServiceMode::Supervise(double seconds, const ServiceView& view, const Driv
         return;
     const bool running = IsRunning();
     const bool mayBeStopped = running && (m_bench->HasPublished() || m_mode == kTachoTuning);
-    m_waiting += seconds;
+    m_waiting += m_stuck ? 0 : seconds;
+    if (running && m_outlivesStop && !(view.started && view.driving)) {
+        m_run = {};
+        m_bench.reset();
+        m_waiting = 0;
+        return;
+    }
     const struct {
         bool now;
         quint16 code;
     } ends[] = {
         {m_outcome.has_value(), m_outcome.value_or(0)},
-        {view.fault == kFaultMainContactor, diagnosis::kContactor},
-        {view.fault == kFaultMains, diagnosis::kMains},
-        {view.fault != 0, diagnosis::kTripped},
+        {view.fault != 0, DiagnosisOfFault(view.fault)},
+        {view.emergencyStop, diagnosis::kEmergencyStop},
+        {running && view.mains < view.leastMains, diagnosis::kMains},
         {running ? view.place != m_place : view.place == ControlPlace::Other, diagnosis::kOtherPlace},
         {running && !(view.started && view.driving), mayBeStopped ? diagnosis::kNone : diagnosis::kStartWithdrawn},
         {m_waiting > (running ? FindMode(m_mode)->longest : kPatience), diagnosis::kTooLong},
@@ -120,7 +152,7 @@ void CServiceMode::Begin(const ServiceView& view, const DriveSettings& settings,
 }
 
 void CServiceMode::Step(double seconds, const MotorState& state, bool pulseOver) {
-    if (!IsRunning() || m_outcome)
+    if (!IsRunning() || m_outcome || m_stuck)
         return;
     if (!m_bench->Observe(seconds, state, pulseOver)) {
         m_outcome = diagnosis::kTurned;

@@ -15,6 +15,7 @@ class CRegisterFile;
 struct ServiceView {
     bool driving = false; ///< the converter drives the motor
     bool started = false; ///< a start command is there
+    bool emergencyStop = false;
     quint16 fault = 0;
     ControlPlace place = ControlPlace::Remote;
     double mains = 0;      ///< [V]
@@ -45,6 +46,10 @@ public:
     /// True once after a run has ended: the motor must not go on with the start command of the run.
     bool TakeEnd() { return std::exchange(m_ended, false); }
 
+    /// Defects of the drive's own program: a run stands still and never ends; a mode outlives the stop of its run.
+    void SetProgressStuck(bool stuck) { m_stuck = stuck; }
+    void SetOutlivesStop(bool outlives) { m_outlivesStop = outlives; }
+
 private:
     void Begin(const ServiceView& view, const DriveSettings& settings, const CSixPulseConverter& converter,
                CRegisterFile& registers);
@@ -59,6 +64,8 @@ private:
     std::optional<quint16> m_outcome;
     int m_progress = 0;
     bool m_ended = false;
+    bool m_stuck = false;
+    bool m_outlivesStop = false;
 };
 
 } // namespace krt550

@@ -20,8 +20,11 @@ constexpr double kWindowLow = 0.5; ///< and is measured between these
 constexpr double kWindowHigh = 0.75;
 constexpr double kRunUp = 3; ///< to the first speed [s]
 constexpr int kRepeats = 3;
-constexpr double kSpread = 0.1; ///< between the repeats, of the mean
-constexpr double kSwing = 12;   ///< one way may take [s]
+constexpr double kSpread = 0.1;     ///< between the repeats, of the mean
+constexpr double kMostGain = 650;   ///< that 24.03 can hold
+constexpr double kMostTime = 6500;  ///< that 24.09 can hold [ms]
+constexpr double kMostInertia = 65; ///< that 99.09 can hold [kg*m2]
+constexpr double kSwing = 30;       ///< one way may take [s]
 
 /// Slope of a straight line through measured speeds, and the mean current with it.
 class CSlope {
@@ -70,7 +73,8 @@ CServiceRun RunSpeed(CTestBench& bench) {
         co_return code;
     bench.StartMean();
     co_yield 0.5;
-    const double flux = turning::MeanFlux(bench);
+    double Measurement::*const shaft = turning::BestSpeed(bench.Mean(), settings);
+    const double flux = turning::MeanFlux(bench, shaft);
     if (!(flux > 0))
         co_return diagnosis::kWrongDirection;
 
@@ -84,10 +88,10 @@ CServiceRun RunSpeed(CTestBench& bench) {
             const bool up = way == 0;
             bench.command.current = up ? drive : brake;
             const double start = bench.GetTime();
-            while (up ? bench.Now().speed < kFastEnd * base : bench.Now().speed > kSlowEnd * base) {
-                const double speed = bench.Now().speed / base;
+            while (up ? bench.Now().*shaft < kFastEnd * base : bench.Now().*shaft > kSlowEnd * base) {
+                const double speed = bench.Now().*shaft / base;
                 if (way >= 0 && speed > kWindowLow && speed < kWindowHigh)
-                    slopes[way].Add(bench.GetTime() - start, bench.Now().speed, bench.Now().armatureCurrent);
+                    slopes[way].Add(bench.GetTime() - start, bench.Now().*shaft, bench.Now().armatureCurrent);
                 if (bench.GetTime() - start > kSwing)
                     co_return up ? diagnosis::kSpeedNotReached : diagnosis::kLoadNotSteady;
                 co_yield 0;
@@ -104,16 +108,21 @@ CServiceRun RunSpeed(CTestBench& bench) {
     if (!(least > 0) || most - least > kSpread * inertia)
         co_return diagnosis::kLoadNotSteady;
 
+    const bool tooHeavy = inertia > kMostInertia;
     bench.Phase(99, 2);
     bench.command.speed = kSlowEnd * base;
     bench.command.armature = ArmatureMode::Speed;
     bench.RampSpeed(0, kSlowEnd * base / 2);
     co_yield 2.5;
+    if (tooHeavy)
+        co_return diagnosis::kInertiaTooLarge;
 
     const PiSetting speed = SymmetricalOptimum(inertia, settings.SmallLags());
     const double unit = flux * rated / base; // [N*m*s]
-    bench.SetResult(reg::kSpeedGain, std::min(650.0, speed.gain / unit));
-    bench.SetResult(reg::kSpeedTime, speed.time * 1000);
+    // Where the gain's register ends, the same damping takes an integral time longer by the square of what is missing.
+    const double missing = std::max(1.0, speed.gain / unit / kMostGain);
+    bench.SetResult(reg::kSpeedGain, speed.gain / unit / missing);
+    bench.SetResult(reg::kSpeedTime, std::min(kMostTime, speed.time * missing * missing * 1000));
     bench.SetResult(reg::kInertia, inertia);
     co_return diagnosis::kNone;
 }

@@ -34,7 +34,10 @@ CServiceRun RunWeakening(CTestBench& bench) {
         co_return code;
     bench.StartMean();
     co_yield 0.5;
-    const double full = turning::MeanFlux(bench);
+    double Measurement::*const shaft = turning::BestSpeed(bench.Mean(), settings);
+    if (shaft == &Measurement::emfSpeed)
+        co_return diagnosis::kNoFeedback;
+    const double full = turning::MeanFlux(bench, shaft);
     if (!(full > 0) || turning::MeanField(bench) < turning::kFieldThere)
         co_return diagnosis::kFieldNotReached;
 
@@ -44,7 +47,7 @@ CServiceRun RunWeakening(CTestBench& bench) {
     co_yield 1.5;
     bench.StartMean();
     co_yield 0.3;
-    const double before = turning::MeanFlux(bench);
+    const double before = turning::MeanFlux(bench, shaft);
     bench.command.fieldCurrent = 0.9;
     double started = bench.GetTime();
     const double goal = before + 0.632 * (full - before) / 2;
@@ -53,7 +56,7 @@ CServiceRun RunWeakening(CTestBench& bench) {
         bench.StartMean();
         co_yield 0.002;
         response = bench.GetTime() - started;
-    } while (turning::MeanFlux(bench) < goal && response < 2);
+    } while (turning::MeanFlux(bench, shaft) < goal && response < 2);
 
     // The field current for each flux: the reference follows what the EMF still lacks.
     constexpr std::array<double, 3> kFlux = {0.9, 0.7, 0.4};
@@ -69,7 +72,7 @@ CServiceRun RunWeakening(CTestBench& bench) {
             if (bench.GetTime() - started > kPointTime)
                 co_return diagnosis::kFluxCurve;
             fields[i] = turning::MeanField(bench);
-            const double missing = kFlux[i] - turning::MeanFlux(bench) / full;
+            const double missing = kFlux[i] - turning::MeanFlux(bench, shaft) / full;
             const bool follows = std::abs(fields[i] - bench.command.fieldCurrent) < kFollows;
             matches = follows && std::abs(missing) < kFluxMatch ? matches + 1 : 0;
             if (follows)

@@ -30,6 +30,8 @@ quint16 MainStatus(const DriveSignals& state) {
         word |= status::kSpeedInTolerance;
     if (state.place != ControlPlace::Local)
         word |= status::kControlRequested;
+    if (state.alarm)
+        word |= status::kWarning;
     if (std::abs(state.speed) >= kSpeedThreshold * state.baseSpeed)
         word |= status::kSpeedThreshold;
     return word;
@@ -76,6 +78,8 @@ quint16 StateNumber(const DriveSignals& state) {
 quint16 PlaceNumber(const DriveSignals& state) {
     if (state.place == ControlPlace::Local)
         return 1;
+    if (state.byLink)
+        return 3;
     const bool overriding = state.inputs.controlWord & control::kByOverridingControl;
     return overriding || state.place == ControlPlace::Other ? 2 : 0;
 }
@@ -101,7 +105,6 @@ void ShowSignals(const DriveSignals& state, CRegisterFile& registers) {
         {reg::kAuxiliaryStatusWord, AuxiliaryStatus(state)},
         {reg::kDriveState, StateNumber(state)},
         {reg::kControlPlace, PlaceNumber(state)},
-        {reg::kLastFaultCode, state.lastFault},
     };
     for (const auto& [reg, word] : words)
         registers.SetWord(reg, word);

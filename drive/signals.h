@@ -20,6 +20,8 @@ struct DriveSignals {
     quint16 statusBits = 0; ///< 0 to 6
     bool driving = false;
     ControlPlace place = ControlPlace::Remote;
+    bool byLink = false; ///< the drive-to-drive link commands
+    bool alarm = false;
     bool fieldOn = false;      ///< the field exciter is switched on
     bool secondBridge = false; ///< bridge 2 carries the current
     bool tuning = false;       ///< a service run is on
@@ -30,7 +32,6 @@ struct DriveSignals {
     qint64 milliseconds = 0;   ///< since the drive was powered up
     int starts = 0;
     int trips = 0;
-    quint16 lastFault = 0;
 };
 
 /// Puts the signals into the registers that show them.

@@ -6,15 +6,14 @@
 #include "hostlib/tolvbo32/dtoa.h"
 #include "hostlib/tolvbo32/value_codec.h"
 
-#include <algorithm>
 #include <cmath>
-#include <utility>
+#include <limits>
 
 namespace krt550 {
 
 void CSimulatedDrive::Poll() {
     Advance();
-    m_silence = 0;
+    m_commanders.HearTool();
 }
 
 bool CSimulatedDrive::ReadRegister(quint16 reg, quint16& word) {
@@ -27,6 +26,8 @@ bool CSimulatedDrive::WriteRegister(quint16 reg, quint16 word) {
     Poll();
     ++m_counters.writes[reg];
     if (reg == reg::kHandTacho && !TakeHandTacho(word))
+        return false;
+    if (reg == reg::kRatedCurrent && IsCurrentTooLarge(word))
         return false;
     if (!m_registers.WriteFromLink(reg, word, m_error))
         return false;
@@ -45,23 +46,30 @@ bool CSimulatedDrive::TakeHandTacho(quint16 word) {
                       .arg(dtoa(shown, 0), dtoa(tacho, 0)));
 }
 
+/// A motor that draws more than the converter can give has the wrong converter.
+bool CSimulatedDrive::IsCurrentTooLarge(quint16 word) {
+    const ParameterDescription* parameter = m_registers.FindDescription(reg::kRatedCurrent);
+    const double most = m_registers.GetNumber(reg::kConverterCurrent, std::numeric_limits<double>::infinity());
+    if (!parameter || ShownNumber(*parameter, word) <= most)
+        return false;
+    return !Refuse(QStringLiteral("The drive refused the value: the converter gives %1 A (4.03).").arg(dtoa(most, 1)));
+}
+
 QByteArray CSimulatedDrive::ReadFaultRecord() {
     Poll();
     ++m_counters.faultReads;
-    return EncodeFaultRecord(RecordState::Complete, m_faultFields.value_or(FaultFields{}));
+    return EncodeFaultRecord(RecordState::Complete, m_faults.GetFields().value_or(FaultFields{}));
 }
 
 bool CSimulatedDrive::TakeLocalControl() {
     Poll();
     ++m_counters.localTakes;
-    if (m_place == ControlPlace::Other)
+    if (m_places.GetPlace() == ControlPlace::Other)
         return Refuse(QStringLiteral("Another control place holds the drive."));
-    if (IsLocal())
+    if (m_places.IsLocal())
         return true;
     const bool keepsOn = m_logic.IsDriving() || m_logic.GetState() == DriveState::On;
-    m_localReference = m_logic.IsDriving() ? GetSpeedReference() : 0;
-    m_localWord = keepsOn ? UsedControlWord() : control::kIdle;
-    m_place = ControlPlace::Local;
+    m_places.TakeLocal(keepsOn ? UsedControlWord() : control::kIdle, m_logic.IsDriving() ? GetSpeedReference() : 0);
     Settle();
     return true;
 }
@@ -71,7 +79,7 @@ bool CSimulatedDrive::ReleaseLocalControl() {
     ++m_counters.localReleases;
     if (RefuseWithoutLocalControl())
         return false;
-    m_place = ControlPlace::Remote;
+    m_places.ReleaseLocal();
     Settle();
     return true;
 }
@@ -81,11 +89,11 @@ bool CSimulatedDrive::CloseContactor() {
     ++m_counters.contactorCloses;
     if (RefuseWithoutLocalControl())
         return false;
-    if (m_connectionLost)
-        return Refuse(QStringLiteral("The drive is stopping: the tool was not heard in time."));
-    m_localWord |= control::kOn;
+    if (m_commanders.GetStopReason())
+        return Refuse(QStringLiteral("The drive is stopping for %1.").arg(FaultText(m_commanders.GetStopReason())));
+    m_places.SwitchOn();
     Settle();
-    const bool on = m_contactorClosed && m_logic.GetState() != DriveState::Inhibited;
+    const bool on = m_contactor.IsClosed() && m_logic.GetState() != DriveState::Inhibited;
     return on || Refuse(WhyNotOn());
 }
 
@@ -94,9 +102,9 @@ bool CSimulatedDrive::OpenContactor() {
     ++m_counters.contactorOpens;
     if (RefuseWithoutLocalControl())
         return false;
-    m_localWord = control::kIdle;
+    m_places.SwitchOff();
     Settle();
-    if (m_contactorClosed && !m_logic.IsDriving())
+    if (m_contactor.IsClosed() && !m_logic.IsDriving())
         return Refuse(QStringLiteral("The main contactor does not open."));
     return true;
 }
@@ -107,10 +115,12 @@ bool CSimulatedDrive::StartMotor() {
     if (RefuseWithoutLocalControl())
         return false;
     // Only a drive that is on keeps the start command: a motor never starts later by itself.
-    const bool on = (m_localWord & control::kOn) && (m_logic.GetState() == DriveState::On || m_logic.IsDriving());
+    const bool on = m_places.IsLocallyOn() && (m_logic.GetState() == DriveState::On || m_logic.IsDriving());
     if (!on)
         return Refuse(WhyNotOn());
-    m_localWord |= control::kRun;
+    if (m_startRefused)
+        return Refuse(QStringLiteral("Start is not enabled: an interlock outside the drive is open."));
+    m_places.Start();
     Settle();
     return true;
 }
@@ -120,7 +130,7 @@ bool CSimulatedDrive::StopMotor() {
     ++m_counters.motorStops;
     if (RefuseWithoutLocalControl())
         return false;
-    m_localWord &= static_cast<quint16>(~control::kEnableOperation);
+    m_places.Stop();
     Settle();
     return true;
 }
@@ -128,10 +138,10 @@ bool CSimulatedDrive::StopMotor() {
 bool CSimulatedDrive::ResetFault() {
     Poll();
     ++m_counters.resets;
-    Acknowledge();
+    m_faults.Acknowledge();
     Settle();
-    if (m_fault)
-        return Refuse(QStringLiteral("The cause of %1 is still there.").arg(FaultText(m_fault)));
+    if (const quint16 fault = m_faults.GetActive())
+        return Refuse(QStringLiteral("The cause of %1 is still there.").arg(FaultText(fault)));
     return true;
 }
 
@@ -140,40 +150,11 @@ bool CSimulatedDrive::SetSpeedReference(double rpm) {
     ++m_counters.references;
     if (RefuseWithoutLocalControl())
         return false;
-    const double former = std::exchange(m_localReference, rpm);
-    if (std::isfinite(rpm) && GetSpeedReference() == rpm)
+    if (std::isfinite(rpm) && m_references.Limit(rpm) == rpm) {
+        m_places.SetLocalReference(rpm);
         return true;
-    m_localReference = former;
+    }
     return Refuse(QStringLiteral("The speed reference %1 rpm lies outside the speed limits.").arg(dtoa(rpm, 1)));
-}
-
-void CSimulatedDrive::SetOtherControl(bool holds) {
-    Advance();
-    if (holds)
-        m_place = ControlPlace::Other;
-    else if (m_place == ControlPlace::Other)
-        m_place = ControlPlace::Remote;
-    Settle();
-}
-
-void CSimulatedDrive::SetContactorStuck(bool stuck) {
-    Advance();
-    m_contactorStuck = stuck;
-    Settle();
-}
-
-void CSimulatedDrive::SetMains(double voltage) {
-    Advance();
-    m_mains = std::max(0.0, voltage);
-    m_control.SetMains(m_mains);
-    Settle();
-}
-
-void CSimulatedDrive::SetTripCause(quint16 code) {
-    Advance();
-    m_tripCause = code;
-    if (code)
-        Trip(code);
 }
 
 bool CSimulatedDrive::Refuse(const QString& error) {
@@ -182,19 +163,21 @@ bool CSimulatedDrive::Refuse(const QString& error) {
 }
 
 bool CSimulatedDrive::RefuseWithoutLocalControl() {
-    if (IsLocal())
+    if (m_places.IsLocal())
         return false;
-    m_error = m_place == ControlPlace::Other ? QStringLiteral("Another control place holds the drive.")
-                                             : QStringLiteral("Take local control of the drive first.");
+    m_error = m_places.GetPlace() == ControlPlace::Other ? QStringLiteral("Another control place holds the drive.")
+                                                         : QStringLiteral("Take local control of the drive first.");
     return true;
 }
 
 QString CSimulatedDrive::WhyNotOn() const {
-    if (m_fault)
-        return QStringLiteral("The drive has tripped with %1. Reset it first.").arg(FaultText(m_fault));
+    if (const quint16 fault = m_faults.GetActive())
+        return QStringLiteral("The drive has tripped with %1. Reset it first.").arg(FaultText(fault));
+    if (IsEmergencyStopActive())
+        return QStringLiteral("The emergency stop is pressed.");
     if (m_logic.GetState() == DriveState::Inhibited)
         return QStringLiteral("Switching on is inhibited. Open the main contactor once, then close it again.");
-    if (m_localWord & control::kOn)
+    if (m_places.IsLocallyOn())
         return QStringLiteral("The main contactor does not close.");
     return QStringLiteral("Close the main contactor first.");
 }

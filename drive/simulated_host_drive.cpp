@@ -1,5 +1,6 @@
 #include "drive/simulated_host_drive.h"
 
+#include "drive/applied_faults.h"
 #include "hostlib/tolvbo32/dtoa.h"
 #include "hostlib/tolvbo32/parameter_tree.h"
 #include "hostlib/tolvcom32/communication_facade.h"
@@ -60,7 +61,7 @@ quint16 CSimulatedHostDrive::ReadFaultBuffer(quint32& header, const FaultBufferR
         m_link.SetLastError(CCommunicationFacade::GetErrorMessage(static_cast<quint16>(*error), false));
         return static_cast<quint16>(*error);
     }
-    header = static_cast<quint32>(m_drive.GetTripCount());
+    header = static_cast<quint32>(m_drive.GetFaults().GetTripCount());
     *byteCount = static_cast<quint32>(answer.size());
     record = answer;
     return Code(CommunicationError::None);
@@ -137,7 +138,7 @@ void CSimulatedHostDrive::FetchStatus() {
         {host_status::kContactorClosed, m_drive.IsContactorClosed()},
         {host_status::kRunning, m_drive.GetState() == DriveState::Operation},
         {host_status::kLocalControl, m_drive.GetControlPlace() == ControlPlace::Local},
-        {host_status::kFault, m_drive.GetActiveFault() != 0},
+        {host_status::kFault, m_drive.GetFaults().GetActive() != 0},
     };
     m_status = 0;
     for (const auto& [bit, set] : bits)
@@ -175,39 +176,21 @@ void CSimulatedHostDrive::SetFaultMode(const FaultMode& mode) {
     m_modes.Add(mode);
     if (mode.kind == FaultModeKind::MissingRegister)
         RetireTree();
-    ApplyFaultModes();
+    ApplyFaultModes(m_modes, m_drive);
+    BeginFaultMode(mode, m_drive);
 }
 
 void CSimulatedHostDrive::ClearFaultMode(const FaultMode& mode) {
     m_modes.Remove(mode);
     if (mode.kind == FaultModeKind::MissingRegister)
         RetireTree();
-    ApplyFaultModes();
+    ApplyFaultModes(m_modes, m_drive);
 }
 
 void CSimulatedHostDrive::ClearFaultModes() {
     const std::vector<FaultMode> modes = m_modes.GetModes();
     for (const FaultMode& mode : modes)
         ClearFaultMode(mode);
-}
-
-/// Brings those modes into the drive that are about the drive and not about the line to it.
-void CSimulatedHostDrive::ApplyFaultModes() {
-    m_drive.SetOtherControl(m_modes.Has(FaultModeKind::OtherControl));
-    m_drive.SetContactorStuck(m_modes.Has(FaultModeKind::ContactorStuck));
-    const FeedbackEquipment sound;
-    FeedbackEquipment& feedback = m_drive.GetFeedback();
-    feedback.broken = m_modes.Has(FaultModeKind::FeedbackBroken);
-    feedback.reversed = m_modes.Has(FaultModeKind::FeedbackReversed);
-    feedback.pulses = m_modes.Find(FaultModeKind::EncoderPulses).value_or(static_cast<quint32>(sound.pulses));
-    const auto voltage = m_modes.Find(FaultModeKind::TachoVoltage);
-    feedback.tachoVoltage = voltage ? *voltage : sound.tachoVoltage;
-    CDcMotor& motor = m_drive.GetMotor();
-    motor.SetFieldBroken(m_modes.Has(FaultModeKind::FieldBroken));
-    motor.SetArmatureBroken(m_modes.Has(FaultModeKind::ArmatureBroken));
-    motor.SetLocked(m_modes.Has(FaultModeKind::MotorLocked));
-    m_drive.SetMainsLost(m_modes.Has(FaultModeKind::MainsLost));
-    m_drive.SetTripCause(static_cast<quint16>(m_modes.Find(FaultModeKind::Trip).value_or(0)));
 }
 
 /// Somebody may still hold parameters of the tree, so it is kept; the next one who asks gets a new tree.

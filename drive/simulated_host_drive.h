@@ -86,7 +86,6 @@ private:
 
     bool Command(const std::function<bool()>& command);
     void FetchStatus();
-    void ApplyFaultModes();
     void RetireTree();
 
     CSimulatedDrive m_drive;

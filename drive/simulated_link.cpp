@@ -49,6 +49,11 @@ CSimulatedLink::Reply CSimulatedLink::Exchange(const std::function<bool()>& requ
         return Reply::None;
     }
     const bool done = request();
+    const quint32 lost = m_modes.Find(FaultModeKind::ReplyLost).value_or(0);
+    if (lost > 0 && ++m_replies % lost == 0) {
+        m_error = MessageOf(CommunicationError::Timeout);
+        return Reply::None;
+    }
     const qint64 delay = m_modes.Find(FaultModeKind::LateAnswer).value_or(0);
     if (delay > 0)
         CClock::Current().Sleep(std::min(delay, kReplyTimeout));

@@ -36,6 +36,7 @@ private:
     CSimulatedDrive& m_drive;
     const CFaultModes& m_modes;
     QString m_error;
+    quint32 m_replies = 0; ///< since the drive is connected
 };
 
 } // namespace krt550

@@ -99,9 +99,14 @@ DiscontinuousPulse PulseOf(double alpha, double e) {
     return {low, std::max(0.0, CurrentOf(theta0, low, low < kPulse ? e : EmfOf(theta0, kPulse)))};
 }
 
-void CSixPulseConverter::SetSupply(double lineVoltage, double frequency) {
+void CSixPulseConverter::SetSupply(double lineVoltage, double frequency, double lineInductance) {
     m_peak = std::numbers::sqrt2 * lineVoltage;
     m_frequency = 2 * pi * frequency;
+    m_commutation = 3 / pi * m_frequency * lineInductance;
+}
+
+double CSixPulseConverter::CommutationDrop(double current, double limit) const {
+    return m_commutation * current * std::min(1.0, current / limit);
 }
 
 double CSixPulseConverter::GetIdealVoltage() const {
@@ -113,9 +118,11 @@ double CSixPulseConverter::DiscontinuousLimit(double cosine, double inductance) 
 }
 
 ConverterVoltage CSixPulseConverter::MeanVoltage(double cosine, double current, double inductance) const {
+    if (m_twoPulse)
+        return {GetIdealVoltage() * cosine * 2 / 3 - m_commutation * current, -m_commutation, false};
     const double limit = DiscontinuousLimit(cosine, inductance);
     if (current >= limit)
-        return {GetIdealVoltage() * cosine, 0, true};
+        return {GetIdealVoltage() * cosine - CommutationDrop(current, limit), -m_commutation, true};
     constexpr double kLeast = 0.02; // the curve stands upright at 0
     constexpr double kStep = 1.0 / 64;
     const double root = std::max(kLeast, std::cbrt(current / limit));
@@ -123,14 +130,15 @@ ConverterVoltage CSixPulseConverter::MeanVoltage(double cosine, double current, 
     const double e = table.Look(cosine, root);
     const double rise = (table.Look(cosine, root + kStep) - table.Look(cosine, root - kStep)) / (2 * kStep);
     const double slope = m_peak * rise / (3 * root * root) / limit;
-    return {m_peak * e, std::min(0.0, slope), false};
+    return {m_peak * e - CommutationDrop(current, limit), std::min(0.0, slope) - 2 * m_commutation * current / limit,
+            false};
 }
 
 double CSixPulseConverter::CosineFor(double voltage, double current, double inductance, double start) const {
     const double ideal = GetIdealVoltage();
     if (ideal <= 0)
         return -1;
-    const double continuous = voltage / ideal;
+    const double continuous = (voltage + m_commutation * current) / ideal;
     if (std::abs(continuous) >= 1)
         return std::clamp(continuous, -1.0, 1.0);
     if (current >= DiscontinuousLimit(continuous, inductance))

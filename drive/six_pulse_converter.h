@@ -23,12 +23,17 @@ struct ConverterVoltage {
 /// out. 60 deg and more: the current has become continuous and the mean value is that of its boundary.
 DiscontinuousPulse PulseOf(double alpha, double e);
 
-/// A six-pulse thyristor bridge on a stiff three-phase supply as a mean-value model. The firing angle is told by its
-/// cosine, the commutation drop is 0.
+/// A six-pulse thyristor bridge on a three-phase supply behind commutation chokes, as a mean-value model. The firing
+/// angle is told by its cosine. While the current flows without gaps its commutation from valve to valve costs
+/// 3/pi*w*Lk*Id; where it has gaps every pulse begins at 0 and the drop fades away with the square of the current.
 class CSixPulseConverter {
 public:
-    /// `lineVoltage` [V] between two lines, effective; `frequency` [Hz]. A dead supply (0 V) gives no voltage.
-    void SetSupply(double lineVoltage, double frequency);
+    /// `lineVoltage` [V] between two lines, effective; `frequency` [Hz]; `lineInductance` Lk [H] a phase. A dead
+    /// supply (0 V) gives no voltage.
+    void SetSupply(double lineVoltage, double frequency, double lineInductance = 0);
+
+    /// With a phase or a branch lost two pulses a period are left: two thirds of the voltage, and gaps in the current.
+    void SetTwoPulse(bool twoPulse) { m_twoPulse = twoPulse; }
 
     double GetPeak() const { return m_peak; }                  ///< of the line voltage [V]
     double GetIdealVoltage() const;                            ///< Udi0 = 3/pi*Upeak [V]
@@ -41,8 +46,12 @@ public:
     double CosineFor(double voltage, double current, double inductance, double start) const;
 
 private:
+    double CommutationDrop(double current, double limit) const;
+
     double m_peak = 0;
     double m_frequency = 0;
+    double m_commutation = 0; ///< 3/pi*w*Lk [Ohm]
+    bool m_twoPulse = false;
 };
 
 } // namespace krt550

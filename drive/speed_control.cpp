@@ -15,15 +15,17 @@ void CSpeedControl::Start(double speed) {
 }
 
 double CSpeedControl::Step(double seconds, double reference, double speed, double reachHigh, double reachLow,
-                           const DriveSettings& settings) {
-    const double filter = std::max(settings.referenceFilter, 4 * settings.SmallLags());
+                           const DriveSettings& settings, double lag) {
+    const double slower = 1 + lag / settings.SmallLags(); // the symmetrical optimum's gain and time go with the lags
+    const PiSetting setting{settings.speed.gain / slower, settings.speed.time * slower};
+    const double filter = std::max(settings.referenceFilter, 4 * slower * settings.SmallLags());
     m_reference.Step(reference, seconds, filter);
     m_feedback.Step(speed, seconds, settings.feedbackFilter);
     const double error = (m_reference.GetOutput() - m_feedback.GetOutput()) / settings.baseSpeed;
     m_error.Step(error, seconds, settings.errorFilter);
     const double high = std::max(0.0, std::min(settings.torqueHigh, reachHigh));
     const double low = std::min(0.0, std::max(settings.torqueLow, reachLow));
-    return m_controller.Step(m_error.GetOutput(), seconds, settings.speed, low, high);
+    return m_controller.Step(m_error.GetOutput(), seconds, setting, low, high);
 }
 
 double CFluxControl::Step(double seconds, double emf, double speed, const DriveSettings& settings) {

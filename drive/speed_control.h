@@ -13,8 +13,9 @@ public:
     /// Starts from the motor's speed [rad/s] without a jerk.
     void Start(double speed);
     /// `reference` and `speed` in rad/s; `reach` is the relative torque that the currents' limits leave, both ways.
+    /// `lag` [s] is what this speed is late beyond the feedback that the controller has been tuned for.
     double Step(double seconds, double reference, double speed, double reachHigh, double reachLow,
-                const DriveSettings& settings);
+                const DriveSettings& settings, double lag = 0);
     double GetReferenceUsed() const { return m_reference.GetOutput(); } ///< [rad/s]
 
 private:

@@ -7,6 +7,9 @@ struct DriveSettings;
 /// Which speed feedback the drive goes by; the numbers of its selector's value list.
 enum class SpeedSource { Emf = 0, Encoder = 1, Tacho = 2 };
 
+/// Which edges of which channels of an encoder count; the numbers of 50.02.
+enum class EncoderEvaluation { RisingA = 0, BothEdgesA = 1, AllEdges = 2, DirectionByB = 3 };
+
 /// What is mounted at the motor's shaft end.
 enum class FeedbackDevice { None, Encoder, Tacho };
 
@@ -17,15 +20,21 @@ struct FeedbackEquipment {
     double tachoVoltage = 62.4; ///< of a tacho [V] at 1000 rpm: a 60 V machine within its tolerance
     bool broken = false;        ///< gives no signal
     bool reversed = false;      ///< wired the wrong way round
+    bool oneChannel = false;    ///< channel B of an encoder is missing
+    double noise = 0;           ///< on a tacho's signal, of the signal either way
 };
 
-/// Speeds as the drive's inputs make them of the shaft's true speed; all in its unit.
+/// Speeds as the drive knows them [rad/s].
 struct SpeedSignals {
+    double emf = 0;
     double encoder = 0;
     double tacho = 0;
-    double used = 0; ///< of the chosen source; the EMF is taken as exact
+    double used = 0; ///< of the chosen source
 };
 
-SpeedSignals MeasureSpeed(double speed, const FeedbackEquipment& equipment, const DriveSettings& settings);
+/// What the inputs make of the shaft's true speed; `emf` is the speed by EMF, `chance` from -1 to 1 where in its spread
+/// a noisy signal is.
+SpeedSignals MeasureSpeed(double speed, double emf, const FeedbackEquipment& equipment, const DriveSettings& settings,
+                          double chance = 0);
 
 } // namespace krt550

@@ -36,8 +36,9 @@ bool CTestBench::Observe(double seconds, const MotorState& state, bool pulseOver
         {&Measurement::armatureCurrent, state.armatureCurrent, kNoise * m_settings.ratedCurrent},
         {&Measurement::fieldVoltage, state.fieldVoltage, kNoise * m_settings.ratedFieldVoltage},
         {&Measurement::fieldCurrent, state.fieldCurrent, kNoise * m_settings.ratedFieldCurrent},
+        {&Measurement::emf, state.emf, kNoise * m_settings.ratedVoltage},
         {&Measurement::speed, state.signals.used, kSpeedNoise * m_settings.baseSpeed},
-        {&Measurement::emfSpeed, state.speed, kSpeedNoise * m_settings.baseSpeed},
+        {&Measurement::emfSpeed, state.signals.emf, kSpeedNoise * m_settings.baseSpeed},
         {&Measurement::encoderSpeed, state.signals.encoder, kSpeedNoise * m_settings.baseSpeed},
         {&Measurement::tachoSpeed, state.signals.tacho, kSpeedNoise * m_settings.baseSpeed},
     };
@@ -50,7 +51,9 @@ bool CTestBench::Observe(double seconds, const MotorState& state, bool pulseOver
     m_pulseOver = pulseOver;
     const double step = m_slope * seconds;
     command.speed += std::clamp(m_target - command.speed, -step, step);
-    m_turning = std::abs(m_now.speed) > kTurns * m_settings.baseSpeed ? m_turning + seconds : 0;
+    // Without field the EMF tells nothing: whatever is mounted at the shaft is looked at.
+    const double turns = std::max({std::abs(m_now.speed), std::abs(m_now.encoderSpeed), std::abs(m_now.tachoSpeed)});
+    m_turning = turns > kTurns * m_settings.baseSpeed ? m_turning + seconds : 0;
     return !mustStand || m_turning < kTurnsFor;
 }
 
@@ -67,7 +70,7 @@ void CTestBench::StartMean() {
 Measurement CTestBench::Mean() const {
     Measurement mean = m_sum;
     for (double* value : {&mean.armatureVoltage, &mean.armatureCurrent, &mean.fieldVoltage, &mean.fieldCurrent,
-                          &mean.speed, &mean.emfSpeed, &mean.encoderSpeed, &mean.tachoSpeed})
+                          &mean.emf, &mean.speed, &mean.emfSpeed, &mean.encoderSpeed, &mean.tachoSpeed})
         *value *= m_count ? 1.0 / m_count : 0;
     return mean;
 }

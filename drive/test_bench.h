@@ -17,6 +17,7 @@ struct Measurement {
     double armatureCurrent = 0; ///< [A]
     double fieldVoltage = 0;    ///< [V]
     double fieldCurrent = 0;    ///< [A]
+    double emf = 0;             ///< [V]
     double speed = 0;           ///< of the source in use [rad/s]
     double emfSpeed = 0;        ///< [rad/s]
     double encoderSpeed = 0;    ///< [rad/s]

@@ -2,6 +2,7 @@
 
 #include "drive/motor_sets.h"
 #include "host/drive_name.h"
+#include "host/motor_options.h"
 #include "host/simulated_connection.h"
 
 #include <algorithm>
@@ -29,9 +30,9 @@ QString UnknownTo(const DriveName& name) {
     if (!name.motor.isEmpty() && !FindMotorSet(name.motor))
         return QStringLiteral("motor \"%1\"; its motors are: %2").arg(name.motor, MotorSetNames());
     for (const auto& [option, value] : name.options) {
-        if (option != QLatin1String("feedback"))
+        if (option != QLatin1String("feedback") && !CMotorOptions::Knows(option))
             return QStringLiteral("option \"%1\"").arg(option);
-        if (!FindFeedback(value))
+        if (option == QLatin1String("feedback") && !FindFeedback(value))
             return QStringLiteral("feedback \"%1\"; there are: encoder, tacho, none").arg(value);
     }
     return {};
@@ -52,12 +53,19 @@ std::unique_ptr<CConnection> ConnectDrive(const QString& text, std::vector<Param
         error = QStringLiteral("drive \"%1\": the simulated drive has no %2").arg(text, unknown);
         return nullptr;
     }
+    CMotorOptions motor(name->motor.isEmpty() ? DefaultMotorSet() : *FindMotorSet(name->motor));
+    for (const auto& [option, value] : name->options) {
+        if (CMotorOptions::Knows(option) && !motor.Set(option, value, error)) {
+            error = QStringLiteral("drive \"%1\": %2").arg(text, error);
+            return nullptr;
+        }
+    }
     // The information names a file in the wizard directory, as a host does that knows where its module lies.
     auto connection = std::make_unique<CSimulatedConnection>(
-        std::move(parameters), wizardDirectory + QLatin1String("/KRT550Wizard.so"),
-        name->motor.isEmpty() ? DefaultMotorSet() : *FindMotorSet(name->motor));
-    for (const auto& option : name->options)
-        connection->SetFeedback(FindFeedback(option.second)->device);
+        std::move(parameters), wizardDirectory + QLatin1String("/KRT550Wizard.so"), motor.GetMotor());
+    for (const auto& [option, value] : name->options)
+        if (const Feedback* feedback = FindFeedback(value); feedback && option == QLatin1String("feedback"))
+            connection->SetFeedback(feedback->device);
     for (const QString& fault : name->faults) {
         error = connection->SwitchFault(fault);
         if (!error.isEmpty()) {

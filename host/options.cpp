@@ -2,6 +2,7 @@
 
 #include "drive/fault_modes.h"
 #include "drive/motor_sets.h"
+#include "host/motor_options.h"
 #include "host/play/vocabulary.h"
 
 #include <iterator>
@@ -87,17 +88,18 @@ QString HelpText() {
             head += QLatin1Char(' ') + QLatin1String(option.value);
         text += head.leftJustified(22) + QLatin1String(option.help) + QLatin1Char('\n');
     }
-    text += QStringLiteral(
-                "\n"
-                "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none, and\n"
-                "fault=NAME, as often as needed. Its faults:\n%2\n"
-                "--drive sim:S1,feedback=tacho,fault=missing:3016 is the motor S1 with a tacho and a drive without\n"
-                "that parameter.\n\n"
-                "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
-                "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed or the wizard did\n"
-                "not run; 2 a wrong option, or a file that cannot be read or written.\n\n")
-                .arg(MotorSetNames(),
-                     FaultModeNames().prepend(QLatin1String("  ")).replace(QLatin1String(", "), QLatin1String("\n  ")));
+    text +=
+        QStringLiteral(
+            "\n"
+            "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none; fault=NAME, as\n"
+            "often as needed; and what is to be different about the motor:\n%2\n"
+            "Its faults:\n%3\n"
+            "--drive sim:S1,feedback=tacho,fault=missing:3016 is the motor S1 with a tacho and a drive without that\n"
+            "parameter, sim:S2,R=3.1,L=0.02,J=0.1,load=10 another motor behind a machine.\n\n"
+            "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
+            "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed or the wizard did\n"
+            "not run; 2 a wrong option, or a file that cannot be read or written.\n\n")
+            .arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp());
     return text + PlayHelpText();
 }
 

@@ -17,7 +17,7 @@ public:
     virtual std::optional<QString> DriveText(quint16 reg) = 0;
     /// "99.06 Service mode: Normal", or why there is no such text.
     virtual QString DescribeDrive(quint16 reg) = 0;
-    /// "43.10 Armature resistance: 2578 mOhm, the motor's own: 2581 mOhm (-0.1 %)". A value that lies farther than
+    /// "43.10 Armature resistance: 2578 mΩ, the motor's own: 2581 mΩ (-0.1 %)". A value that lies farther than
     /// `percent` from the motor's own, or that nobody knows of the motor, is an error; the text says so.
     virtual QString CompareWithMotor(quint16 reg, int percent, bool& isNear) = 0;
     /// What somebody measures at the motor itself and would type into a row; nothing when nobody can.

@@ -5,7 +5,7 @@
 namespace krt550 {
 
 /// A drive that finds its speed feedback: in mode 5 its progress rises with every look at it, until it has
-/// adapted 50.03; in mode 14 it stays where it is until the motor is stopped.
+/// adapted 50.03; in mode 14 it stays where it is. A stop ends either.
 class FeedbackDrive : public TuningDrive {
 public:
     FeedbackDrive() : TuningDrive(Parameters()) {
@@ -35,12 +35,12 @@ public:
     }
 
 protected:
-    void Advance(const QString& call) override {
+    void Happened(const QString& call) override {
         const bool testing = words[9906] == 5 || words[9906] == 14;
         if (testing || call == "start motor" || call == "stop motor")
             AdvanceTest(call);
         if (!testing)
-            TuningDrive::Advance(call);
+            TuningDrive::Happened(call);
     }
 
 private:
@@ -55,6 +55,7 @@ private:
             m_looks = 0;
         } else if (call == "stop motor") {
             statusWord = kStatusStopped;
+            words[9906] = 0;
             m_looks = -1;
         } else if (call == "read 424" && m_looks >= 0) {
             ++m_looks;

@@ -22,6 +22,7 @@ struct PageCase {
     bool readsOnceMore;
     bool readsFaultRecord;
     QStringList results;
+    bool judgesFirst = false;
 };
 
 const PageCase kPages[] = {
@@ -41,6 +42,7 @@ const PageCase kPages[] = {
      true,
      true,
      {"read 4306", "read 4307", "read 4308", "read 4309", "read 4310"}},
+    {6, 168, 4, kRunsUp, "Autotuning speed controller successful", true, true, {"read 2403", "read 2409"}, true},
     {7,
      169,
      3,
@@ -82,6 +84,11 @@ protected:
         return {"write 9906=" + QString::number(GetParam().mode), "refresh", "take local control", "close contactor",
                 "start motor"};
     }
+    /// The drive has finished.
+    static QStringList Close() {
+        const QStringList judge = {"read 911"};
+        return (GetParam().judgesFirst ? judge + Stop() : Stop() + judge) + GetParam().results;
+    }
     /// What a failed run reads for its box, and the fault record where the page reads it.
     static QStringList Report() {
         QStringList report = {"read 911"};
@@ -105,8 +112,7 @@ TEST_P(Autotuning, SucceedsAndMarksItsStep) {
                 EXPECT_FALSE(Robot::IsEnabled(id)) << id;
         };
         Robot::Press(kStartRun);
-        EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Stop() +
-                                         QStringList{"read 911"} + GetParam().results);
+        EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Close());
         EXPECT_EQ(m_clock.Now(), 200 + 3 * 50);
         EXPECT_EQ(GetStepState(GetParam().page), StepState::Done);
         EXPECT_EQ(qobject_cast<QProgressBar*>(Robot::Control(kProgress))->value(), 100);
@@ -128,8 +134,8 @@ TEST_P(Autotuning, TellsTheDiagnosisAfterAFailure) {
             m_boxes.Expect(GetParam().confirmation);
             m_boxes.Expect(FailureText("Motor turned")).WithIcon(QMessageBox::Critical);
             Robot::Press(kStartRun);
-            EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Stop() +
-                                             QStringList{"read 911"} + GetParam().results + Report());
+            EXPECT_EQ(m_drive.TakeLog(),
+                      Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Close() + Report());
             EXPECT_EQ(Robot::IsEnabled(kDiagnosis), !GetParam().readsFaultRecord || code == 5) << code;
             EXPECT_EQ(GetStepState(GetParam().page), StepState::Pending);
             ExpectIdle();
@@ -181,10 +187,10 @@ TEST_P(Autotuning, EndsWhenTheServiceModeCannotBeWritten) {
         m_boxes.Expect(refused);
         m_boxes.Expect(FailureText("No message"));
         if (GetParam().readsFaultRecord)
-            m_boxes.Expect(refused); // ending the service mode fails too
+            m_boxes.Expect(refused); // reading the fault record ends the mode too
         m_drive.faultBufferError = 0;
         Robot::Press(kStartRun);
-        EXPECT_EQ(m_drive.TakeLog(), Permission() + QStringList{Launch()[0]} + Report());
+        EXPECT_EQ(m_drive.TakeLog(), Permission() + QStringList{Launch()[0]} + EndMode() + Report());
         ExpectIdle();
         m_drive.unwritable.clear();
     });
@@ -200,7 +206,7 @@ TEST_P(Autotuning, EndsWhenLocalControlIsRefusedAfterThePermission) {
         m_boxes.Expect(GetParam().confirmation);
         m_boxes.Expect(FailureText("No message"));
         Robot::Press(kStartRun);
-        EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch().mid(0, 3) + Report()) << "the motor is not started";
+        EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch().mid(0, 3) + EndMode() + Report()) << "the motor is not started";
         ExpectIdle();
     });
 }
@@ -223,9 +229,8 @@ TEST_P(Autotuning, StopsTheDriveBeforeItTellsOfAFailedRead) {
                 Robot::Press(kStartRun);
                 EXPECT_TRUE(stopped) << reg;
                 m_drive.unreadable.clear();
-                const QStringList log = m_drive.TakeLog();
-                const int looks = look + (GetParam().readsOnceMore ? 1 : 0);
-                EXPECT_EQ(log, Permission() + Launch() + Looks(looks) + Stop() + Report()) << reg << ' ' << look;
+                EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(look) + EndMode() + Stop() + Report())
+                    << reg << ' ' << look;
                 m_drive.onLook = {};
                 ExpectIdle();
             });
@@ -241,7 +246,7 @@ TEST_P(Autotuning, EndsAfter5001CyclesWithoutAnEnd) {
         m_boxes.Expect(FailureText("No message"));
         Robot::Press(kStartRun);
         EXPECT_EQ(m_drive.TakeLog(),
-                  Permission() + Launch() + Looks(5001 + (GetParam().readsOnceMore ? 1 : 0)) + Stop() + Report());
+                  Permission() + Launch() + Looks(5001 + (GetParam().readsOnceMore ? 1 : 0)) + EndMode() + Stop() + Report());
         EXPECT_EQ(m_clock.Now(), 200 + 5001 * 50);
         ExpectIdle();
     });
@@ -270,10 +275,9 @@ TEST_P(Autotuning, CanBeAbortedAtAnyMoment) {
             m_drive.onLook = {};
             EXPECT_EQ(Robot::Layout(), way.layoutAfter) << way.name;
             const QStringList log = m_drive.TakeLog();
-            const QStringList abort = {"write 9906=0", "refresh", "stop motor", "open contactor",
-                                       "release local control"};
+            const QStringList abort = EndMode() + Stop();
             EXPECT_EQ(log.mid(0, log.indexOf("write 9906=0")), Permission() + Launch() + Looks(4)) << way.name;
-            EXPECT_EQ(log.mid(log.indexOf("write 9906=0"), 5), abort) << way.name;
+            EXPECT_EQ(log.mid(log.indexOf("write 9906=0"), abort.size()), abort) << way.name;
             EXPECT_FALSE(log.mid(log.indexOf("write 9906=0")).contains("start motor")) << way.name;
             EXPECT_EQ(m_drive.words[9906], 0) << way.name;
             EXPECT_FALSE(m_drive.localControl) << way.name;

@@ -28,6 +28,10 @@ inline QStringList Looks(int count) {
     return looks;
 }
 
+inline QStringList EndMode() {
+    return {"write 9906=0", "refresh"};
+}
+
 inline QStringList Stop() {
     return {"stop motor", "open contactor", "refresh", "release local control"};
 }
@@ -39,7 +43,6 @@ public:
     explicit TuningDrive(std::vector<ParameterDescription> parameters = Parameters())
         : FakeDrive(std::move(parameters)) {
         words[801] = 1;
-        onCall = [this](const QString& call) { Advance(call); };
     }
 
     int looksUntilDone = 3; ///< how often 9906 is read before it is 0 again; 0: never
@@ -66,7 +69,7 @@ public:
     }
 
 protected:
-    virtual void Advance(const QString& call) {
+    void Happened(const QString& call) override {
         if (call == "start motor")
             m_looks = 0;
         if (call != "read 9906" || m_looks < 0)

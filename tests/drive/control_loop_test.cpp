@@ -34,7 +34,7 @@ template <class Step> Response Watch(double seconds, const Step& step) {
 /// A step of the speed under half load, small enough for the torque limit, watched for `seconds`.
 Response StepSpeed(const MotorSet& set, const DriveSettings& settings, double seconds) {
     CMotorControl control(DataOf(set));
-    control.SetMains(set.mains);
+    control.SetMains(set.mains, LineInductanceOf(set));
     MotorCommand command;
     command.field = FieldMode::Current;
     const double start = 0.4 * settings.baseSpeed;
@@ -58,6 +58,7 @@ class ControlLoop : public testing::TestWithParam<const char*> {};
 
 TEST_P(ControlLoop, TunedByTheDriveStaysInItsBands) {
     WholeDrive drive(GetParam());
+    drive.SetValue(reg::kSpeedSource, 1);
     for (const quint16 mode : {quint16{2}, quint16{1}, quint16{4}}) {
         ASSERT_EQ(drive.Tune(mode), 0) << mode;
         drive.Seconds(2);
@@ -66,7 +67,7 @@ TEST_P(ControlLoop, TunedByTheDriveStaysInItsBands) {
     DriveSettings settings = ReadSettings(drive.Drive().GetRegisters(), set);
     settings.currentSlope = 1e9; // the loop's own response
     CMotorControl control(DataOf(set));
-    control.SetMains(set.mains);
+    control.SetMains(set.mains, LineInductanceOf(set));
     control.GetMotor().SetLocked(true);
     MotorCommand command;
 
@@ -109,6 +110,7 @@ TEST(SpeedResponse, SlowNormalAndFastAreWhatTheirNamesSay) {
     double former = 0;
     for (const auto& r : responses) {
         WholeDrive drive("S2");
+        drive.SetValue(reg::kSpeedSource, 1);
         ASSERT_EQ(drive.Tune(1), 0);
         drive.Seconds(1);
         drive.SetValue(reg::kErrorFilter, r.error);
@@ -144,6 +146,7 @@ TEST(ControlLoopOnAnExtremeMotor, RunsWhenSetByHand) {
 
 TEST(FieldWeakening, HoldsTheVoltageAboveBaseSpeed) {
     WholeDrive drive("S2");
+    drive.SetValue(reg::kSpeedSource, 1);
     drive.SetValue(reg::kFieldMode, 1);
     for (const quint16 mode : {quint16{2}, quint16{1}, quint16{4}, quint16{3}}) {
         ASSERT_EQ(drive.Tune(mode), 0) << mode;
@@ -157,7 +160,7 @@ TEST(FieldWeakening, HoldsTheVoltageAboveBaseSpeed) {
     EXPECT_NEAR(drive.Value(reg::kSpeed), 2600, 30);
     EXPECT_LT(drive.Value(reg::kArmatureVoltage), 1.02 * 240);
     EXPECT_NEAR(drive.Value(reg::kFieldRelative), 100 * 1750.0 / 2600, 5);
-    EXPECT_EQ(drive.Drive().GetActiveFault(), 0);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), 0);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // Trips and the supervision of the tool that holds local control.
+#include "drive/control_word.h"
 #include "drive/fault_codes.h"
 #include "tests/drive/whole_drive.h"
 
@@ -9,10 +10,13 @@ namespace {
 
 using test::WholeDrive;
 
+enum class Outcome { Trip, Alarm, Nothing };
+
 struct Cause {
     const char* name;
     void (*happen)(WholeDrive& drive);
     double within; ///< [s]
+    Outcome outcome;
     quint16 code;
 };
 
@@ -20,59 +24,231 @@ void PrintTo(const Cause& cause, std::ostream* out) {
     *out << cause.name;
 }
 
+constexpr double kFullLoad = 19; ///< [Nm] nearly rated torque of S2
+
+template <int Reaction, int PerMille> void LeakToEarth(WholeDrive& d) {
+    d.SetValue(reg::kEarthReaction, Reaction);
+    d.Drive().SetEarthCurrent(PerMille / 1000.0);
+}
+template <int Reaction, int Milliseconds> void DipMains(WholeDrive& d) {
+    d.SetValue(reg::kMainsReaction, Reaction);
+    d.Drive().GetMains().Dip(Milliseconds);
+}
+template <int Reaction> void LoseMotorFan(WholeDrive& d) {
+    d.SetValue(reg::kMotorFanReaction, Reaction);
+    d.Drive().GetFans().SetMotorFanLost(true);
+}
+template <int Reaction> void LoseConverterFan(WholeDrive& d) {
+    d.SetValue(reg::kConverterFanReaction, Reaction);
+    d.Drive().GetFans().SetConverterFanLost(true);
+}
+template <PhaseDefect Defect> void SpoilPhases(WholeDrive& d) {
+    d.Drive().GetMains().SetPhases(Defect);
+}
+void Lock(WholeDrive& d) {
+    d.Motor().SetLocked(true);
+}
+
 const Cause kCauses[] = {
     {"Overcurrent",
      [](WholeDrive& d) {
          d.SetValue(reg::kOvercurrentLevel, 50);
-         d.Motor().SetLoad(19);
+         d.Motor().SetLoad(kFullLoad);
      },
-     2, kFaultOvercurrent},
-    {"Overvoltage", [](WholeDrive& d) { d.SetValue(reg::kOvervoltageLevel, 30); }, 1, kFaultOvervoltage},
-    {"MainsLost", [](WholeDrive& d) { d.Drive().SetMains(100); }, 1, kFaultMains},
-    {"FieldLost", [](WholeDrive& d) { d.Motor().SetFieldBroken(true); }, 1, kFaultFieldLoss},
-    {"Overspeed", [](WholeDrive& d) { d.Motor().SetLoad(-60); }, 5, kFaultOverspeed},
-    {"Overtemperature",
+     2, Outcome::Trip, kFaultOvercurrent},
+    {"Overvoltage", [](WholeDrive& d) { d.SetValue(reg::kOvervoltageLevel, 30); }, 1, Outcome::Trip, kFaultOvervoltage},
+    {"MainsTooLow", [](WholeDrive& d) { d.Drive().GetMains().SetVoltage(130); }, 1, Outcome::Trip, kFaultMains},
+    {"MainsLow", [](WholeDrive& d) { d.Drive().GetMains().SetVoltage(170); }, 1, Outcome::Alarm, kFaultMains},
+    {"MainsDipTripsAtOnce", DipMains<0, 100>, 1, Outcome::Trip, kFaultMains},
+    {"MainsDipIsRiddenThrough", DipMains<1, 400>, 8, Outcome::Nothing, 0},
+    {"MainsDipTooLong", DipMains<1, 600>, 1, Outcome::Trip, kFaultMains},
+    {"FieldLost", [](WholeDrive& d) { d.Motor().SetFieldBroken(true); }, 1, Outcome::Trip, kFaultFieldLoss},
+    {"FieldOvercurrent", [](WholeDrive& d) { d.SetValue(reg::kFieldOvercurrent, 90); }, 1, Outcome::Trip,
+     kFaultFieldOvercurrent},
+    {"Overspeed", [](WholeDrive& d) { d.Motor().SetLoad(-60); }, 5, Outcome::Trip, kFaultOverspeed},
+    {"CurrentRise",
      [](WholeDrive& d) {
-         d.SetValue(reg::kThermalModel, 1);
+         d.SetValue(reg::kCurrentRise, 0.5);
+         d.Motor().SetLoad(kFullLoad);
+     },
+     1, Outcome::Trip, kFaultCurrentRise},
+    {"Stall",
+     [](WholeDrive& d) {
+         d.SetValue(reg::kStallTime, 2);
+         Lock(d);
+     },
+     6, Outcome::Trip, kFaultStall},
+    {"StallBelowItsTorque",
+     [](WholeDrive& d) {
+         d.SetValue(reg::kStallTime, 2);
+         d.SetValue(reg::kStallTorque, 110);
+         Lock(d);
+     },
+     6, Outcome::Nothing, 0},
+    {"FullCurrentAtStandstillAsFromTheWorks", Lock, 300, Outcome::Trip, kFaultOvertemperature},
+    {"SeparateFanBearsIt",
+     [](WholeDrive& d) {
+         d.SetValue(reg::kThermalModel, 2);
+         Lock(d);
+     },
+     300, Outcome::Nothing, 0},
+    {"Warm",
+     [](WholeDrive& d) {
+         d.SetValue(reg::kThermalAlarmLevel, 60);
          d.SetValue(reg::kThermalTime, 30);
-         d.SetValue(reg::kThermalTripLevel, 60);
-         d.Motor().SetLoad(19);
+         d.Motor().SetLoad(kFullLoad);
      },
-     60, kFaultOvertemperature},
-    {"Contactor",
+     60, Outcome::Alarm, kFaultOvertemperature},
+    {"EarthCurrent", LeakToEarth<1, 50>, 1, Outcome::Trip, kFaultEarth},
+    {"EarthCurrentAlarm", LeakToEarth<2, 50>, 1, Outcome::Alarm, kFaultEarth},
+    {"EarthCurrentNotUsed", LeakToEarth<0, 50>, 1, Outcome::Nothing, 0},
+    {"EarthCurrentBelowItsLevel", LeakToEarth<1, 30>, 1, Outcome::Nothing, 0},
+    {"EarthCurrentBeforeItsDelay",
      [](WholeDrive& d) {
-         d.Drive().SetContactorStuck(true);
+         d.SetValue(reg::kEarthDelay, 5000);
+         LeakToEarth<1, 50>(d);
+     },
+     4, Outcome::Nothing, 0},
+    {"MotorFan", LoseMotorFan<1>, 11, Outcome::Trip, kFaultMotorFan},
+    {"MotorFanBeforeItsDelay", LoseMotorFan<1>, 9, Outcome::Nothing, 0},
+    {"MotorFanAlarm", LoseMotorFan<2>, 11, Outcome::Alarm, kFaultMotorFan},
+    {"MotorFanNotUsed", LoseMotorFan<0>, 11, Outcome::Nothing, 0},
+    {"ConverterFan", LoseConverterFan<1>, 11, Outcome::Trip, kFaultConverterFan},
+    {"ConverterFanAlarm", LoseConverterFan<2>, 11, Outcome::Alarm, kFaultConverterFan},
+    {"PhaseMissing", SpoilPhases<PhaseDefect::Missing>, 1, Outcome::Trip, kFaultPhaseMissing},
+    {"PhaseOrder", SpoilPhases<PhaseDefect::Order>, 1, Outcome::Trip, kFaultPhaseOrder},
+    {"FuseBlown",
+     [](WholeDrive& d) {
+         d.Motor().SetLoad(kFullLoad / 2);
+         SpoilPhases<PhaseDefect::FuseBlown>(d);
+     },
+     2, Outcome::Trip, kFaultRipple},
+    {"ContactorDrops", [](WholeDrive& d) { d.Drive().GetContactor().SetDefect(ContactorDefect::Drops); }, 2,
+     Outcome::Trip, kFaultMainContactor},
+    {"ContactorWelded",
+     [](WholeDrive& d) {
+         d.Drive().GetContactor().SetDefect(ContactorDefect::Welded);
          d.Drive().SetOtherControl(true);
      },
-     40, kFaultMainContactor},
+     40, Outcome::Trip, kFaultMainContactor},
 };
 
-class TripOf : public testing::TestWithParam<Cause> {};
+class Supervision : public testing::TestWithParam<Cause> {};
 
-TEST_P(TripOf, RunningMotorBlocksTheConverter) {
+TEST_P(Supervision, OfARunningMotorActsAsItsParametersSay) {
     const Cause& cause = GetParam();
     WholeDrive drive("S2");
     drive.SetValue(reg::kRampUp, 3);
+    drive.SetValue(reg::kSpeedSource, 1);
     ASSERT_EQ(drive.Tune(1), 0);
     drive.Seconds(1);
     drive.Run(1000);
     drive.Seconds(8);
     ASSERT_NEAR(drive.Value(reg::kSpeed), 1000, 5);
-    ASSERT_EQ(drive.Drive().GetActiveFault(), 0);
     cause.happen(drive);
-    drive.Seconds(cause.within);
-    EXPECT_EQ(drive.Drive().GetActiveFault(), cause.code);
-    EXPECT_EQ(drive.Drive().GetMotorState().armatureCurrent, 0);
-    EXPECT_EQ(drive.Value(reg::kLastFaultCode), cause.code);
-    EXPECT_NE(drive.Drive().GetRegisters().GetWord(reg::kStatusWord) & 8, 0);
+    bool tripped = false;
+    drive.Seconds(cause.within, [&] { tripped = tripped || drive.Drive().GetFaults().GetActive() != 0; });
+    const auto word = [&](quint16 reg) { return drive.Drive().GetRegisters().GetWord(reg); };
+    const unsigned bit = cause.code ? 1U << (cause.code - kFirstFault) % 16 : 0;
+    const auto second = static_cast<quint16>(cause.code >= kFirstFault + 16 ? 1 : 0);
+    EXPECT_EQ(tripped, cause.outcome == Outcome::Trip);
+    EXPECT_EQ((word(reg::kStatusWord) & status::kWarning) != 0, cause.outcome == Outcome::Alarm);
+    if (cause.outcome == Outcome::Trip) {
+        EXPECT_EQ(word(reg::kLastFaultCode), cause.code);
+        EXPECT_EQ(word(static_cast<quint16>(reg::kFaultWord + second)), bit);
+        EXPECT_EQ(drive.Drive().GetMotorState().armatureCurrent, 0);
+        EXPECT_NE(word(reg::kStatusWord) & status::kFault, 0);
+    } else {
+        EXPECT_GT(drive.Drive().GetMotorState().armatureCurrent, 0) << "goes on";
+    }
+    if (cause.outcome == Outcome::Alarm) {
+        EXPECT_EQ(word(reg::kLastAlarmCode), cause.code + kAlarmOffset);
+        EXPECT_EQ(word(static_cast<quint16>(reg::kAlarmWord + second)), bit);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Causes, TripOf, testing::ValuesIn(kCauses),
+INSTANTIATE_TEST_SUITE_P(Causes, Supervision, testing::ValuesIn(kCauses),
                          [](const auto& cause) { return std::string(cause.param.name); });
+
+TEST(CommanderLost, StopsTripsOrGoesOnAsChosen) {
+    const struct {
+        int source; ///< 10.01
+        void (CCommandSupervision::*lose)(bool lost);
+        quint16 reaction, time, code;
+    } commanders[] = {
+        {0, &CCommandSupervision::SetBusLost, reg::kBusLossReaction, reg::kBusSupervision, kFaultFieldbus},
+        {2, &CCommandSupervision::SetLinkLost, reg::kLinkLossReaction, reg::kLinkSupervision, kFaultLink},
+    };
+    for (const auto& c : commanders) {
+        for (const int reaction : {0, 1, 2, 3, 4}) {
+            WholeDrive drive("S2");
+            drive.KnowArmature();
+            drive.SetValue(reg::kCommandSource, c.source);
+            drive.SetValue(reg::kRampUp, 3);
+            drive.SetValue(c.reaction, reaction);
+            drive.SetValue(c.time, 500);
+            drive.SetValue(reg::kConstantSpeed, 300);
+            drive.SetValue(reg::kRemoteReference, 900);
+            for (const int run : {0, int(control::kOn | control::kRun)})
+                drive.Drive().WriteRegister(reg::kControlWord,
+                                            static_cast<quint16>(control::kByOverridingControl | control::kIdle | run));
+            drive.Seconds(8);
+            ASSERT_NEAR(drive.Drive().GetSpeed(), 900, 10);
+            EXPECT_EQ(drive.Value(reg::kControlPlace), c.source == 2 ? 3 : 2);
+            (drive.Drive().GetCommanders().*c.lose)(true);
+            drive.Seconds(0.4);
+            EXPECT_NEAR(drive.Drive().GetSpeed(), 900, 10) << "not yet";
+            drive.Seconds(0.7);
+            const double speed = drive.Drive().GetSpeed();
+            EXPECT_EQ(speed < 300, reaction == 1) << "torque limit stop is the fastest, " << speed;
+            EXPECT_EQ(drive.Drive().GetFaults().GetActive(), reaction == 1 || reaction == 2 ? c.code : 0);
+            drive.Seconds(30);
+            EXPECT_EQ(drive.Drive().GetFaults().GetActive(), reaction < 3 ? c.code : 0);
+            EXPECT_EQ(drive.Value(reg::kLastAlarmCode), reaction < 3 ? 0 : c.code + kAlarmOffset);
+            EXPECT_NEAR(drive.Drive().GetSpeed(), reaction < 3 ? 0 : reaction == 3 ? 900 : 300, 10) << reaction;
+        }
+    }
+}
+
+TEST(Converter, GivesNoMoreThanItIsMadeFor) {
+    WholeDrive drive("S1");
+    QString error;
+    EXPECT_FALSE(drive.Drive().WriteRegister(reg::kRatedCurrent, 2000)) << "200 A of a 125 A converter";
+    EXPECT_NE(drive.Drive().GetLastError().indexOf(QLatin1String("125.0 A")), -1)
+        << drive.Drive().GetLastError().toStdString();
+    EXPECT_TRUE(drive.Drive().WriteRegister(reg::kRatedCurrent, 1250));
+    drive.SetValue(reg::kRatedCurrent, 100);
+    drive.SetValue(reg::kCurrentLimit1, 200);
+    EXPECT_EQ(ReadSettings(drive.Drive().GetRegisters(), DefaultMotorSet()).currentHigh, 125);
+}
+
+TEST(SpeedByEmf, IsWrongWhereANamePlateIs) {
+    const struct {
+        quint16 reg;
+        double factor;
+        double speed; ///< of the shaft, relative to what it should be
+    } plates[] = {{reg::kRatedVoltage, 1, 1},
+                  {reg::kRatedVoltage, 1.2, 1.25}, // 1.2 * 240 V less the drop of 55 V, to 185 V
+                  {reg::kBaseSpeed, 1.25, 0.8},
+                  {reg::kBaseSpeed, 0.8, 1.25},
+                  {reg::kRatedFieldCurrent, 0.7, 1 / 0.7},
+                  {reg::kArmatureResistance, 0, 204.0 / 185}}; // a guess of 13 % in place of 23 %
+    for (const auto& plate : plates) {
+        WholeDrive drive("S2");
+        drive.KnowArmature();
+        drive.SetValue(plate.reg, drive.Value(plate.reg) * plate.factor);
+        drive.SetValue(reg::kRampUp, 3);
+        drive.Run(800);
+        drive.Seconds(12);
+        EXPECT_NEAR(drive.Value(reg::kSpeed), 800, 8);
+        EXPECT_NEAR(drive.Drive().GetSpeed() / 800, plate.speed, 0.04 * plate.speed) << plate.reg;
+    }
+}
 
 TEST(ActualValues, AreAliveWhileTheMotorTurns) {
     WholeDrive drive("S2");
     drive.SetValue(reg::kRampUp, 3);
+    drive.SetValue(reg::kSpeedSource, 1);
     drive.Tune(1);
     drive.Seconds(1);
     drive.Run(1200);
@@ -114,6 +290,22 @@ TEST(ActualValues, AreAliveWhileTheMotorTurns) {
     EXPECT_EQ(word(reg::kLinkNodesHigh), 1 << 4) << "node 21";
 }
 
+TEST(FieldLoss, IsNotSeenInASlowFieldThatComesUp) {
+    // From the weakest field back to full field at the end of a run, with four seconds of time constant.
+    WholeDrive drive("S2");
+    MotorData slow = drive.Motor().GetData();
+    slow.fieldInductance = 4 * slow.fieldResistance;
+    drive.Motor().SetData(slow);
+    drive.SetValue(reg::kSpeedSource, 1);
+    drive.SetValue(reg::kFieldMode, 1);
+    for (const quint16 mode : {quint16{2}, quint16{1}, quint16{4}, quint16{3}}) {
+        EXPECT_EQ(drive.Tune(mode), 0) << mode;
+        drive.Seconds(5);
+    }
+    EXPECT_NEAR(drive.Value(reg::kFieldTime), 4000, 120);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), 0);
+}
+
 TEST(FieldLoss, IsNotSeenInAFieldThatIsStillDecayingFromBefore) {
     WholeDrive drive("S2");
     drive.Run(200);
@@ -125,13 +317,14 @@ TEST(FieldLoss, IsNotSeenInAFieldThatIsStillDecayingFromBefore) {
     ASSERT_GT(drive.Value(reg::kFieldRelative), drive.Value(reg::kLeastField));
     drive.Run(200);
     drive.Seconds(6);
-    EXPECT_EQ(drive.Drive().GetActiveFault(), 0);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), 0);
     EXPECT_GT(drive.Drive().GetSpeed(), 150);
 }
 
 TEST(SpeedFeedback, LostOneTripsOrGivesWayToTheEmf) {
     for (const auto& [reaction, fault] : {std::pair{1, int(kFaultFeedback)}, {2, 0}, {3, 0}}) {
         WholeDrive drive("S2");
+        drive.KnowArmature();
         drive.SetValue(reg::kRampUp, 3);
         drive.SetValue(reg::kSpeedSource, 1);
         drive.SetValue(reg::kFeedbackReaction, reaction);
@@ -139,7 +332,7 @@ TEST(SpeedFeedback, LostOneTripsOrGivesWayToTheEmf) {
         drive.Seconds(8);
         drive.Drive().GetFeedback().broken = true;
         drive.Seconds(8);
-        EXPECT_EQ(drive.Drive().GetActiveFault(), fault) << reaction;
+        EXPECT_EQ(drive.Drive().GetFaults().GetActive(), fault) << reaction;
         if (!fault) {
             EXPECT_EQ(drive.Value(reg::kSpeedSource), 0);
             EXPECT_NEAR(drive.Drive().GetSpeed(), 1000, 20);
@@ -153,13 +346,14 @@ TEST(SpeedFeedback, ReversedOneRunsAwayIntoATrip) {
     drive.Drive().GetFeedback().reversed = true;
     drive.Run(500);
     drive.Seconds(20);
-    EXPECT_EQ(drive.Drive().GetActiveFault(), kFaultOverspeed);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), kFaultOverspeed);
     EXPECT_TRUE(drive.Drive().GetMotorState().armatureCurrent == 0);
 }
 
 TEST(ToolSupervision, StopsADriveWhoseToolFallsSilent) {
     for (const int reaction : {0, 1, 2}) {
         WholeDrive drive("S2");
+        drive.KnowArmature();
         drive.SetValue(reg::kLocalSupervision, 2);
         drive.SetValue(reg::kLocalLossReaction, reaction);
         drive.SetValue(reg::kRampUp, 3);
@@ -173,12 +367,13 @@ TEST(ToolSupervision, StopsADriveWhoseToolFallsSilent) {
         drive.Silence(20);
         EXPECT_TRUE(drive.Drive().IsStopped());
         EXPECT_FALSE(drive.Drive().IsContactorClosed());
-        EXPECT_EQ(drive.Drive().GetActiveFault(), kFaultConnection);
+        EXPECT_EQ(drive.Drive().GetFaults().GetActive(), kFaultConnection);
     }
 }
 
 TEST(ToolSupervision, LeavesATalkingToolAndASwitchedOffSupervisionAlone) {
     WholeDrive drive("S2");
+    drive.KnowArmature();
     drive.SetValue(reg::kLocalSupervision, 1);
     drive.SetValue(reg::kRampUp, 3);
     drive.Run(500);

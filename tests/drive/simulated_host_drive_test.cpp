@@ -192,14 +192,6 @@ TEST_F(SimulatedHostDriveTest, FaultRecordComesCompleteShortTruncatedOrNotAtAll)
     EXPECT_TRUE(m_host.ResetFault()) << "the cause went with the fault modes";
 }
 
-TEST_F(SimulatedHostDriveTest, ContactorModeFailsTheContactorCommand) {
-    Mode("contactor-stuck");
-    ASSERT_TRUE(m_host.TakeLocalControl());
-    EXPECT_FALSE(m_host.CloseContactor());
-    EXPECT_EQ(Error(), "The main contactor does not close.");
-    EXPECT_FALSE(m_host.StartMotor());
-}
-
 /// Counts what passes.
 class CWatchingLink : public CParameterLink {
 public:

@@ -76,6 +76,7 @@ class FeedbackTest : public testing::TestWithParam<Shaft> {};
 TEST_P(FeedbackTest, FindsWhatIsMounted) {
     const Shaft& shaft = GetParam();
     WholeDrive drive("S2");
+    drive.KnowArmature();
     drive.Drive().GetFeedback().device = shaft.device;
     shaft.defect(drive.Drive().GetFeedback());
     drive.SetValue(reg::kSpeedSource, shaft.chosen);
@@ -92,7 +93,7 @@ TEST_P(FeedbackTest, FindsWhatIsMounted) {
     Stop(drive);
     EXPECT_EQ(drive.Value(reg::kServiceMode), 0);
     EXPECT_EQ(drive.Value(reg::kDiagnosis), shaft.outcome) << "stopping it is no failure";
-    EXPECT_EQ(drive.Drive().GetActiveFault(), 0);
+    EXPECT_EQ(drive.Drive().GetFaults().GetActive(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shafts, FeedbackTest, testing::ValuesIn(kShafts),
@@ -136,12 +137,13 @@ TEST(TachoTuning, GoesPastAHundredWhenTheDriveEndsIt) {
     drive.Motor().SetFieldBroken(true);
     drive.Seconds(2);
     EXPECT_GT(drive.Value(reg::kProgress), 100);
-    EXPECT_EQ(drive.Value(reg::kDiagnosis), diagnosis::kTripped);
+    EXPECT_EQ(drive.Value(reg::kDiagnosis), diagnosis::kFieldLost);
 }
 
 TEST(TachoTuning, StepsOfTheAdjustmentMoveTheShownSpeed) {
     WholeDrive drive("S2");
     drive.Drive().GetFeedback().device = FeedbackDevice::Tacho;
+    drive.KnowArmature();
     drive.SetValue(reg::kRampUp, 3);
     drive.Run(1000);
     drive.Seconds(8);

@@ -26,31 +26,12 @@ struct Walk {
 };
 
 const Walk kWalks[] = {
-    {"Normal",
-     {{kIdle, true, DriveState::Ready},
-      {kOn, true, DriveState::On},
-      {kRun, true, DriveState::Operation},
-      {kOn, false, DriveState::Operation},
-      {kOn, true, DriveState::On},
-      {kIdle, true, DriveState::Ready}}},
-    {"OffRampsDownFirst",
-     {{kIdle, true, DriveState::Ready},
-      {kRun, false, DriveState::Operation},
-      {kIdle, false, DriveState::SwitchingOff},
-      {kIdle, true, DriveState::Ready}}},
     {"OffTakenBack",
      {{kIdle, true, DriveState::Ready},
       {kRun, false, DriveState::Operation},
       {kIdle, false, DriveState::SwitchingOff},
       {kRun, false, DriveState::Operation}}},
     {"OnAtPowerUpDoesNotStart", {{kRun, true, DriveState::Inhibited}, {kIdle, true, DriveState::Ready}}},
-    {"CoastStopWantsANewOn",
-     {{kIdle, true, DriveState::Ready},
-      {kRun, false, DriveState::Operation},
-      {kCoast, false, DriveState::Inhibited},
-      {kRun, true, DriveState::Inhibited},
-      {kIdle, true, DriveState::Ready},
-      {kRun, true, DriveState::Operation}}},
     {"QuickStopEndsAtStandstillAndWantsANewOn",
      {{kIdle, true, DriveState::Ready},
       {kRun, false, DriveState::Operation},
@@ -68,13 +49,6 @@ const Walk kWalks[] = {
       {control::kNoQuickStop, true, DriveState::Inhibited},
       {kIdle, true, DriveState::Ready},
       {control::kNoCoastStop, true, DriveState::Inhibited}}},
-    {"FaultWantsANewOn",
-     {{kIdle, true, DriveState::Ready},
-      {kRun, false, DriveState::Operation},
-      {kRun, false, DriveState::Inhibited, true},
-      {kIdle, true, DriveState::Inhibited, true},
-      {kRun, true, DriveState::Inhibited},
-      {kIdle, true, DriveState::Ready}}},
 };
 
 TEST(SwitchLogic, WalksThroughItsStates) {
@@ -91,16 +65,6 @@ TEST(SwitchLogic, WalksThroughItsStates) {
             EXPECT_EQ(logic.GetState(), move.state) << walk.name << ", move " << i;
         }
     }
-}
-
-TEST(SwitchLogic, WaitsForTheContactor) {
-    CSwitchLogic logic;
-    logic.Step({kIdle, false, true, false});
-    const SwitchInputs open{kRun, false, true, false};
-    logic.Step(open);
-    EXPECT_EQ(logic.GetState(), DriveState::Ready);
-    EXPECT_TRUE(logic.WantsContactor(open));
-    EXPECT_FALSE(logic.WantsContactor({kIdle, false, true, false}));
 }
 
 TEST(SwitchLogic, StatusBitsFollowTheState) {

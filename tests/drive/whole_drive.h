@@ -34,6 +34,12 @@ public:
     double Value(quint16 reg) { return m_drive.GetRegisters().GetNumber(reg, -1); }
     void SetValue(quint16 reg, double shown) { m_drive.GetRegisters().SetNumber(reg, shown); }
 
+    /// The armature's data as an identification would have left them: the speed by EMF is right from the start.
+    void KnowArmature() {
+        SetValue(reg::kArmatureResistance, Motor().GetData().armatureResistance * 1000);
+        SetValue(reg::kArmatureInductance, Motor().GetData().armatureInductance * 1000);
+    }
+
     /// Lets time pass while the tool keeps asking.
     void Seconds(double seconds, const std::function<void()>& look = {}) {
         constexpr qint64 kPoll = 50;

@@ -1,4 +1,5 @@
 #include "host/drive_name.h"
+#include "host/motor_options.h"
 #include "host/options.h"
 
 #include <gtest/gtest.h>
@@ -74,6 +75,19 @@ TEST(DriveName, TakesMotorOptionsAndFaultsApart) {
         EXPECT_FALSE(ParseDriveName(QString::fromUtf8(bad), error)) << bad;
         EXPECT_FALSE(error.isEmpty()) << bad;
     }
+}
+
+TEST(MotorOptions, MakeAMotorWhoseNamePlateAgreesWithIt) {
+    CMotorOptions options(DefaultMotorSet());
+    QString error;
+    for (const auto& [option, value] : {std::pair{"U", "440"}, {"I", "70"}, {"n", "1500"}, {"R", "0.4"}, {"J", "2"}})
+        ASSERT_TRUE(options.Set(QString::fromLatin1(option), QString::fromLatin1(value), error));
+    const MotorSet motor = options.GetMotor();
+    EXPECT_NEAR(motor.laf * motor.fieldCurrent * 1500 * 3.14159 / 30 + 0.4 * 70, 440, 0.1);
+    EXPECT_EQ(motor.mains, 420) << "the armature voltage is at most 1.05 of it";
+    EXPECT_EQ(motor.converterCurrent, 125);
+    EXPECT_EQ(motor.inertia, 2);
+    EXPECT_EQ(motor.la, DefaultMotorSet().la) << "what is not named stays";
 }
 
 } // namespace

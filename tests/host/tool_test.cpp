@@ -87,6 +87,8 @@ TEST_F(Tool, RefusesWrongOptionsAndFilesInOneLine) {
         {"--drive sim:S99", "motor \"S99\""},
         {"--drive sim,colour=red", "option \"colour\""},
         {"--drive sim,fault=moon", "moon"},
+        {"--drive sim,R=9000", "option R: \"9000\" is not a number from 0.0005 to 60 Ohm"},
+        {"--drive sim,J=heavy", "option J: \"heavy\" is not a number"},
         {"--wizard-dir ~/none", "/none"},
         {"--parameters ~/none", "/none"},
         {"--parameters ~/bad.parameters", "bad.parameters:1: "},

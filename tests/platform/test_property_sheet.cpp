@@ -77,6 +77,29 @@ TEST_F(PropertySheet, RunsThePagesHooksInOrder) {
     EXPECT_EQ(m_sheet.DoModal(), 8);
 }
 
+// Keys must never go to a page that is not to be seen.
+TEST_F(PropertySheet, GivesTheFocusToThePageInFront) {
+    m_sheet.SetWizardMode();
+    QTimer::singleShot(0, &m_sheet, [this] {
+        QWidget* frame = QApplication::activeModalWidget();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(frame));
+        EXPECT_EQ(QApplication::focusWidget(), m_first.GetDlgItem(TestResources::kEdit));
+        m_first.GetDlgItem(TestResources::kButton)->setFocus();
+        m_sheet.SetActivePage(1);
+        EXPECT_EQ(QApplication::focusWidget(), m_second.GetDlgItem(TestResources::kEdit));
+        m_first.GetDlgItem(TestResources::kEdit)->setEnabled(false);
+        m_sheet.SetActivePage(0);
+        EXPECT_EQ(QApplication::focusWidget(), m_first.GetDlgItem(TestResources::kOtherEdit))
+            << "the first that is enabled";
+        m_second.GetDlgItem(TestResources::kEdit)->hide();
+        m_sheet.SetActivePage(1);
+        EXPECT_EQ(QApplication::focusWidget(), m_second.GetDlgItem(TestResources::kOtherEdit))
+            << "the first to be seen";
+        m_sheet.EndDialog(8);
+    });
+    m_sheet.DoModal();
+}
+
 // A handler that works for a long time and drains the queue meanwhile must see the window close under it, and unwind.
 TEST_F(PropertySheet, ClosesUnderABlockingHandler) {
     struct {
@@ -143,8 +166,9 @@ TEST_F(PropertySheet, IsAsLargeAsItsLargestPageAndItsTabsNeed) {
     for (const int index : {0, 2}) {
         ASSERT_TRUE(m_sheet.SetActivePage(index));
         const CPropertyPage& page = *m_sheet.GetActivePage();
-        EXPECT_TRUE(m_sheet.rect().contains(page.geometry())) << index;
-        EXPECT_FALSE(tabs->geometry().intersects(page.geometry())) << index;
+        const QRect inside(page.mapTo(&m_sheet, QPoint()), page.size());
+        EXPECT_TRUE(m_sheet.rect().contains(inside)) << index;
+        EXPECT_FALSE(tabs->geometry().intersects(inside)) << index;
     }
     EXPECT_LT(m_sheet.width(), large.width() + 12) << "the widest page";
     EXPECT_LT(m_sheet.height(), m_first.height() + tabs->height() + 12) << "the highest page";
@@ -173,8 +197,11 @@ TEST_F(PropertySheet, TakesThePlaceholdersPlaceInTheTabOrder) {
     EXPECT_EQ(walk(), "tabs 1 4 2 3 12 11");
     m_first.GetDlgItem(TestResources::kOtherEdit)->setFocus();
     m_sheet.SetActivePage(1);
-    EXPECT_EQ(QApplication::focusWidget(), tabs) << "not on the parent";
+    EXPECT_EQ(QApplication::focusWidget(), m_second.GetDlgItem(TestResources::kEdit)) << "in the tab, as before";
     EXPECT_EQ(walk(), "tabs 1 4 2 3 12 11") << "on the page made later, too";
+    tabs->setFocus();
+    m_sheet.SetActivePage(0);
+    EXPECT_EQ(QApplication::focusWidget(), tabs) << "who walks the tabs goes on with that";
     m_sheet.setParent(nullptr);
 }
 

@@ -22,6 +22,31 @@ public:
     static constexpr int kSliderLayout = 13;
     static constexpr int kSlider = 14;
 
+    static constexpr int kDialogLayout = 15;
+    static constexpr int kTick = 16;
+    static constexpr int kList = 17;
+    static constexpr int kText = 18;
+    static constexpr int kClose = 2; // CDialog::kCancel
+
+    /// A dialog of all that a person ticks, reads and presses.
+    static DialogLayout DialogWithAllLayout() {
+        DialogLayout layout{.number = kDialogLayout, .width = 200, .height = 120, .caption = "All", .controls = {}};
+        layout.controls = {
+            {.id = kButton, .kind = ControlKind::PushButton, .rect = {4, 4, 60, 14}, .text = "Go", .mnemonic = true},
+            {.id = kTick, .kind = ControlKind::CheckBox, .rect = {4, 20, 60, 14}, .text = "Tick"},
+            {.id = kLabel, .rect = {4, 36, 60, 14}, .text = "Connections", .buddy = kList},
+            {.id = kList, .kind = ControlKind::CheckList, .rect = {70, 4, 60, 60}},
+            {.id = kText, .kind = ControlKind::MultilineText, .rect = {70, 70, 60, 30}, .name = "Help"},
+            {.id = kEdit, .kind = ControlKind::Edit, .rect = {4, 50, 60, 14}},
+            {.id = kClose,
+             .kind = ControlKind::DefaultButton,
+             .rect = {4, 104, 60, 14},
+             .text = "< Close",
+             .mnemonic = true},
+        };
+        return layout;
+    }
+
     static DialogLayout ParentLayout() {
         DialogLayout layout{.number = kParentLayout, .width = 400, .height = 300, .caption = {}, .controls = {}};
         layout.controls = {
@@ -33,6 +58,8 @@ public:
     }
 
     std::optional<DialogLayout> GetLayout(int number) const override {
+        if (number == kDialogLayout)
+            return DialogWithAllLayout();
         if (number == kParentLayout)
             return ParentLayout();
         if (number == kSliderLayout)

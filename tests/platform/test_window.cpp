@@ -4,6 +4,7 @@
 #include "wizard/platform/dialog.h"
 #include "wizard/platform/dialog_units.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QFontMetricsF>
@@ -80,6 +81,65 @@ TEST_F(Window, WritesFromCodeNotifyForEditsAndNotForDropDowns) {
     EXPECT_EQ(m_dialog.TakeEvents(), "select;");
 }
 
+// A choice that is no other changes nothing in the drive: it must not be written.
+TEST_F(Window, TellsOfAChoiceOnlyWhenItDiffers) {
+    QComboBox& list = DropDown();
+    list.addItems({"Off", "On", "Auto"});
+    list.setFocus();
+    const auto choose = [&](int index) {
+        list.showPopup();
+        QAbstractItemView* view = list.view();
+        QTest::qWait(0);
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
+                          view->visualRect(list.model()->index(index, 0)).center());
+    };
+    const auto chooseByKeys = [&](Qt::Key key) {
+        list.showPopup();
+        if (key != Qt::Key_Return)
+            QTest::keyClick(list.view(), key);
+        QTest::keyClick(list.view(), Qt::Key_Return);
+    };
+    const auto wheel = [&](int delta) {
+        QWheelEvent event(QPointF(5, 5), list.mapToGlobal(QPointF(5, 5)), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&list, &event);
+    };
+    SelectChoice(&list, "On");
+    QCoreApplication::processEvents();
+    struct {
+        const char* name;
+        std::function<void()> act;
+        const char* chosen;
+        const char* events;
+    } const steps[] = {
+        {"wheel", [&] { wheel(-120); }, "Auto", "select;"},
+        {"wheel over a list without the focus",
+         [&] { m_dialog.GetDlgItem(TestResources::kButton)->setFocus(), wheel(120); }, "Auto", ""},
+        {"selected by the program", [&] { SelectChoice(&list, "On"); }, "On", ""},
+        {"the same from the list", [&] { chooseByKeys(Qt::Key_Return); }, "On", ""},
+        {"another from the list", [&] { chooseByKeys(Qt::Key_Down); }, "Auto", "select;"},
+        {"the same again", [&] { chooseByKeys(Qt::Key_Return); }, "Auto", ""},
+        {"by mouse, the same", [&] { choose(2); }, "Auto", ""},
+        {"selected by the program, then the same",
+         [&] {
+             SelectChoice(&list, "Off");
+             QCoreApplication::processEvents();
+             chooseByKeys(Qt::Key_Return);
+         },
+         "Off", ""},
+        {"key at the end of the list", [&] { QTest::keyClick(&list, Qt::Key_Up); }, "Off", ""},
+        {"key", [&] { QTest::keyClick(&list, Qt::Key_Down); }, "On", "select;"},
+        {"its first letter", [&] { QTest::keyClick(&list, Qt::Key_A); }, "Auto", "select;"},
+    };
+    for (const auto& step : steps) {
+        m_dialog.TakeEvents();
+        step.act();
+        EXPECT_EQ(m_dialog.TakeEvents(), step.events) << step.name;
+        EXPECT_EQ(list.currentText(), step.chosen) << step.name;
+        QCoreApplication::processEvents();
+    }
+}
+
 TEST_F(Window, ShowsAmpersandsAsTheyAre) {
     QWidget* label = m_dialog.GetDlgItem(TestResources::kLabel);
     EXPECT_EQ(GetControlText(label), "Torque & speed");
@@ -108,6 +168,16 @@ TEST_F(Window, LetsAClickThroughBeforeItReportsTheFocusLoss) {
     QTest::mouseRelease(button, Qt::LeftButton);
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_dialog.events.contains("left"); }));
     EXPECT_EQ(m_dialog.TakeEvents(), "click;left 1;");
+}
+
+// Half a number is no number yet: whoever is back in the edit goes on typing.
+TEST_F(Window, SaysNothingOfAFocusThatIsBackAfterTheClick) {
+    Edit().setFocus(Qt::TabFocusReason);
+    QWidget* button = m_dialog.GetDlgItem(TestResources::kButton);
+    m_dialog.Handle(TestResources::kButton, ControlEvent::Clicked, [this] { Edit().setFocus(); });
+    QTest::mouseClick(button, Qt::LeftButton);
+    QTest::qWait(50);
+    EXPECT_EQ(m_dialog.TakeEvents(), "");
 }
 
 TEST_F(Window, KillsTimersByHandle) {

@@ -1,4 +1,6 @@
 // Every layout as it is drawn: nothing clipped, nothing overlapping, nothing outside, every id once.
+#include "wizard/platform/dialog_layout.h"
+#include "wizard/platform/push_button.h"
 #include "hostlib/tolvbo32/drive_description.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/row_ids.h"
@@ -137,6 +139,38 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
                 }
             }
         }
+    }
+}
+
+// A frame stands for what belongs together: what it cuts through belongs nowhere.
+TEST_P(Layouts, FramesAreApartOrInsideEachOtherAndCutNothing) {
+    CLayoutWindow window(GetParam());
+    ASSERT_TRUE(window.Create());
+    for (const QWidget* frame : window.findChildren<QGroupBox*>()) {
+        for (const QWidget* other : window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+            if (IsDigit(other)) // the digits' fields reach out of their frame, the digits in them do not
+                continue;
+            const QRect outer = frame->geometry(), inner = other->geometry();
+            EXPECT_TRUE(!outer.intersects(inner) || outer.contains(inner) || inner.contains(outer))
+                << "frame " << frame->objectName().toStdString() << " and " << other->objectName().toStdString();
+        }
+    }
+}
+
+TEST_P(Layouts, HasEachShortcutOnce) {
+    // A tab stands on its page together with the page's own buttons.
+    static const std::map<int, int> kPages = {{10062, 110}, {10063, 110}, {10056, 111}, {10057, 111}, {10058, 111}};
+    std::vector<int> shown = {GetParam()};
+    if (const auto page = kPages.find(GetParam()); page != kPages.end())
+        shown.push_back(page->second);
+    std::set<QString> keys;
+    for (const int number : shown) {
+        CLayoutWindow window(number);
+        ASSERT_TRUE(window.Create());
+        for (const CPushButton* button : window.findChildren<CPushButton*>())
+            if (const QString key = button->GetMnemonic().toString(); !key.isEmpty()) {
+                EXPECT_TRUE(keys.insert(key).second) << key.toStdString() << " of " << button->text().toStdString();
+            }
     }
 }
 

@@ -1,5 +1,6 @@
 #include "wizard/resources/module_resources.h"
 #include "wizard/shell/color_static.h"
+#include "wizard/shell/step_icons.h"
 #include "wizard/shell/strip_bitmap_button.h"
 
 #include <QTest>
@@ -24,6 +25,24 @@ TEST(StripBitmapButton, TakesTheSizeOfOneFrame) {
         button.LoadStripBitmap(strip);
         EXPECT_TRUE(button.IsBitmapLoaded());
         EXPECT_EQ(button.geometry(), QRect(5, 6, width, 23)) << strip;
+    }
+}
+
+// Somebody who needs large letters needs large pictures between them, too.
+TEST(StripBitmapButton, GrowsWithTheFontAsTheDigitsDo) {
+    const CModuleResources resources;
+    const ResourceScope scope(resources);
+    CStripBitmapButton button;
+    QLabel digit;
+    QFont large = button.font();
+    for (const int height : {1, 2}) {
+        large.setPixelSize(12 * height);
+        button.setFont(large);
+        button.LoadStripBitmap(10066);
+        digit.setFont(large);
+        ShowStepIcon(digit, 3, StepState::Done);
+        EXPECT_NEAR(button.height(), 23 * height, 3 * height);
+        EXPECT_NEAR(digit.pixmap(Qt::ReturnByValue).deviceIndependentSize().height(), 16 * height, 2 * height);
     }
 }
 

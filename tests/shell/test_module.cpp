@@ -5,7 +5,9 @@
 #include "wizard/texts/wizard_directory.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QProcess>
+#include <QTemporaryDir>
 
 namespace krt550 {
 namespace {
@@ -47,6 +49,16 @@ TEST_F(Module, TakesTheWizardDirectoryFromTheHostsPath) {
         EXPECT_EQ(Run([] {}), 0);
         EXPECT_EQ(GetWizardDirectory(), c.directory) << c.path.toStdString();
     }
+}
+
+TEST_F(Module, FindsADirectoryWithABackslashInItsName) {
+    const QTemporaryDir directory;
+    const QString own = directory.filePath(R"(a\b)");
+    ASSERT_TRUE(QDir().mkdir(own));
+    m_drive.wizardPath = own + "/wizard.dll";
+    EXPECT_EQ(Run([] {}), 0);
+    EXPECT_EQ(GetWizardDirectory(), QString(own).replace('/', '\\'));
+    EXPECT_EQ(MachinePath(WizardFilePath("x")), own + "/x");
 }
 
 TEST_F(Module, KeepsStepStatesFromOneRunToTheNext) {

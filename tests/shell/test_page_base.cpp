@@ -45,7 +45,7 @@ TEST_F(PageBase, MakesTheDriveSafeOnEveryWayOut) {
                       }),
                       0);
             RestartApplication();
-            const QStringList safe = {"stop motor", "release local control"};
+            const QStringList safe = {"stop motor", "open contactor", "release local control"};
             EXPECT_EQ(m_drive.TakeLog(kCommands), holdsControl ? safe : QStringList()) << way.name;
         }
     }

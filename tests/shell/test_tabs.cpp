@@ -168,6 +168,7 @@ TEST_F(Tabs, AreReadWhenTheyComeToTheFrontOrThePageDoesWithThem) {
 // A tab in front follows the drive; a tab behind costs nothing.
 TEST_F(Tabs, AreRefreshedInFrontOnly) {
     OnPage([this] {
+        Robot::Control(kNext)->setFocus(); // what has the focus is not refreshed
         m_drive.words[9902] = 92;
         m_drive.words[9904] = 94;
         EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(ValueId(9904)) == "94"; }));

@@ -72,7 +72,10 @@ bool FakeDrive::Note(const QString& call) {
     m_log.append(call);
     if (onCall)
         onCall(call);
-    return Passes(call);
+    const bool passes = Passes(call);
+    if (passes)
+        Happened(call);
+    return passes;
 }
 
 ParameterDescription Number(quint16 reg, const QString& name, int decimals, double minimum, double maximum,

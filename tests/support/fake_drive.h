@@ -75,6 +75,10 @@ public:
     bool CheckCancelCondition() override { return cancelCondition; }
     bool CheckDiagnosisCondition() override { return true; }
 
+protected:
+    /// A call that did not fail takes effect.
+    virtual void Happened(const QString&) {}
+
 private:
     /// Writes the call into the log; false when it is to fail.
     bool Note(const QString& call);

@@ -5,6 +5,7 @@
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
+#include "wizard/platform/push_button.h"
 #include "wizard/platform/resources.h"
 #include "wizard/texts/context_help.h"
 
@@ -69,6 +70,7 @@ bool ShowFaultField(CWindow& window, const FaultField& field, const QByteArray& 
 
 CDiagnosisDialog::CDiagnosisDialog() : CDialog(122) {
     Handle(kHelpButton, ControlEvent::Clicked, [this] { ShowHelp(window(), QStringLiteral("diag.htm")); });
+    PressByKey(*this, QKeySequence::HelpContents, kHelpButton);
 }
 
 bool CDiagnosisDialog::OnInitDialog() {

@@ -19,6 +19,10 @@ bool IsChanged(quint16 reg) {
     return g_changed.contains(reg);
 }
 
+bool AnyChanged() {
+    return !g_changed.isEmpty();
+}
+
 void UnmarkChanged(quint16 reg) {
     g_changed.remove(reg);
 }

@@ -9,6 +9,8 @@ namespace krt550 {
 /// Marks a register; does nothing while a cyclic update writes into the controls.
 void MarkChanged(quint16 reg);
 bool IsChanged(quint16 reg);
+/// Whether any row is changed and not written.
+bool AnyChanged();
 void UnmarkChanged(quint16 reg);
 void ClearChanged();
 

@@ -90,7 +90,8 @@ void UpdateParameters(CWindow& window, int& timerHandle, TextSource source) {
 
 void UpdateParameters(CWindow& window, CWindow& timerOwner, int& timerHandle, TextSource source) {
     // A box of the pass on the stack keeps the timers running; a second pass on top of it has nothing to add.
-    if (UpdatingScope::IsActive())
+    // And while a motor turns nobody could be told of a failure: the link is the run's.
+    if (UpdatingScope::IsActive() || AreBoxesHeld())
         return;
     const UpdatingScope updating;
     const std::vector<UpdatePair> pairs = g_updateList;

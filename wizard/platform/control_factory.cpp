@@ -2,6 +2,7 @@
 
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/picture.h"
+#include "wizard/platform/push_button.h"
 #include "wizard/platform/slider.h"
 
 #include <QCheckBox>
@@ -9,8 +10,9 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QPushButton>
 
 namespace krt550 {
 namespace {
@@ -24,7 +26,7 @@ QWidget* MakeLabel(QWidget* parent, bool wrapped) {
 }
 
 QWidget* MakeButton(QWidget* parent, bool isDefault) {
-    auto* button = new QPushButton(parent);
+    auto* button = new CPushButton(parent);
     button->setDefault(isDefault);
     return button;
 }
@@ -33,6 +35,15 @@ QWidget* MakeDropDown(QWidget* parent) {
     auto* dropDown = new QComboBox(parent);
     dropDown->setFocusPolicy(Qt::StrongFocus);
     return dropDown;
+}
+
+QWidget* MakeMultilineText(QWidget* parent) {
+    auto* text = new QPlainTextEdit(parent);
+    text->setReadOnly(true);
+    text->setTabChangesFocus(true);
+    // The caret is what a keyboard scrolls by.
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    return text;
 }
 
 QWidget* MakeProgressBar(QWidget* parent) {
@@ -57,6 +68,10 @@ QWidget* MakeControl(const ControlLayout& control, QWidget* parent) {
         return MakeDropDown(parent);
     case ControlKind::CheckBox:
         return new QCheckBox(parent);
+    case ControlKind::CheckList:
+        return new QListWidget(parent);
+    case ControlKind::MultilineText:
+        return MakeMultilineText(parent);
     case ControlKind::PushButton:
         return MakeButton(parent, false);
     case ControlKind::DefaultButton:
@@ -83,6 +98,10 @@ void DressControl(QWidget& widget, const ControlLayout& control) {
         label->setAlignment(control.alignment | Qt::AlignVCenter);
     if (control.reg != 0)
         widget.setProperty("register", int(control.reg));
+    if (!control.name.isEmpty())
+        widget.setAccessibleName(control.name);
+    if (auto* button = qobject_cast<CPushButton*>(&widget); button && control.mnemonic)
+        button->UseMnemonic();
     if (control.bold) {
         QFont font = widget.font();
         font.setBold(true);

@@ -1,7 +1,11 @@
 #include "wizard/platform/dialog.h"
 
+#include "wizard/platform/focus.h"
 #include "wizard/platform/modal_frame.h"
 #include "wizard/platform/resources.h"
+
+#include <QPushButton>
+#include <QScreen>
 
 namespace krt550 {
 
@@ -20,17 +24,38 @@ int CDialog::DoModal() {
     if (const auto layout = CResources::Current().GetLayout(GetLayoutNumber()))
         m_frame->setWindowTitle(layout->caption);
     OnInitDialog();
+    ClaimDefaultButton();
+    FocusFirstValue();
+    if (m_position)
+        m_frame->OpenAt(*m_position, m_screen);
     const int result = m_frame->Run();
     m_frame.reset();
     return result;
+}
+
+void CDialog::OpenAt(const QWidget& control, Place place) {
+    m_position = control.mapToGlobal(QPoint(0, place == Place::Below ? control.height() : 0));
+    m_screen = control.screen()->availableGeometry();
+}
+
+/// Enter is for the default button until a person goes to another one.
+void CDialog::FocusFirstValue() {
+    if (focusWidget())
+        return;
+    QWidget* first = FirstFocusable(*this);
+    QWidget* button = GetDefaultButton();
+    if (qobject_cast<QPushButton*>(first) && button)
+        first = button;
+    if (first)
+        first->setFocus(Qt::TabFocusReason);
 }
 
 void CDialog::EndDialog(int result) {
     if (m_ended || !m_frame)
         return;
     m_ended = true;
-    KillAllTimers();
     OnDestroy();
+    KillAllTimers();
     m_frame->End(result);
 }
 

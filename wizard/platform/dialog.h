@@ -3,6 +3,7 @@
 #include "wizard/platform/window.h"
 
 #include <memory>
+#include <optional>
 
 namespace krt550 {
 
@@ -22,6 +23,13 @@ public:
     void EndDialog(int result);
 
     static constexpr int kCancel = 2;
+    int GetWayOut() const override { return kCancel; }
+
+    /// Where a dialog opens.
+    enum class Place { Over, Below };
+    /// Has the dialog open with its top left corner at that of `control`, or at its bottom left corner, moved as far as
+    /// it takes to be on the control's screen as a whole. `control` is visible; to be called before DoModal.
+    void OpenAt(const QWidget& control, Place place);
 
 protected:
     virtual bool OnInitDialog() { return true; }
@@ -31,8 +39,12 @@ protected:
     virtual void OnDestroy() {}
 
 private:
+    void FocusFirstValue();
+
     std::unique_ptr<CModalFrame> m_frame;
     bool m_ended = false;
+    std::optional<QPoint> m_position; ///< of the frame, on the screen
+    QRect m_screen;                   ///< that it stays on
 };
 
 } // namespace krt550

@@ -13,6 +13,8 @@ enum class ControlKind {
     Edit,
     DropDown, ///< drop-down list
     CheckBox,
+    CheckList,     ///< list of entries with a tick each
+    MultilineText, ///< text over any number of lines, to be read, scrolled and copied
     PushButton,
     DefaultButton, ///< push button that Enter presses
     Picture,       ///< picture by number, scaled into its rectangle
@@ -42,6 +44,8 @@ struct ControlLayout {
     quint16 reg = 0; ///< value control of a parameter row: the register
     bool bold = false;
     Qt::Alignment alignment = {}; ///< Label: horizontally; to the left unless given
+    QString name = {};            ///< what a screen reader calls a control that has neither a label nor a text
+    bool mnemonic = false;        ///< push button: Alt and its text's first letter press it
 };
 
 /// A dialog layout: a plain value. The controls stand in tab order.

@@ -3,6 +3,7 @@
 #include "wizard/platform/modal_frame.h"
 #include "wizard/platform/resources.h"
 #include "wizard/platform/wait_cursor.h"
+#include "wizard/platform/window_in_front.h"
 
 #include <QApplication>
 #include <QFontMetrics>
@@ -54,11 +55,6 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-QWidget* WindowInFront() {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal ? modal : QApplication::activeWindow();
-}
-
 /// A text with tab stops brings its own line breaks: its lines are not broken once more.
 void KeepLinesWhole(QMessageBox& box) {
     auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
@@ -94,7 +90,7 @@ bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons button
         g_shownOnce.insert(text);
     }
     ++g_count;
-    QMessageBox box(WindowInFront());
+    QMessageBox box;
     box.setWindowTitle(caption.isEmpty() ? LoadText(kCaptionString) : caption);
     box.setIcon(IconOf(icon));
     box.setTextFormat(Qt::PlainText);
@@ -105,6 +101,7 @@ bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons button
     if (buttons == MessageButtons::OkCancel)
         box.setEscapeButton(QMessageBox::Cancel);
     KeepLinesWhole(box);
+    StayAboveWindowInFront(box);
     const CArrowCursor arrow;
     const bool accepted = box.exec() == QMessageBox::Ok;
     // The end of the application closes the box and tells nobody else.
@@ -132,7 +129,7 @@ BoxOnce::~BoxOnce() {
 }
 
 bool AreBoxesHeld() {
-    return !g_holds.empty() && !g_holds.back();
+    return !g_holds.empty();
 }
 
 void ShowHeldBoxes() {

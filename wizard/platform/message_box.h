@@ -37,7 +37,7 @@ public:
     BoxOnce& operator=(const BoxOnce&) = delete;
 };
 
-/// True while a text would have to wait: a scope without `tell` is the innermost one.
+/// True inside a BoxHold.
 bool AreBoxesHeld();
 /// Shows what was kept back, in its order; does nothing inside a scope.
 void ShowHeldBoxes();

@@ -22,6 +22,16 @@ void CPicture::paintEvent(QPaintEvent*) {
     painter.drawPixmap(QPointF((width() - drawn.width()) / 2, (height() - drawn.height()) / 2), m_drawn);
 }
 
+QPixmap PictureAmongText(int number, const QWidget& widget) {
+    constexpr qreal kUsualHeight = 15; // of a line of text at 9 pt, in pixels
+    const qreal ratio = widget.devicePixelRatioF();
+    const QPixmap usual = CResources::Current().GetPicture(number, {}, ratio);
+    const qreal growth = widget.fontMetrics().height() / kUsualHeight;
+    if (growth <= 1)
+        return usual;
+    return CResources::Current().GetPicture(number, (usual.deviceIndependentSize() * growth).toSize(), ratio);
+}
+
 QList<QPixmap> FramesOfStrip(const QPixmap& strip, int frames) {
     QList<QPixmap> result;
     const qreal width = static_cast<qreal>(strip.width()) / frames;

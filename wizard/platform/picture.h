@@ -20,6 +20,10 @@ private:
     QSize m_drawnFor;
 };
 
+/// A picture of small things among text, for `widget`: in its own size beside text of the usual height, and larger
+/// beside larger text.
+QPixmap PictureAmongText(int number, const QWidget& widget);
+
 /// Cuts a strip of equal frames into its frames.
 QList<QPixmap> FramesOfStrip(const QPixmap& strip, int frames);
 

@@ -2,8 +2,6 @@
 
 #include "wizard/platform/resources.h"
 
-#include <QPushButton>
-
 namespace krt550 {
 
 CPropertyPage::CPropertyPage(int layoutNumber) : CWindow(layoutNumber) {
@@ -15,13 +13,6 @@ QString CPropertyPage::GetTabText() const {
         return m_tabText;
     const auto layout = CResources::Current().GetLayout(GetLayoutNumber());
     return layout ? layout->caption : QString();
-}
-
-// A dialog has one default button; the page in front claims it.
-void CPropertyPage::RestoreDefaultButton() {
-    constexpr int kNextButton = 95;
-    if (auto* next = GetControl<QPushButton>(kNextButton))
-        next->setDefault(true);
 }
 
 } // namespace krt550

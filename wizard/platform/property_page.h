@@ -32,8 +32,6 @@ protected:
     virtual void OnDestroy() {}
 
 private:
-    void RestoreDefaultButton();
-
     QString m_tabText;
 };
 

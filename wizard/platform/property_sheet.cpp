@@ -1,22 +1,25 @@
 #include "wizard/platform/property_sheet.h"
 
+#include "wizard/platform/dialog_layout.h"
 #include "wizard/platform/dialog_units.h"
+#include "wizard/platform/focus.h"
 #include "wizard/platform/modal_frame.h"
 #include "wizard/platform/property_page.h"
 #include "wizard/platform/resources.h"
 
-#include <QApplication>
-#include <QPainter>
+#include <QFrame>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
-#include <QStyleOptionTabWidgetFrame>
 #include <QTabBar>
+#include <QStyle>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace krt550 {
 namespace {
 
-/// Between the frame of a child sheet and its page, in pixels.
+/// Frame of a child sheet and the room inside it, around the page, in pixels.
 constexpr int kPaneMargin = 3;
 
 } // namespace
@@ -29,7 +32,8 @@ CPropertySheet::CPropertySheet(const QString& caption, int firstPage) : m_captio
 
 CPropertySheet::~CPropertySheet() {
     // The pages are borrowed: without this Qt would delete those that are still there as children.
-    const auto pages = findChildren<CPropertyPage*>(Qt::FindDirectChildrenOnly);
+    const QWidget* parent = m_pane ? m_pane : static_cast<QWidget*>(this);
+    const auto pages = parent->findChildren<CPropertyPage*>(Qt::FindDirectChildrenOnly);
     for (CPropertyPage* page : pages)
         page->setParent(nullptr);
 }
@@ -59,9 +63,14 @@ bool CPropertySheet::SetActivePage(int index) {
     m_active = index;
     if (!page->OnSetActive() || m_closing)
         return false;
+    const bool focusInside = former && former->isAncestorOf(window()->focusWidget());
     if (former)
         HidePage(*former);
     ShowPage(*page);
+    // In a wizard the focus goes to the page's first control, as in a dialog that opens. Whoever walks along the tabs
+    // goes on with that.
+    if (!m_tabs || focusInside)
+        FocusFirst(*page);
     if (isVisible())
         page->OnShown();
     else // The first page comes to the front before the window does.
@@ -83,34 +92,29 @@ bool CPropertySheet::CreatePage(CPropertyPage& page) {
 
 void CPropertySheet::HidePage(CPropertyPage& page) {
     // The focus must not fall to whatever comes next on the parent.
-    if (const QWidget* focus = QApplication::focusWidget(); m_tabs && focus && page.isAncestorOf(focus))
+    if (m_tabs && page.isAncestorOf(window()->focusWidget()))
         m_tabs->setFocus(Qt::OtherFocusReason);
     page.hide();
-    layout()->removeWidget(&page);
+    page.parentWidget()->layout()->removeWidget(&page);
 }
 
 void CPropertySheet::ShowPage(CPropertyPage& page) {
     if (m_tabs) {
         const QSignalBlocker quiet(m_tabs);
         m_tabs->setCurrentIndex(m_active);
-        page.move(Pane().topLeft() + QPoint(kPaneMargin, kPaneMargin));
-        page.show();
-        update();
-        return;
     }
-    layout()->addWidget(&page);
+    static_cast<QVBoxLayout*>(page.parentWidget()->layout())->addWidget(&page, 0, Qt::AlignTop | Qt::AlignLeft);
     page.show();
-    page.RestoreDefaultButton();
+    // A dialog has one default button; the page in front claims it.
+    page.ClaimDefaultButton();
     if (m_frame)
         m_frame->setProperty("layout", page.GetLayoutNumber());
-    // In a wizard the focus goes to the page's first control, as in a dialog that opens.
-    if (QWidget* first = page.nextInFocusChain(); first && page.isAncestorOf(first))
-        first->setFocus(Qt::OtherFocusReason);
 }
 
 int CPropertySheet::DoModal() {
     m_closing = false;
     m_frame = std::make_unique<CModalFrame>(*this, [this] { EndDialog(kCancel); });
+    m_frame->SetPersonCloses([this](CloseWay way) { OnPersonCloses(way); });
     m_frame->setWindowTitle(m_caption);
     OnInitDialog();
     SetActivePage(m_firstPage);
@@ -123,13 +127,17 @@ int CPropertySheet::DoModal() {
 void CPropertySheet::EndDialog(int result) {
     if (m_closing || !m_frame)
         return;
+    m_closing = true;
+    OnClosing();
     DestroyPages();
     m_frame->End(result);
 }
 
 void CPropertySheet::DestroyPages() {
     m_closing = true;
-    for (CPropertyPage* page : m_pages) {
+    std::vector<CPropertyPage*> pages = m_pages;
+    std::ranges::stable_partition(pages, [this](const CPropertyPage* page) { return page == GetActivePage(); });
+    for (CPropertyPage* page : pages) {
         if (!page->IsCreated())
             continue;
         page->KillAllTimers();
@@ -145,7 +153,7 @@ void CPropertySheet::CreateChild(CWindow& parent, int placeholderId, QPoint offs
     m_placeholder = parent.GetDlgItem(placeholderId);
     setParent(&parent);
     FillTabs();
-    setFixedSize(Pane().size() + QSize(0, Pane().top()));
+    adjustSize();
     OnInitDialog();
     SetActivePage(m_firstPage);
     move((m_placeholder ? m_placeholder->pos() : QPoint()) + offset);
@@ -157,9 +165,23 @@ void CPropertySheet::FillTabs() {
     m_tabs->setExpanding(false);
     m_tabs->setDrawBase(false);
     m_tabs->setAutoHide(true);
-    for (const CPropertyPage* page : m_pages)
+    m_pane = new QFrame(this);
+    m_pane->setFrameShape(QFrame::StyledPanel);
+    auto* inside = new QVBoxLayout(m_pane);
+    const int margin = std::max(0, kPaneMargin - m_pane->frameWidth());
+    inside->setContentsMargins(margin, margin, margin, margin);
+    for (CPropertyPage* page : m_pages) {
         m_tabs->addTab(page->GetTabText());
-    m_tabs->resize(m_tabs->sizeHint().boundedTo({Pane().width(), QWIDGETSIZE_MAX}));
+        page->setParent(m_pane);
+    }
+    const int around = 2 * (margin + m_pane->frameWidth());
+    m_pane->setFixedSize(LargestPage() + QSize(around, around));
+    layout()->addWidget(m_pane);
+    // The tab in front hides the frame below it.
+    m_tabs->resize(m_tabs->sizeHint().boundedTo({m_pane->width(), QWIDGETSIZE_MAX}));
+    m_tabs->raise();
+    if (m_tabs->count() > 1)
+        layout()->setContentsMargins(0, m_tabs->height() - style()->pixelMetric(QStyle::PM_TabBarBaseOverlap), 0, 0);
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int index) {
         if (!SetActivePage(index)) {
             const QSignalBlocker quiet(m_tabs);
@@ -178,13 +200,6 @@ QSize CPropertySheet::LargestPage() const {
     return size;
 }
 
-/// The framed area below the tabs.
-QRect CPropertySheet::Pane() const {
-    const int overlap = style()->pixelMetric(QStyle::PM_TabBarBaseOverlap, nullptr, this);
-    const int top = m_tabs->count() > 1 ? m_tabs->sizeHint().height() - overlap : 0;
-    return {QPoint(0, top), LargestPage() + QSize(2 * kPaneMargin, 2 * kPaneMargin)};
-}
-
 void CPropertySheet::ThreadTabOrder() const {
     QWidgetList order;
     for (QWidget* control : m_parent->GetControls()) {
@@ -197,22 +212,6 @@ void CPropertySheet::ThreadTabOrder() const {
             order.append(page->GetControls());
     }
     CWindow::ThreadTabOrder(order);
-}
-
-void CPropertySheet::paintEvent(QPaintEvent* event) {
-    QWidget::paintEvent(event);
-    if (!m_tabs)
-        return;
-    QStyleOptionTabWidgetFrame frame;
-    frame.initFrom(this);
-    frame.rect = Pane();
-    frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this);
-    frame.shape = m_tabs->shape();
-    frame.tabBarSize = m_tabs->size();
-    frame.tabBarRect = m_tabs->geometry();
-    frame.selectedTabRect = m_tabs->tabRect(m_tabs->currentIndex());
-    QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_FrameTabWidget, &frame, &painter, this);
 }
 
 void CPropertySheet::SetTitle(const QString& title) {

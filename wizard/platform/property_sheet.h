@@ -5,11 +5,13 @@
 #include <memory>
 #include <vector>
 
+class QFrame;
 class QTabBar;
 
 namespace krt550 {
 
 class CModalFrame;
+enum class CloseWay;
 class CPropertyPage;
 class CWindow;
 
@@ -51,17 +53,20 @@ public:
 
 protected:
     virtual bool OnInitDialog();
-    void paintEvent(QPaintEvent* event) override;
+    /// A person presses the close button, or Escape where no control takes it; ends the sheet unless overridden.
+    virtual void OnPersonCloses(CloseWay) { EndDialog(kCancel); }
+    /// The sheet ends; its pages' windows still stand.
+    virtual void OnClosing() {}
 
 private:
     bool CreatePage(CPropertyPage& page);
     void ShowPage(CPropertyPage& page);
     void HidePage(CPropertyPage& page);
-    /// Tells the pages that their windows go away, those of child sheets included.
+    /// Tells the pages that their windows go away, those of child sheets included; the page in front first, because a run
+    /// of its own has to end before another page lets go of the drive.
     void DestroyPages();
     void FillTabs();
     QSize LargestPage() const;
-    QRect Pane() const;
     void ThreadTabOrder() const;
 
     std::vector<CPropertyPage*> m_pages;
@@ -72,6 +77,7 @@ private:
     bool m_closing = false;
     bool m_changingPage = false;
     QTabBar* m_tabs = nullptr;   ///< of a child sheet
+    QFrame* m_pane = nullptr;    ///< of a child sheet: around its page, below the tabs
     CWindow* m_parent = nullptr; ///< of a child sheet
     QWidget* m_placeholder = nullptr;
     std::unique_ptr<CModalFrame> m_frame;

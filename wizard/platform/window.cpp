@@ -2,7 +2,9 @@
 
 #include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/control_factory.h"
+#include "wizard/platform/dialog_layout.h"
 #include "wizard/platform/dialog_units.h"
+#include "wizard/platform/input_watch.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
 #include "wizard/platform/slider.h"
@@ -13,7 +15,10 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTimer>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
 
 namespace krt550 {
 
@@ -44,6 +49,8 @@ void CWindow::Place(const DialogLayout& layout) {
         control->setGeometry(units.ToPixels(item.rect));
         m_controls.insert(item.id, control);
         m_order.append(control);
+        if (item.kind == ControlKind::DefaultButton)
+            m_defaultButton = item.id;
         Connect(control);
     }
     ThreadTabOrder(m_order);
@@ -58,12 +65,21 @@ void CWindow::Connect(QWidget* control) {
         connect(edit, &QLineEdit::textChanged, this, [this, edit] { Notify(edit, ControlEvent::Changed); });
         edit->installEventFilter(this);
     } else if (auto* dropDown = qobject_cast<QComboBox*>(control)) {
-        connect(dropDown, &QComboBox::activated, this, [this, dropDown] { Notify(dropDown, ControlEvent::Selected); });
+        OnOtherChoice(*dropDown, [this, dropDown] { Notify(dropDown, ControlEvent::Selected); });
         dropDown->installEventFilter(this);
     } else if (auto* button = qobject_cast<QAbstractButton*>(control)) {
-        connect(button, &QAbstractButton::clicked, this, [this, button] { Notify(button, ControlEvent::Clicked); });
+        // A screen reader ticks without a click.
+        connect(button, &QAbstractButton::toggled, this, [this, button] { Notify(button, ControlEvent::Clicked); });
+        connect(button, &QAbstractButton::clicked, this, [this, button] {
+            if (!button->isCheckable())
+                Notify(button, ControlEvent::Clicked);
+        });
     } else if (auto* slider = qobject_cast<CSlider*>(control)) {
         connect(slider, &CSlider::released, this, [this, slider] { Notify(slider, ControlEvent::Released); });
+    } else if (auto* list = qobject_cast<QListWidget*>(control)) {
+        connect(list, &QListWidget::itemChanged, this, [this, list] { Notify(list, ControlEvent::Selected); });
+    } else if (auto* text = qobject_cast<QPlainTextEdit*>(control)) {
+        connect(text, &QPlainTextEdit::textChanged, this, [this, text] { Notify(text, ControlEvent::Changed); });
     }
 }
 
@@ -100,6 +116,18 @@ void CWindow::KillAllTimers() {
     m_timers.clear();
 }
 
+QPushButton* CWindow::GetDefaultButton() const {
+    return GetControl<QPushButton>(m_defaultButton);
+}
+
+void CWindow::ClaimDefaultButton() {
+    if (QPushButton* button = GetDefaultButton()) {
+        // The dialog only looks when the state changes.
+        button->setDefault(false);
+        button->setDefault(true);
+    }
+}
+
 void CWindow::ThreadTabOrder(const QWidgetList& widgets) {
     QWidget* former = nullptr;
     for (QWidget* widget : widgets) {
@@ -129,7 +157,7 @@ bool CWindow::eventFilter(QObject* watched, QEvent* event) {
         const bool borrowed =
             reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason || reason == Qt::ActiveWindowFocusReason;
         if (!borrowed)
-            FocusLeft(control);
+            FocusLeft(*control);
     } else if (event->type() == QEvent::Wheel && qobject_cast<QComboBox*>(watched) && !control->hasFocus()) {
         // Scrolling across a page must not change a drive setting by accident.
         event->ignore();
@@ -138,21 +166,19 @@ bool CWindow::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void CWindow::FocusLeft(QWidget* control) {
-    ReportFocusLoss(control, MessageBoxCount());
-}
-
-void CWindow::ReportFocusLoss(QPointer<QWidget> control, int boxesBefore) {
-    if (!control)
-        return;
+void CWindow::FocusLeft(QWidget& control) {
     if (QGuiApplication::mouseButtons() == Qt::NoButton) {
-        if (MessageBoxCount() == boxesBefore && control->isVisible())
-            Notify(control, ControlEvent::FocusLost);
+        if (control.isVisible())
+            Notify(&control, ControlEvent::FocusLost);
         return;
     }
     // The focus left by a mouse press that another control is still to see through. A message box now would swallow
-    // the click; after it, a box is only wanted when the click itself has not brought one and the page is still there.
-    QTimer::singleShot(20, this, [this, control, boxesBefore] { ReportFocusLoss(control, boxesBefore); });
+    // the click. After it a box is only wanted when the click itself has brought none, the page is still there, and
+    // nobody goes on typing.
+    AfterMouseRelease(*this, [this, left = QPointer(&control), boxesBefore = MessageBoxCount()] {
+        if (left && left->isVisible() && !left->hasFocus() && MessageBoxCount() == boxesBefore)
+            Notify(left, ControlEvent::FocusLost);
+    });
 }
 
 } // namespace krt550

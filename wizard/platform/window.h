@@ -1,24 +1,25 @@
 #pragma once
 
-#include "wizard/platform/dialog_layout.h"
-
 #include <QHash>
-#include <QPointer>
 #include <QWidget>
 
 #include <functional>
 #include <map>
 #include <memory>
 
+class QPushButton;
+
 namespace krt550 {
 
 class CClockTimer;
+struct ControlLayout;
+struct DialogLayout;
 
 /// What a control can tell its window.
 enum class ControlEvent {
-    Clicked,   ///< button or check box
+    Clicked,   ///< button pressed; tick of a check box or latch of a button changed by the user
     Changed,   ///< text of an edit, typed or set from code
-    Selected,  ///< choice of a drop-down by the user
+    Selected,  ///< other choice of a drop-down, or tick in a check-box list, by the user
     FocusLost, ///< the focus went to another control
     Released   ///< slider let go
 };
@@ -52,12 +53,19 @@ public:
     /// Runs the handler of a control's event, if there is one.
     void Notify(const QWidget* control, ControlEvent event);
 
-    /// Starts a timer that calls OnTimer with `id` every `milliseconds` (> 0) of the current clock, counted from the end
-    /// of the call before. Returns its handle, never 0.
+    /// Starts a timer that calls OnTimer with `id` every `milliseconds` (> 0) of the current clock, counted from the
+    /// end of the call before. Returns its handle, never 0.
     int SetTimer(int id, int milliseconds);
     /// False when no timer of this window has this handle.
     bool KillTimer(int handle);
     void KillAllTimers();
+
+    /// Id of the button that leaves this page or dialog; 0 for a window that has none, as a tab.
+    virtual int GetWayOut() const { return 0; }
+    /// Makes the layout's default button, if it has one, the default button of the dialog that this window is shown in.
+    void ClaimDefaultButton();
+    /// The layout's default button; null when it has none.
+    QPushButton* GetDefaultButton() const;
 
     /// Makes the Tab key visit these widgets in this order; those that take no focus are passed over.
     static void ThreadTabOrder(const QWidgetList& widgets);
@@ -75,10 +83,10 @@ protected:
 private:
     void Place(const DialogLayout& layout);
     void Connect(QWidget* control);
-    void FocusLeft(QWidget* control);
-    void ReportFocusLoss(QPointer<QWidget> control, int boxesBefore);
+    void FocusLeft(QWidget& control);
 
     int m_layoutNumber;
+    int m_defaultButton = 0;
     bool m_created = false;
     QHash<int, QWidget*> m_controls;
     QWidgetList m_order;

@@ -25,12 +25,17 @@ void AddAutotuningRun(CLayoutBuilder& layout, int y) {
     layout.Add({.id = kIdAutotuningStart,
                 .kind = ControlKind::PushButton,
                 .rect = {186, y, 60, 14},
-                .text = StringTableText(20).value_or(QString())});
-    layout.Add({.id = kIdAutotuningProgress, .kind = ControlKind::ProgressBar, .rect = {262, y, 160, 14}});
+                .text = StringTableText(20).value_or(QString()),
+                .mnemonic = true});
+    layout.Add({.id = kIdAutotuningProgress,
+                .kind = ControlKind::ProgressBar,
+                .rect = {262, y, 160, 14},
+                .name = QStringLiteral("Progress of the autotuning")});
     layout.Add({.id = kIdAutotuningDiagnosis,
                 .kind = ControlKind::PushButton,
                 .rect = {432, y, 60, 14},
-                .text = QStringLiteral("Diagnosis")});
+                .text = QStringLiteral("Diagnosis"),
+                .mnemonic = true});
 }
 
 } // namespace krt550

@@ -29,6 +29,7 @@ enum ControlId : int {
     kIdShownEmf = 60320,
     kIdShownSpeed = 60330,
     kIdHandTachoHeading = 60340,
+    kIdNotice = 60341, ///< what the page says while no box may be shown
     // Of its tab to turn the motor by hand.
     kIdLocalOrRemote = 8312,
     kIdStartMotor = 60351,

@@ -43,11 +43,13 @@ DialogLayout DiagnosisLayout() {
     layout.Add({.id = kIdHelp,
                 .kind = ControlKind::PushButton,
                 .rect = {7, 226, 50, 14},
-                .text = StringTableText(30).value_or(QString())});
+                .text = StringTableText(30).value_or(QString()),
+                .mnemonic = true});
     layout.Add({.id = kCloseButton,
                 .kind = ControlKind::DefaultButton,
                 .rect = {202, 226, 50, 14},
-                .text = StringTableText(35).value_or(QString())});
+                .text = StringTableText(35).value_or(QString()),
+                .mnemonic = true});
     return layout.Take();
 }
 

@@ -69,7 +69,11 @@ CLayoutBuilder& CLayoutBuilder::Row(const RowDef& row, int y, const RowColumns& 
 
 CLayoutBuilder& CLayoutBuilder::BottomRow(bool withDigits, int resetX) {
     const auto button = [&](int id, int x, int text, ControlKind kind = ControlKind::PushButton) {
-        Add({.id = id, .kind = kind, .rect = {x, 299, 50, 14}, .text = StringTableText(text).value_or(QString())});
+        Add({.id = id,
+             .kind = kind,
+             .rect = {x, 299, 50, 14},
+             .text = StringTableText(text).value_or(QString()),
+             .mnemonic = true});
     };
     button(kIdHelp, 18, 30);
     if (withDigits) {

@@ -52,7 +52,10 @@ int AddSlider(CLayoutBuilder& layout, int y) {
     label(kIdSpeedResponseSlow, 122, "Slow", Qt::AlignLeft);
     label(kIdSpeedResponseNormal, 262, "Normal", Qt::AlignHCenter);
     label(kIdSpeedResponseFast, 402, "Fast", Qt::AlignRight);
-    layout.Add({.id = kIdSpeedResponse, .kind = ControlKind::Slider, .rect = {122, y + 11, 370, 16}});
+    layout.Add({.id = kIdSpeedResponse,
+                .kind = ControlKind::Slider,
+                .rect = {122, y + 11, 370, 16},
+                .name = QStringLiteral("Speed response")});
     return y + 32;
 }
 

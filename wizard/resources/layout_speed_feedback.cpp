@@ -65,7 +65,7 @@ QString Caption(const char* text) {
 }
 
 void AddButton(CLayoutBuilder& layout, int id, const DialogRect& rect, const QString& text) {
-    layout.Add({.id = id, .kind = ControlKind::PushButton, .rect = rect, .text = text});
+    layout.Add({.id = id, .kind = ControlKind::PushButton, .rect = rect, .text = text, .mnemonic = true});
 }
 
 void AddImageButton(CLayoutBuilder& layout, int id, int x, int y, const char* name) {
@@ -103,6 +103,10 @@ DialogLayout SpeedFeedbackLayout() {
         layout.Add({.id = row + kShownUnit, .rect = {columns.unit + kShift, y, columns.unitWidth, 10}});
         y += 11;
     }
+    layout.Add({.id = kIdNotice,
+                .kind = ControlKind::WrappedText,
+                .rect = {columns.minimum + kShift, kShownTop + 8, columns.maximum + columns.limitWidth - columns.minimum, 36},
+                .bold = true});
     return layout.BottomRow(true).Take();
 }
 
@@ -113,7 +117,10 @@ DialogLayout SpeedFeedbackAutoLayout() {
     const int y = stack.AddFrame(kTestHeight, Caption("Test speed feedback")) + 10;
     AddLabel(layout, kIdAutotuningLabel, {10, y, 60, 14}, "Test:");
     AddButton(layout, kIdAutotuningStart, {192, y, 60, 14}, StringTableText(20).value_or(QString()));
-    layout.Add({.id = kIdAutotuningProgress, .kind = ControlKind::ProgressBar, .rect = {258, y, 150, 14}});
+    layout.Add({.id = kIdAutotuningProgress,
+                .kind = ControlKind::ProgressBar,
+                .rect = {258, y, 150, 14},
+                .name = QStringLiteral("Progress of the test")});
     AddButton(layout, kIdAutotuningDiagnosis, {418, y, 60, 14}, Caption("Diagnosis"));
     stack.AddGroup([&layout](int above) {
         AddLabel(layout, kIdHandTachoHeading, {kStyle.columns.value, above, 150, 9}, "Speed act. hand held tacho");
@@ -131,7 +138,10 @@ DialogLayout TachoManualLayout() {
     AddImageButton(layout, kIdStartMotor, 68, turn, "StartMotor");
     AddImageButton(layout, kIdStopMotor, 90, turn, "StopMotor");
     AddImageButton(layout, kIdOpenContactor, 112, turn, "OpenContactor");
-    AddLabel(layout, kIdReferenceLabel, {170, turn, 84, 14}, "Speed reference");
+    layout.Add({.id = kIdReferenceLabel,
+                .rect = {170, turn, 84, 14},
+                .text = Caption("Speed reference"),
+                .buddy = kIdReference});
     layout.Add({.id = kIdReference, .kind = ControlKind::Edit, .rect = {258, turn, 60, 14}});
     AddImageButton(layout, kIdSetNewReference, 324, turn, "SetNewReference");
 

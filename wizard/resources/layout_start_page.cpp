@@ -8,6 +8,7 @@ namespace {
 
 constexpr int kIdPicture = 8230;
 constexpr int kIdVersion = 60021;
+constexpr int kIdStart = 158;
 
 struct TextItem {
     int id;
@@ -43,7 +44,8 @@ DialogLayout StartPageLayout() {
                     .kind = item.kind,
                     .rect = item.rect,
                     .text = StringTableText(item.text).value_or(QString()),
-                    .bold = item.bold});
+                    .bold = item.bold,
+                    .mnemonic = item.id == kIdStart});
     return layout.BottomRow(true).Take();
 }
 

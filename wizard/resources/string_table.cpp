@@ -128,6 +128,18 @@ constexpr Entry kStrings[] = {
     {573, u"Set filters"},
     {574, u"Start of autotuning denied.\nDrive is controlled by another source!"},
     {1063, u"Set limits"},
+    // From here on the module's own.
+    {2001, u"The motor is running down.\n\nThe drive has taken the stop command and does not report standstill yet. If the "
+           u"motor does not slow down, use the E-stop."},
+    {2002, u"THE DRIVE DOES NOT CONFIRM THE STOP.\n\nUSE THE E-STOP.\n\nThe stop command is being repeated."},
+    {2003, u"The drive has not opened its main contactor.\nSwitch it off before anybody touches motor or cabinet."},
+    {2004, u"The drive has not taken local control back."},
+    {2005, u"Values that were typed have not been applied.\nClose the wizard without them?"},
+    {2006, u"Local control was lost: another control place has taken the drive."},
+    {2007, u"The drive did not take the speed reference \"REPLACE\"."},
+    {2008, u"The drive did not close its main contactor."},
+    {2009, u"The drive did not start the motor."},
+    {2010, u"The drive did not give local control."},
 };
 
 static_assert(std::is_sorted(std::begin(kStrings), std::end(kStrings),

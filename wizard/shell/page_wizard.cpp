@@ -1,5 +1,6 @@
 #include "wizard/shell/page_wizard.h"
 
+#include "wizard/params/changed_registers.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/resources/control_ids.h"
@@ -45,6 +46,8 @@ bool CPageWizard::OnInitDialog() {
 }
 
 bool CPageWizard::LoadParameters() {
+    // What was typed on a page that was left without applying it is gone.
+    ClearChanged();
     UpdateStepIcons();
     UpdateNextButton();
     InitResetButton();

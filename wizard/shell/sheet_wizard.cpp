@@ -1,6 +1,10 @@
 #include "wizard/shell/sheet_wizard.h"
 
+#include "wizard/motor/make_safe.h"
+#include "wizard/params/changed_registers.h"
 #include "wizard/params/parameter_access.h"
+#include "wizard/platform/message_box.h"
+#include "wizard/platform/modal_frame.h"
 #include "wizard/platform/resources.h"
 #include "wizard/shell/step_states.h"
 #include "wizard/shell/wizard_property_page.h"
@@ -12,6 +16,7 @@ namespace {
 constexpr int kTitles[kPageCount] = {2, 13, 37, 38, 39, 40, 41, 42, 274, 264, 271, 278, 282, 286, 292, 298, 303};
 
 constexpr int kWizardClosed = 8;
+constexpr int kUnappliedText = 2005;
 
 PageFactory& Factory() {
     static PageFactory factory;
@@ -82,6 +87,20 @@ void CSheetWizard::EndWizard(int code) {
         EndDialog(kWizardClosed);
     else
         SetActivePage(0);
+}
+
+void CSheetWizard::OnPersonCloses(CloseWay way) {
+    if (IsMotorUnderControl() && way == CloseWay::Escape) {
+        static_cast<CWizardPropertyPage*>(GetActivePage())->CancelByPerson();
+        return;
+    }
+    const bool loses = AnyChanged() && !IsMotorUnderControl();
+    if (!loses || ShowMessageBox(LoadText(kUnappliedText), MessageIcon::Exclamation, MessageButtons::OkCancel))
+        EndDialog(kCancel);
+}
+
+void CSheetWizard::OnClosing() {
+    EndMotorSession();
 }
 
 CWizardPropertyPage* CSheetWizard::GetWizardPage(int index) const {

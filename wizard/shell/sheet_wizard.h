@@ -41,6 +41,12 @@ public:
 
     CWizardPropertyPage* GetWizardPage(int index) const;
 
+protected:
+    /// While a motor is under the wizard's control Escape does what Cancel does, and the close button stops it at once.
+    /// Otherwise whoever has typed something and not applied it is asked first.
+    void OnPersonCloses(CloseWay way) override;
+    void OnClosing() override;
+
 private:
     std::array<std::unique_ptr<CWizardPropertyPage>, kPageCount> m_pages;
     CHostDrive* m_drive = nullptr;

@@ -1,7 +1,6 @@
 #include "wizard/shell/step_icons.h"
 
 #include "wizard/platform/picture.h"
-#include "wizard/platform/resources.h"
 
 #include <QLabel>
 
@@ -29,8 +28,7 @@ Look LookOf(StepState state) {
 
 void ShowStepIcon(QLabel& icon, int step, StepState state) {
     const Look look = LookOf(state);
-    const QPixmap strip = CResources::Current().GetPicture(look.strip, {}, icon.devicePixelRatioF());
-    icon.setPixmap(FramesOfStrip(strip, kStepCount).value(step - 1));
+    icon.setPixmap(FramesOfStrip(PictureAmongText(look.strip, icon), kStepCount).value(step - 1));
     icon.setAccessibleName(QStringLiteral("Step %1: %2").arg(step).arg(QLatin1String(look.meaning)));
     icon.setToolTip(icon.accessibleName());
 }

@@ -1,7 +1,6 @@
 #include "wizard/shell/strip_bitmap_button.h"
 
 #include "wizard/platform/picture.h"
-#include "wizard/platform/resources.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -29,12 +28,13 @@ CStripBitmapButton::CStripBitmapButton(QWidget* parent) : CToolTipButton(parent)
 }
 
 void CStripBitmapButton::LoadStripBitmap(int number) {
-    const QPixmap strip = CResources::Current().GetPicture(number, {}, 1.0);
+    const QSize strip = PictureAmongText(number, *this).deviceIndependentSize().toSize();
     m_number = number;
     m_frames = std::ranges::find(kThreeFrameStrips, number) != std::end(kThreeFrameStrips) ? 3 : 2;
     m_frame = QSize(strip.width() / m_frames, strip.height());
     if (!m_frame.isEmpty())
         resize(m_frame);
+    setCheckable(objectName().toInt() == kLatchingButton);
     m_loaded = true;
     update();
 }
@@ -42,28 +42,13 @@ void CStripBitmapButton::LoadStripBitmap(int number) {
 int CStripBitmapButton::GetShownFrame() const {
     if (!isEnabled())
         return 2;
-    return isDown() || (Latches() && m_latched) ? 1 : 0;
-}
-
-void CStripBitmapButton::SetLatched(bool latched) {
-    m_latched = latched;
-    update();
-}
-
-bool CStripBitmapButton::Latches() const {
-    return objectName().toInt() == kLatchingButton;
-}
-
-void CStripBitmapButton::nextCheckState() {
-    if (Latches())
-        m_latched = !m_latched;
+    return isDown() || isChecked() ? 1 : 0;
 }
 
 void CStripBitmapButton::paintEvent(QPaintEvent*) {
     if (!m_loaded)
         return;
-    const QPixmap strip = CResources::Current().GetPicture(m_number, {}, devicePixelRatioF());
-    const QList<QPixmap> frames = FramesOfStrip(strip, m_frames);
+    const QList<QPixmap> frames = FramesOfStrip(PictureAmongText(m_number, *this), m_frames);
     QPainter painter(this);
     const int frame = GetShownFrame();
     if (frame < frames.size()) {
@@ -72,7 +57,7 @@ void CStripBitmapButton::paintEvent(QPaintEvent*) {
         // A strip without a disabled frame shows the one that it has, as the style greys an icon.
         QStyleOption option;
         option.initFrom(this);
-        const QPixmap& shown = frames[Latches() && m_latched ? 1 : 0];
+        const QPixmap& shown = frames[isChecked() ? 1 : 0];
         painter.drawPixmap(0, 0, style()->generatedIconPixmap(QIcon::Disabled, shown, &option));
     }
     if (hasFocus()) {

@@ -21,12 +21,10 @@ class CStripBitmapButton : public CToolTipButton {
 public:
     explicit CStripBitmapButton(QWidget* parent = nullptr);
 
-    /// Loads the strip and takes the size of one frame, without moving.
+    /// Loads the strip and takes the size of one frame, without moving. The button with a latch, which is known by its
+    /// id, is checkable from then on.
     void LoadStripBitmap(int number);
     bool IsBitmapLoaded() const { return m_loaded; }
-
-    /// Whether the button with a latch stays down.
-    void SetLatched(bool latched);
 
     /// Frame that is drawn now: 0 up, 1 pressed, 2 disabled.
     int GetShownFrame() const;
@@ -35,16 +33,12 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void nextCheckState() override;
 
 private:
-    bool Latches() const;
-
     int m_number = 0;
     int m_frames = 2;
     QSize m_frame;
     bool m_loaded = false;
-    bool m_latched = false;
 };
 
 } // namespace krt550

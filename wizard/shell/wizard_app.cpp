@@ -1,6 +1,8 @@
 #include "wizard/shell/wizard_app.h"
 
 #include "hostlib/host_drive.h"
+#include "wizard/motor/make_safe.h"
+#include "wizard/platform/message_box.h"
 #include "wizard/shell/sheet_wizard.h"
 #include "wizard/texts/wizard_directory.h"
 
@@ -13,11 +15,11 @@ void TakeWizardDirectory(CHostDrive& drive) {
     const CDriveInfo* info = drive.GetDriveInfo();
     if (!info)
         return;
-    QString path = info->GetWizardPath();
-    path.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    const QString native = info->GetWizardPath();
+    const QString path = QString(native).replace(QLatin1Char('/'), QLatin1Char('\\'));
     const qsizetype separator = path.lastIndexOf(QLatin1Char('\\'));
     if (separator >= 0)
-        SetWizardDirectory(path.left(separator));
+        SetWizardDirectory(path.left(separator), native.left(separator));
 }
 
 } // namespace
@@ -29,9 +31,11 @@ CWizardApp& CWizardApp::Instance() {
 
 int CWizardApp::RunSession(CHostDrive* drive) {
     TakeWizardDirectory(*drive);
+    BeginMotorSession();
     CSheetWizard sheet(kCaptionString, nullptr, 0);
     sheet.SetDriveObject(drive);
     sheet.DoModal();
+    ShowHeldBoxes();
     return m_resultCode;
 }
 

@@ -1,12 +1,15 @@
 #include "wizard/shell/wizard_property_page.h"
 
 #include "hostlib/host_drive.h"
+#include "wizard/motor/make_safe.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
+#include "wizard/platform/push_button.h"
 #include "wizard/platform/resources.h"
+#include "wizard/platform/tool_tip.h"
 #include "wizard/platform/wait_cursor.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/shell/sheet_wizard.h"
@@ -17,6 +20,8 @@
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPointer>
+#include <QScopedValueRollback>
 
 namespace krt550 {
 namespace {
@@ -36,15 +41,42 @@ constexpr int kWizardClosed = 8;
 CWizardPropertyPage::CWizardPropertyPage(int layoutNumber, QString helpTopic)
     : CPropertyPage(layoutNumber), m_helpTopic(std::move(helpTopic)) {
     EnsureStepStates();
-    Handle(kIdCancelPage, ControlEvent::Clicked, [this] { OnButtonCancel(); });
-    Handle(kIdBack, ControlEvent::Clicked, [this] { OnButtonBack(); });
-    Handle(kIdNext, ControlEvent::Clicked, [this] { OnButtonNext(); });
-    Handle(kIdApply, ControlEvent::Clicked, [this] { OnButtonApply(); });
-    Handle(kIdReset, ControlEvent::Clicked, [this] { OnButtonReset(); });
+    Handle(kIdCancelPage, ControlEvent::Clicked, [this] { CancelByPerson(); });
+    HandleButton(kIdBack, &CWizardPropertyPage::OnButtonBack);
+    HandleButton(kIdNext, &CWizardPropertyPage::OnButtonNext);
+    HandleButton(kIdApply, &CWizardPropertyPage::OnButtonApply);
+    HandleButton(kIdReset, &CWizardPropertyPage::OnButtonReset);
     Handle(kIdHelp, ControlEvent::Clicked, [this] { ShowHelp(window(), m_helpTopic); });
+    PressByKey(*this, QKeySequence::HelpContents, kIdHelp);
 }
 
 CWizardPropertyPage::~CWizardPropertyPage() = default;
+
+void CWizardPropertyPage::HandleButton(int id, void (CWizardPropertyPage::*press)()) {
+    Handle(id, ControlEvent::Clicked, [this, press] {
+        if (!IsMotorStopping())
+            (this->*press)();
+    });
+}
+
+void CWizardPropertyPage::CancelByPerson() {
+    if (m_cancelling)
+        return;
+    if (!IsMotorStopping()) {
+        const QScopedValueRollback<bool> cancelling(m_cancelling, true);
+        OnButtonCancel();
+        return;
+    }
+    AbortMotorRun();
+    WhenMotorStands([page = QPointer(this)] {
+        if (page && page->m_sheet && page->m_sheet->GetActivePage() == page)
+            page->CancelByPerson();
+    });
+}
+
+int CWizardPropertyPage::GetWayOut() const {
+    return kIdCancelPage;
+}
 
 void CWizardPropertyPage::SetTitle(int stringId) {
     m_title = QLatin1String("[KRT550Wizard] ") + LoadText(stringId);
@@ -74,8 +106,13 @@ void CWizardPropertyPage::OnShown() {
     ShowPendingMessages();
 }
 
+// Nobody leaves a page whose motor may turn: whoever wants to stops it first.
 bool CWizardPropertyPage::OnKillActive() {
+    if (IsMotorStopping())
+        return false;
     LeavePage();
+    if (IsMotorUnderControl())
+        return false;
     return CPropertyPage::OnKillActive();
 }
 
@@ -91,7 +128,9 @@ void CWizardPropertyPage::keyPressEvent(QKeyEvent* event) {
     const bool enterOrEscape =
         event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Escape;
     const QWidget* focus = focusWidget();
-    if (enterOrEscape && focus && GetDlgCtrlID(focus) == 0)
+    if (event->key() == Qt::Key_Escape && IsMotorUnderControl())
+        CancelByPerson();
+    else if (enterOrEscape && focus && GetDlgCtrlID(focus) == 0)
         event->accept();
     else
         CPropertyPage::keyPressEvent(event);
@@ -139,18 +178,7 @@ void CWizardPropertyPage::OnButtonCancel() {
     CancelPage();
     const bool endsWizard = m_step == 0 || m_step == kNoPage;
     m_sheet->EndWizard(endsWizard ? kWizardClosed : kChainCancelled);
-    MakeDriveSafe();
-}
-
-void CWizardPropertyPage::MakeDriveSafe() {
-    CHostDrive* drive = GetDrive();
-    if (!drive)
-        return;
-    drive->RefreshState();
-    if (drive->CheckCancelCondition() && drive->IsLocalControlActive()) {
-        drive->StopMotor();
-        drive->ReleaseLocalControl();
-    }
+    MakeSafe(GetDrive(), {.asksCancelCondition = true});
 }
 
 void CWizardPropertyPage::OnButtonReset() {
@@ -164,7 +192,7 @@ CHostDrive* CWizardPropertyPage::GetDrive() const {
 }
 
 void CWizardPropertyPage::AddToolTip(int controlId, const QString& text) {
-    m_toolTips.AddTool(GetDlgItem(controlId), text);
+    SetToolTip(GetDlgItem(controlId), text);
 }
 
 void CWizardPropertyPage::InitResetButton() {

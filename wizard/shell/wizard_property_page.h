@@ -1,7 +1,6 @@
 #pragma once
 
 #include "wizard/platform/property_page.h"
-#include "wizard/platform/tool_tip_control.h"
 
 #include <QPixmap>
 
@@ -34,6 +33,7 @@ public:
     void SetNextPage(int page) { m_nextPage = page; }
     void SetPreviousPage(int page) { m_previousPage = page; }
 
+    int GetWayOut() const override;
     int GetStepNumber() const { return m_step; }
     int GetNextPage() const { return m_nextPage; }
     int GetPreviousPage() const { return m_previousPage; }
@@ -43,6 +43,9 @@ public:
     /// Adds to the message that is shown once, after the page's next activation.
     void AppendPendingMessage(const QString& text) { m_pendingMessage += text; }
     const QString& GetPendingMessage() const { return m_pendingMessage; }
+
+    /// Cancel, pressed as a button or as Escape: while a stop waits to be confirmed the page is left after that.
+    void CancelByPerson();
 
     // Hooks, in the order of their table.
     /// Writes what the user changed; false keeps the user on the page. The page itself says why.
@@ -84,13 +87,13 @@ protected:
     void UpdateNextCaption();
 
 private:
+    /// Sets what a common button does; nothing while a stop waits to be confirmed.
+    void HandleButton(int id, void (CWizardPropertyPage::*press)());
     // The hooks, with what fails in them told once.
     bool Apply();
     void Load();
-    void MakeDriveSafe();
 
     CSheetWizard* m_sheet = nullptr;
-    CToolTipCtrl m_toolTips;
     int m_step = kNoPage;
     int m_nextPage = kNoPage;
     int m_previousPage = kNoPage;
@@ -98,6 +101,7 @@ private:
     QString m_pendingMessage;
     QString m_helpTopic;
     CStripBitmapButton* m_resetButton = nullptr;
+    bool m_cancelling = false;
 };
 
 } // namespace krt550

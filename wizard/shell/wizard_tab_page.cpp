@@ -2,6 +2,7 @@
 
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/failure_pass.h"
+#include "wizard/platform/tool_tip.h"
 #include "wizard/platform/wait_cursor.h"
 
 #include <QPushButton>
@@ -14,7 +15,7 @@ void CWizardTabPage::AddToolTip(int controlId, const QString& text) {
 }
 
 void CWizardTabPage::AddToolTip(QWidget* control, const QString& text) {
-    m_toolTips.AddTool(control, text);
+    SetToolTip(control, text);
 }
 
 bool CWizardTabPage::OnInitDialog() {

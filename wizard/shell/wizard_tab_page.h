@@ -2,7 +2,6 @@
 
 #include "wizard/params/row_table.h"
 #include "wizard/platform/property_page.h"
-#include "wizard/platform/tool_tip_control.h"
 
 namespace krt550 {
 
@@ -45,7 +44,6 @@ private:
     bool m_loaded = false;
     CParameterGroup* m_root = nullptr;
     CSheetWizard* m_sheet = nullptr;
-    CToolTipCtrl m_toolTips;
 };
 
 /// A tab that is a table of parameter rows, as CRowPage is for pages.

@@ -4,6 +4,7 @@
 #include "wizard/texts/help_viewer.h"
 #include "wizard/texts/wizard_directory.h"
 
+#include <QHash>
 #include <QPointer>
 #include <QSet>
 
@@ -15,7 +16,8 @@ struct HelpState {
     QString path;
     std::shared_ptr<const CHelpFile> file;
     QPointer<CHelpViewer> viewer;
-    QSet<QString> missing; ///< paths of files, targets of topics
+    QSet<QString> missingTopics;     ///< targets
+    QHash<QString, QString> refused; ///< by path of a file: why it cannot be shown; empty when it is missing
 };
 
 HelpState& State() {
@@ -25,16 +27,17 @@ HelpState& State() {
 
 std::shared_ptr<const CHelpFile> OpenFile(const QString& path) {
     HelpState& state = State();
-    if (state.missing.contains(path))
+    if (state.refused.contains(path))
         return nullptr;
     if (state.path != path || !state.file) {
-        state.file = CHelpFile::Open(MachinePath(path));
+        QString failure;
+        state.file = CHelpFile::Open(MachinePath(path), failure);
         state.path = path;
-        if (state.viewer && state.file)
+        if (!state.file)
+            state.refused.insert(path, failure);
+        else if (state.viewer)
             state.viewer->SetFile(state.file);
     }
-    if (!state.file)
-        state.missing.insert(path);
     return state.file;
 }
 
@@ -44,7 +47,8 @@ CHelpViewer& ViewerOf(QWidget* owner) {
     QWidget* window = owner ? owner->window() : nullptr;
     if (!state.viewer) {
         state.viewer = new CHelpViewer(window);
-        state.viewer->SetFile(state.file);
+        if (state.file)
+            state.viewer->SetFile(state.file);
     } else if (window != state.viewer && window != state.viewer->parentWidget()) {
         state.viewer->setParent(window, state.viewer->windowFlags());
     }
@@ -61,16 +65,23 @@ void ShowHelp(QWidget* owner, const QString& topic) {
 quintptr CallHtmlHelp(QWidget* owner, const QString& target, unsigned command, quintptr) {
     static const QString separator = QStringLiteral("::/");
     const qsizetype at = target.indexOf(separator);
-    if (command != kDisplayTopic || at < 0 || State().missing.contains(target))
+    if (command != kDisplayTopic || at < 0 || State().missingTopics.contains(target))
         return 0;
-    const std::shared_ptr<const CHelpFile> file = OpenFile(target.left(at));
+    const QString path = target.left(at);
+    const std::shared_ptr<const CHelpFile> file = OpenFile(path);
+    const QString refusal = State().refused.value(path);
+    if (!file && refusal.isEmpty())
+        return 0;
     const QString topic = target.mid(at + separator.size());
-    if (!file || !file->Contains(topic.section(u'#', 0, 0))) {
-        State().missing.insert(target);
+    if (file && !file->Contains(topic.section(u'#', 0, 0))) {
+        State().missingTopics.insert(target);
         return 0;
     }
     CHelpViewer& viewer = ViewerOf(owner);
-    viewer.ShowTopic(topic);
+    if (file)
+        viewer.ShowTopic(topic);
+    else
+        viewer.ShowSentence(refusal);
     viewer.setWindowState(viewer.windowState() & ~Qt::WindowMinimized);
     viewer.show();
     viewer.raise();

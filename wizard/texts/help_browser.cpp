@@ -1,6 +1,8 @@
 #include "wizard/texts/help_browser.h"
 
 #include "wizard/texts/help_file.h"
+#include "wizard/texts/help_picture.h"
+#include "wizard/texts/help_topic.h"
 
 #include <QEvent>
 
@@ -16,6 +18,10 @@ QColor ReadableLinkColor(const QPalette& palette) {
     const QColor link = palette.color(QPalette::Link);
     const bool lost = palette.color(QPalette::Base).lightness() < kMiddle && link.lightness() < kLight;
     return lost ? QColor::fromHsl(link.hslHue(), link.hslSaturation(), kLight) : link;
+}
+
+QString PageOf(const QString& sentence) {
+    return QStringLiteral("<p>%1</p>").arg(sentence.toHtmlEscaped());
 }
 
 } // namespace
@@ -62,16 +68,43 @@ void CHelpBrowser::changeEvent(QEvent* event) {
 
 QVariant CHelpBrowser::loadResource(int type, const QUrl& url) {
     const QUrl address = UrlOf({}).resolved(url);
-    if (!m_file || address.scheme() != kScheme || !m_file->Contains(TopicOf(address)))
+    const QString name = TopicOf(address);
+    if (type == QTextDocument::ImageResource)
+        return PictureFor(address);
+    if (!Holds(address))
         return {};
-    if (type == QTextDocument::HtmlResource)
-        return m_file->ReadTopic(TopicOf(address));
-    return m_file->Read(TopicOf(address));
+    if (type == QTextDocument::HtmlResource) {
+        m_pixelsLeft = kMostPixels;
+        const auto [text, failure] = m_file->ReadTopic(name);
+        return failure.isEmpty() ? text : PageOf(failure);
+    }
+    const QByteArray style = m_file->Read(name, kLargestTopic).content;
+    return style.size() > kLargestStyle ? QByteArray() : style;
+}
+
+bool CHelpBrowser::Holds(const QUrl& address) const {
+    return m_file && address.scheme() == kScheme && m_file->Contains(TopicOf(address));
+}
+
+/// Never nothing: the text document would look for the name among this machine's files.
+QImage CHelpBrowser::PictureFor(const QUrl& address) {
+    const QString name = TopicOf(address);
+    if (!Holds(address))
+        return PictureOf(QStringLiteral("%1 cannot be shown: the help does not hold it.").arg(name), *this);
+    const auto [picture, failure] = ReadHelpPicture(*m_file, name, m_pixelsLeft);
+    if (!failure.isEmpty())
+        return PictureOf(failure, *this);
+    m_pixelsLeft -= qint64{picture.width()} * picture.height();
+    return picture;
+}
+
+void CHelpBrowser::ShowSentence(const QString& sentence) {
+    setHtml(PageOf(sentence));
 }
 
 void CHelpBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
     const QUrl address = UrlOf({}).resolved(url);
-    if (m_file && address.scheme() == kScheme && m_file->Contains(TopicOf(address)))
+    if (Holds(address))
         QTextBrowser::doSetSource(address, type);
 }
 

@@ -9,7 +9,7 @@ namespace krt550 {
 class CHelpFile;
 
 /// Shows the topics of a help file. Links inside the file are followed, links to anywhere else and to what the file
-/// does not hold are not.
+/// does not hold are not. In place of a topic or picture that cannot be shown stands a sentence that says why.
 class CHelpBrowser : public QTextBrowser {
     Q_OBJECT
 
@@ -18,6 +18,8 @@ public:
     ~CHelpBrowser() override;
 
     void SetFile(std::shared_ptr<const CHelpFile> file);
+    /// Shows a sentence in place of a topic.
+    void ShowSentence(const QString& sentence);
     /// Name of the topic in front.
     QString GetTopic() const { return TopicOf(source()); }
 
@@ -33,8 +35,11 @@ protected:
 
 private:
     void StyleLinks();
+    bool Holds(const QUrl& address) const;
+    QImage PictureFor(const QUrl& address);
 
     std::shared_ptr<const CHelpFile> m_file;
+    qint64 m_pixelsLeft = 0; ///< what the pictures of the topic in front may still hold
 };
 
 } // namespace krt550

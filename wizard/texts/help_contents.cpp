@@ -3,25 +3,38 @@
 #include <QRegularExpression>
 #include <QTextDocumentFragment>
 
-namespace krt550 {
+#include <algorithm>
 
-/// The file is a tree of lists whose items are objects with the parameters Name and Local.
+namespace krt550 {
+namespace {
+
+constexpr std::size_t kMostItems = 2000;
+constexpr int kDeepestLevel = 15;
+
+QString WithoutEntities(const QString& text) {
+    return text.contains(u'&') ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
+}
+
+} // namespace
+
+/// The file is a tree of lists whose items are objects with the parameters Name and Local. A tag holds no "<", so that
+/// a quote that never ends costs no more than the way to the next tag.
 std::vector<HelpContentsItem> ParseHelpContents(const QString& text) {
     static const QRegularExpression tag(
-        QStringLiteral(R"re(<\s*(/?ul|/?object|param)\b((?:"[^"]*"|'[^']*'|[^>"'])*)>)re"),
+        QStringLiteral(R"re(<\s*(/?ul|/?object|param)\b((?:"[^"<]*+"|'[^'<]*+'|[^<>"'])*+)>)re"),
         QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression attribute(QStringLiteral(R"re((name|value)\s*=\s*(?:"([^"]*)"|'([^']*)'))re"),
                                               QRegularExpression::CaseInsensitiveOption);
     std::vector<HelpContentsItem> items;
     HelpContentsItem item;
     int level = -1;
-    for (auto tags = tag.globalMatch(text); tags.hasNext();) {
+    for (auto tags = tag.globalMatch(text); tags.hasNext() && items.size() < kMostItems;) {
         const QRegularExpressionMatch match = tags.next();
         const QString name = match.captured(1).toLower();
         if (name == u"ul")
-            ++level;
+            level = std::min(level + 1, kDeepestLevel);
         else if (name == u"/ul")
-            --level;
+            level = std::max(level - 1, -1);
         else if (name == u"object")
             item = {{}, {}, std::max(level, 0)};
         else if (name == u"/object" && !item.title.isEmpty())
@@ -30,8 +43,7 @@ std::vector<HelpContentsItem> ParseHelpContents(const QString& text) {
             QHash<QString, QString> values;
             for (auto all = attribute.globalMatch(match.captured(2)); all.hasNext();) {
                 const QRegularExpressionMatch one = all.next();
-                values[one.captured(1).toLower()] =
-                    QTextDocumentFragment::fromHtml(one.captured(2) + one.captured(3)).toPlainText();
+                values[one.captured(1).toLower()] = WithoutEntities(one.captured(2) + one.captured(3));
             }
             const QString key = values.value(QStringLiteral("name")).toLower();
             if (key == u"name")

@@ -1,69 +1,153 @@
 #include "wizard/texts/help_file.h"
 
+#include "wizard/texts/book_memory.h"
+#include "wizard/texts/help_topic.h"
+#include "wizard/texts/regular_file.h"
 #include "wizard/texts/text_fields.h"
 
-#include <QFile>
+#include <QFileInfo>
 #include <QStringDecoder>
 
-#include <chm_lib.h>
+#include <algorithm>
 
 namespace krt550 {
 namespace {
 
-QByteArray ObjectPath(const QString& name) {
-    return name.startsWith(u'/') ? name.toUtf8() : '/' + name.toUtf8();
+QString KeyOf(const QString& name) {
+    return (name.startsWith(u'/') ? name.mid(1) : name).toLower();
 }
 
-int FindContents(chmFile*, chmUnitInfo* unit, void* found) {
-    const QString path = QString::fromUtf8(unit->path);
-    if (!path.endsWith(QLatin1String(".hhc"), Qt::CaseInsensitive))
-        return CHM_ENUMERATOR_CONTINUE;
-    *static_cast<QString*>(found) = path;
-    return CHM_ENUMERATOR_SUCCESS;
+QString Refusal(const QString& name, const QString& why) {
+    return QStringLiteral("%1 cannot be shown: %2.").arg(name, why);
+}
+
+QString TooLarge(const QString& name, qint64 limit) {
+    constexpr qint64 kMegabyte = 1024 * 1024;
+    const bool large = limit >= kMegabyte;
+    return Refusal(name, QStringLiteral("it is larger than %1 %2")
+                             .arg(limit / (large ? kMegabyte : kMegabyte / 1024))
+                             .arg(large ? QLatin1String("MB") : QLatin1String("kB")));
+}
+
+QString Damaged(const QString& name) {
+    return Refusal(name, QStringLiteral("it is damaged"));
+}
+
+/// Some compilers write the first of the header's two identifiers twice, and libmspack insists on the second. Nothing
+/// else depends on them.
+QByteArray WithIdentifiers(QByteArray book) {
+    constexpr qsizetype kAt = 0x18;
+    constexpr char kIdentifiers[] = "\x10\xFD\x01\x7C\xAA\x7B\xD0\x11\x9E\x0C\x00\xA0\xC9\x22\xE6\xEC"
+                                    "\x11\xFD\x01\x7C\xAA\x7B\xD0\x11\x9E\x0C\x00\xA0\xC9\x22\xE6\xEC";
+    constexpr qsizetype kSize = sizeof kIdentifiers - 1;
+    return book.size() < kAt + kSize ? book : book.replace(kAt, kSize, kIdentifiers, kSize);
 }
 
 } // namespace
 
-void CHelpFile::Closer::operator()(chmFile* file) const {
-    chm_close(file);
+CHelpFile::CHelpFile(const QByteArray& book) : m_memory(std::make_unique<CBookMemory>(WithIdentifiers(book))) {}
+
+CHelpFile::~CHelpFile() {
+    if (m_header)
+        m_unpacker->close(m_unpacker, m_header);
+    mspack_destroy_chm_decompressor(m_unpacker);
 }
 
-std::unique_ptr<CHelpFile> CHelpFile::Open(const QString& path) {
-    chmFile* file = chm_open(QFile::encodeName(path).constData());
-    return std::unique_ptr<CHelpFile>(file ? new CHelpFile(file) : nullptr);
+std::unique_ptr<CHelpFile> CHelpFile::Open(const QString& path, QString& failure) {
+    failure.clear();
+    QFile file(path);
+    const QString name = QFileInfo(path).fileName();
+    const FileProblem problem = OpenRegularFile(file, kLargestBook);
+    if (problem == FileProblem::TooLarge)
+        failure = TooLarge(name, kLargestBook);
+    if (problem != FileProblem::None)
+        return nullptr;
+    std::unique_ptr<CHelpFile> book = OpenBytes(file.read(kLargestBook), failure);
+    if (!book)
+        failure = Damaged(name);
+    return book;
 }
 
-bool CHelpFile::Contains(const QString& name) const {
-    chmUnitInfo unit{};
-    return !name.isEmpty() &&
-           chm_resolve_object(m_file.get(), ObjectPath(name).constData(), &unit) == CHM_RESOLVE_SUCCESS;
+std::unique_ptr<CHelpFile> CHelpFile::OpenBytes(const QByteArray& bytes, QString& failure) {
+    std::unique_ptr<CHelpFile> book(new CHelpFile(bytes));
+    const bool usable = book->ReadDirectory();
+    failure = usable ? QString() : Damaged(QStringLiteral("The help"));
+    return usable ? std::move(book) : nullptr;
 }
 
-QByteArray CHelpFile::Read(const QString& name) const {
-    constexpr quint64 kLargest = 64 * 1024 * 1024; // beyond that the file is damaged
-    chmUnitInfo unit{};
-    if (chm_resolve_object(m_file.get(), ObjectPath(name).constData(), &unit) != CHM_RESOLVE_SUCCESS ||
-        unit.length > kLargest)
-        return {};
-    QByteArray bytes(static_cast<qsizetype>(unit.length), '\0');
-    const auto got = chm_retrieve_object(m_file.get(), &unit, reinterpret_cast<unsigned char*>(bytes.data()), 0,
-                                         static_cast<LONGINT64>(unit.length));
-    bytes.truncate(static_cast<qsizetype>(std::max<LONGINT64>(got, 0)));
-    return bytes;
+bool CHelpFile::ReadDirectory() {
+    m_memory->BeginRequest(0);
+    m_unpacker = mspack_create_chm_decompressor(m_memory.get());
+    m_header = m_unpacker ? m_unpacker->open(m_unpacker, "") : nullptr;
+    // The library goes by the length that the file states.
+    if (!m_header || m_header->length > m_memory->GetSize())
+        return false;
+    for (mschmd_file* file = m_header->files; file; file = file->next) {
+        const QString key = KeyOf(QString::fromUtf8(file->filename));
+        if (!m_files.contains(key))
+            m_files.insert(key, file);
+    }
+    return true;
 }
 
-QString CHelpFile::ReadTopic(const QString& name) const {
-    const QByteArray bytes = Read(name);
+mschmd_file* CHelpFile::Find(const QString& name) const {
+    return m_files.value(KeyOf(name));
+}
+
+/// What the library takes on trust: places inside the file, and the four system files without which it searches the
+/// index, whose entries may lead round in circles. Unpacking starts at the beginning of the compressed section at
+/// worst, which is why the section must be small too.
+bool CHelpFile::CanUnpack(const mschmd_file& file) const {
+    const auto lies = [](const mschmd_file* entry, qint64 limit) {
+        return entry && entry->offset >= 0 && entry->length >= 0 && entry->offset <= limit &&
+               entry->length <= limit - entry->offset;
+    };
+    if (!lies(&file, kLargestBook))
+        return false;
+    const mschmd_sec_mscompressed& packed = m_header->sec1;
+    const mschmd_file* const system[] = {packed.content, packed.control, packed.rtable, packed.spaninfo};
+    return file.section->id == 0 ||
+           std::ranges::all_of(system, [&](const mschmd_file* entry) { return lies(entry, m_memory->GetSize()); });
+}
+
+HelpContent<QByteArray> CHelpFile::Read(const QString& name, qint64 limit) const {
+    mschmd_file* const file = Find(name);
+    if (!file)
+        return {{}, Refusal(name, QStringLiteral("the help does not hold it"))};
+    if (file->length > limit)
+        return {{}, TooLarge(name, limit)};
+    if (!CanUnpack(*file))
+        return {{}, Damaged(name)};
+    m_memory->BeginRequest(limit);
+    const int error = m_unpacker->extract(m_unpacker, file, "");
+    QByteArray bytes = m_memory->TakeOutput();
+    if (m_memory->HasTimedOut())
+        return {{}, Refusal(name, QStringLiteral("it takes too long to unpack"))};
+    if (error != MSPACK_ERR_OK || bytes.size() != file->length)
+        return {{}, Damaged(name)};
+    return {std::move(bytes), {}};
+}
+
+HelpContent<QString> CHelpFile::ReadText(const QString& name) const {
+    const auto [bytes, failure] = Read(name, kLargestTopic);
     QStringDecoder decoder = QStringDecoder::decoderForHtml(bytes);
     if (decoder.isValid() && decoder.name() && qstricmp(decoder.name(), "UTF-8") != 0)
-        return decoder(bytes);
-    return TextOfField({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+        return {decoder(bytes), failure};
+    return {TextOfField({bytes.constData(), static_cast<std::size_t>(bytes.size())}), failure};
+}
+
+HelpContent<QString> CHelpFile::ReadTopic(const QString& name) const {
+    HelpContent<QString> topic = ReadText(name);
+    if (IsSimpleTopic(topic.content))
+        return topic;
+    return {{}, Refusal(name, QStringLiteral("it is too complicated"))};
 }
 
 std::vector<HelpContentsItem> CHelpFile::ReadContents() const {
-    QString path;
-    chm_enumerate(m_file.get(), CHM_ENUMERATE_NORMAL | CHM_ENUMERATE_FILES, FindContents, &path);
-    return path.isEmpty() ? std::vector<HelpContentsItem>() : ParseHelpContents(ReadTopic(path));
+    for (const QString& name : m_files.keys())
+        if (name.endsWith(u".hhc"))
+            return ParseHelpContents(ReadText(name).content);
+    return {};
 }
 
 } // namespace krt550

@@ -31,8 +31,8 @@ CHelpViewer::CHelpViewer(QWidget* owner)
     setCentralWidget(m_browser);
     MakeActions();
     const int line = fontMetrics().height();
-    resize(50 * line, 36 * line);
-    resizeDocks({m_dock}, {14 * line}, Qt::Horizontal);
+    resize(56 * line, 36 * line);
+    resizeDocks({m_dock}, {20 * line}, Qt::Horizontal);
 
     connect(m_browser, &QTextBrowser::sourceChanged, this,
             [this](const QUrl& url) { OnTopicShown(CHelpBrowser::TopicOf(url)); });
@@ -104,6 +104,12 @@ void CHelpViewer::FillContents(const CHelpFile& file) {
 
 void CHelpViewer::ShowTopic(const QString& topic) {
     m_browser->setSource(CHelpBrowser::UrlOf(topic));
+}
+
+void CHelpViewer::ShowSentence(const QString& sentence) {
+    m_dock->setVisible(m_contents->topLevelItemCount() > 0);
+    m_browser->ShowSentence(sentence);
+    setWindowTitle(tr("Help"));
 }
 
 void CHelpViewer::OnTopicShown(const QString& topic) {

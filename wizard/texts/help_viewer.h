@@ -23,6 +23,8 @@ public:
 
     void SetFile(std::shared_ptr<const CHelpFile> file);
     void ShowTopic(const QString& topic);
+    /// Shows why there is no help.
+    void ShowSentence(const QString& sentence);
 
 private:
     void MakeActions();

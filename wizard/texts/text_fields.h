@@ -17,6 +17,9 @@ bool FieldIs(std::string_view field, const QString& text);
 /// is none. Numbers that are too large stay at the largest.
 int NumberOfField(std::string_view field);
 
+/// Whether the number at the start of a field is one that NumberOfField can give.
+bool IsNumberInRange(std::string_view field);
+
 /// The number wrapped to 16 bits.
 inline quint16 WordOfField(std::string_view field) {
     return static_cast<quint16>(NumberOfField(field));
@@ -27,7 +30,8 @@ inline quint16 WordOrNone(std::string_view field) {
     return field.empty() ? quint16{0xFFFF} : WordOfField(field);
 }
 
-/// Number with a decimal point at the start of a field; 0 when there is none.
+/// Number with a decimal point at the start of a field; 0 when there is none. Not finite when the field says so or
+/// gives more than the type holds.
 float FactorOfField(std::string_view field);
 
 /// Register number of a register text ("9906").

@@ -1,29 +1,40 @@
 #include "wizard/texts/wizard_directory.h"
 
+#include <QDir>
+
 namespace krt550 {
 namespace {
 
-QString& Directory() {
-    static QString directory;
+struct Directory {
+    QString module;
+    QString native; ///< empty: the module's spelling with slashes
+};
+
+Directory& Current() {
+    static Directory directory;
     return directory;
 }
 
 } // namespace
 
-void SetWizardDirectory(const QString& directory) {
-    Directory() = directory;
+void SetWizardDirectory(const QString& directory, const QString& native) {
+    const bool usable = !native.isEmpty() && QDir(native).exists();
+    Current() = {directory, usable ? native : QString()};
 }
 
 const QString& GetWizardDirectory() {
-    return Directory();
+    return Current().module;
 }
 
 QString WizardFilePath(const QString& name) {
-    return Directory() + u'\\' + name;
+    return Current().module + u'\\' + name;
 }
 
 QString MachinePath(const QString& modulePath) {
-    return QString(modulePath).replace(u'\\', u'/');
+    const auto& [module, native] = Current();
+    const bool own = !native.isEmpty() && modulePath.startsWith(module + u'\\');
+    const QString rest = own ? modulePath.mid(module.size()) : modulePath;
+    return (own ? native : QString()) + QString(rest).replace(u'\\', u'/');
 }
 
 } // namespace krt550

@@ -4,8 +4,9 @@
 
 namespace krt550 {
 
-/// Sets the directory of the wizard's own files: module-wide, without a trailing backslash, backslashes kept.
-void SetWizardDirectory(const QString& directory);
+/// Sets the directory of the wizard's own files: module-wide, without a trailing separator, spelled with backslashes.
+/// `native` is the machine's own spelling of it, for names that hold a backslash themselves; used when it exists.
+void SetWizardDirectory(const QString& directory, const QString& native = {});
 
 /// Directory of the wizard's own files; empty until it is set.
 const QString& GetWizardDirectory();

@@ -2,6 +2,7 @@
 #include "wizard/texts/wizard_tables.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace krt550 {
 namespace {
@@ -94,12 +95,20 @@ void ReadUpdatePeriod(WizardTables& tables, CTextTokenizer& fields) {
         tables.updatePeriods[key] = NumberOfField(period);
 }
 
+void Refuse(WizardTables& tables, std::string_view field, const QString& what) {
+    tables.refusal = QStringLiteral("%1 is not %2").arg(TextOfField(field), what);
+}
+
 /// Step, minimum, maximum; the last field that is not empty is the maximum.
 void ReadSpeedResponse(WizardTables& tables, CTextTokenizer& fields) {
-    const int step = NumberOfField(fields.NextFilledToken());
-    const int minimum = NumberOfField(fields.NextFilledToken());
-    for (std::string_view field = fields.NextFilledToken(); !field.empty(); field = fields.NextFilledToken())
-        tables.speedResponse = SpeedResponse{step, minimum, NumberOfField(field)};
+    std::vector<int> numbers;
+    for (std::string_view field = fields.NextFilledToken(); !field.empty(); field = fields.NextFilledToken()) {
+        if (!IsNumberInRange(field))
+            return Refuse(tables, field, QStringLiteral("a number from -2147483647 to 2147483647"));
+        numbers.push_back(NumberOfField(field));
+    }
+    if (numbers.size() > 2)
+        tables.speedResponse = SpeedResponse{numbers[0], numbers[1], numbers.back()};
 }
 
 void ReadSliderValue(WizardTables& tables, CTextTokenizer& fields) {
@@ -132,8 +141,11 @@ void ReadGain(WizardTables& tables, CTextTokenizer& fields) {
     const quint16 number = WordOrNone(fields.NextToken());
     const std::string_view factor = fields.NextToken();
     (tables.*Gain).reset();
-    if (!factor.empty())
-        tables.*Gain = GainAdjustment{number, FactorOfField(factor)};
+    if (factor.empty())
+        return;
+    if (!std::isfinite(FactorOfField(factor)))
+        return Refuse(tables, factor, QStringLiteral("a factor from -3e38 to 3e38"));
+    tables.*Gain = GainAdjustment{number, FactorOfField(factor)};
 }
 
 struct KeyReader {

@@ -80,6 +80,7 @@ struct WizardTables {
     CTextTable mailBoxReceive{arena};
     CTextTable dataSetReceive{arena};
     CTextTable dataSetTransmit{arena};
+    QString refusal; ///< why the line read last was refused; empty when it was not
 
     WizardTables() = default;
     WizardTables(const WizardTables&) = delete;
@@ -89,7 +90,8 @@ struct WizardTables {
 inline constexpr std::array<std::string_view, 6> kFieldbusKeys = {"PROFIBUS",   "CANOPEN",  "DEVICENET",
                                                                   "CONTROLNET", "ETHERNET", "PROFINET"};
 
-/// Reads a line of the wizard text file into its table. Lines with an unknown key are ignored.
+/// Reads a line of the wizard text file into its table. Lines with an unknown key are ignored, a line whose numbers
+/// nobody could calculate with leaves its reason in `refusal`.
 void ReadWizardLine(WizardTables& tables, std::string_view line);
 
 } // namespace krt550

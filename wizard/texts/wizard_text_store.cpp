@@ -2,12 +2,27 @@
 
 #include "wizard/platform/message_box.h"
 #include "wizard/texts/line_reader.h"
+#include "wizard/texts/regular_file.h"
 #include "wizard/texts/wizard_directory.h"
 
-#include <QFile>
 #include <QScopedValueRollback>
 
 namespace krt550 {
+namespace {
+
+constexpr qint64 kMegabyte = 1024 * 1024;
+constexpr qint64 kLargestFile = 256 * kMegabyte;
+constexpr int kMostProblems = 10; ///< told in one box
+
+/// Takes the reason for which the last line was refused; only lines of the wizard text file can be.
+QString TakeRefusal(WizardTables& tables) {
+    return std::exchange(tables.refusal, {});
+}
+QString TakeRefusal(ConfigurableTables&) {
+    return {};
+}
+
+} // namespace
 
 CWizardTextStore& CWizardTextStore::Instance() {
     static CWizardTextStore store;
@@ -22,18 +37,27 @@ bool CWizardTextStore::Ensure(bool& loaded, Tables& tables, const QString& fileN
     const QScopedValueRollback reporting(m_reporting, true);
     const QString path = WizardFilePath(fileName);
     QFile file(MachinePath(path));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    const FileProblem problem = OpenRegularFile(file, kLargestFile);
+    if (problem != FileProblem::None) {
         ShowMessageBox(QStringLiteral("Failed to open file: ") + path, MessageIcon::None);
-        ShowMessageBox(failure, MessageIcon::Stop);
+        const QString why = QStringLiteral("\nThe file is larger than %1 MB.").arg(kLargestFile / kMegabyte);
+        ShowMessageBox(problem == FileProblem::TooLarge ? failure + why : failure, MessageIcon::Stop);
         return false;
     }
     loaded = true;
+    QStringList problems;
     CLineReader reader(file);
     std::string_view line;
-    while (reader.NextLine(line))
+    for (int number = 1; reader.NextLine(line); ++number) {
         ReadLine(tables, line);
+        const QString refusal = TakeRefusal(tables);
+        if (!refusal.isEmpty() && problems.size() < kMostProblems)
+            problems.append(QStringLiteral("%1, line %2: %3").arg(path, QString::number(number), refusal));
+    }
     if (reader.HasFailed()) // what has been read so far stays in use
-        ShowMessageBox(QStringLiteral("%1\n%2: %3").arg(failure, path, file.errorString()), MessageIcon::Stop);
+        problems.append(QStringLiteral("%1: %2").arg(path, file.errorString()));
+    if (!problems.isEmpty())
+        ShowMessageBox(failure + u'\n' + problems.join(u'\n'), MessageIcon::Stop);
     return true;
 }
 

@@ -7,7 +7,8 @@
 namespace krt550 {
 
 /// The texts and tables of the two text files in the wizard directory. Each file is read once, on the first query that
-/// needs it; while it cannot be opened every query says so and answers "not found".
+/// needs it; while it cannot be opened, is no regular file or has more than 256 MB, every query says so and answers
+/// "not found". Lines that are refused are told once, with their numbers.
 ///
 /// Queries with a bool result give their out values only when it is true, unless they say otherwise. All texts are
 /// those of language column 0.

@@ -3,7 +3,8 @@
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter.h"
 #include "hostlib/tolvbo32/parameter_group.h"
-#include "wizard/params/drive_commands.h"
+#include "wizard/motor/make_safe.h"
+#include "wizard/motor/motor_run.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/resources.h"
@@ -11,6 +12,9 @@
 #include "wizard/shell/sheet_wizard.h"
 
 #include <QProgressBar>
+#include <QScopedValueRollback>
+
+#include <optional>
 
 namespace krt550 {
 
@@ -66,16 +70,8 @@ bool CAutotuningPage::ApplyParameters() {
 }
 
 bool CAutotuningPage::CancelPage() {
-    m_abort = true;
-    CHostDrive* drive = GetDrive();
-    if (!drive)
-        return true;
-    EndServiceMode(m_serviceMode);
-    drive->RefreshState();
-    if (drive->IsLocalControlActive()) {
-        StopAndOpenContactor(drive);
-        drive->ReleaseLocalControl();
-    }
+    AbortMotorRun();
+    MakeSafe(GetDrive(), {.serviceMode = m_serviceMode});
     return true;
 }
 
@@ -86,19 +82,23 @@ void CAutotuningPage::RereadResults() {
 
 void CAutotuningPage::OnButtonStart() {
     const AutotuningVariant& variant = m_definition.variant;
-    if (m_running ||
-        !ShowMessageBox(LoadText(variant.confirmation), MessageIcon::Exclamation, MessageButtons::OkCancel))
+    if (m_running || IsMotorUnderControl())
+        return;
+    const QScopedValueRollback<bool> running(m_running, true);
+    // Before the question: whoever leaves the page behind it does not want the run.
+    std::optional<CMotorRun> run;
+    if (CHostDrive* drive = GetDrive())
+        run.emplace(*drive, m_serviceMode);
+    if (!ShowMessageBox(LoadText(variant.confirmation), MessageIcon::Exclamation, MessageButtons::OkCancel))
         return;
     EnableControl(GetDlgItem(kIdAutotuningStart), false);
     // Reading the fault record ends the drive's service mode: not while it runs.
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
-    bool aborted = false;
-    m_running = true;
-    const bool success = RunAutotuning(aborted);
-    m_running = false;
-    if (!success)
+    const Ending ending = run ? RunAutotuning(*run) : Ending::Failed;
+    run.reset();
+    if (ending == Ending::Failed)
         ReportFailure();
-    else if (!aborted)
+    else if (ending == Ending::Succeeded)
         ShowMessageBox(LoadText(variant.success), MessageIcon::Information);
     EnableControl(GetDlgItem(kIdAutotuningStart), true);
 }

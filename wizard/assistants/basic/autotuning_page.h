@@ -54,10 +54,6 @@ protected:
     /// Reads the results into their rows.
     virtual void RereadResults();
 
-    /// The whole procedure. `aborted` tells that it ended by Cancel or was not allowed to start; the result is true
-    /// then.
-    bool RunAutotuning(bool& aborted);
-
 private:
     // autotuning_page.cpp
     void OnButtonStart();
@@ -67,11 +63,13 @@ private:
     void ReportFailure();
 
     // autotuning_run.cpp
-    bool FollowDrive(bool& aborted);
-    bool CloseRun(bool result);
-    bool ReadProgress();
-    bool JudgeRun();
-    void StopDrive();
+    enum class Follow { Finished, TimedOut, NoAnswer, NotWanted };
+
+    Ending RunAutotuning(CMotorRun& run);
+    Follow FollowDrive(CMotorRun& run);
+    Ending CloseRun(CMotorRun& run, Follow follow);
+    bool ReadProgress(CMotorRun& run);
+    bool JudgeRun(CMotorRun& run);
     void EnableNavigation(bool enable);
     void ShowProgress(int percent);
 
@@ -79,9 +77,7 @@ private:
     CParameter* m_serviceMode = nullptr;
     CParameter* m_progress = nullptr;
     CParameter* m_diagnosis = nullptr;
-    bool m_abort = false;
-    bool m_running = false;
-    CQuietReads m_reads;
+    bool m_running = false; ///< the Start button's handler is on the stack
 };
 
 } // namespace krt550

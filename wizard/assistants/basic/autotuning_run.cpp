@@ -1,16 +1,11 @@
 // The run itself. Its order of drive calls is what keeps people safe: the tests assert all of it.
 #include "wizard/assistants/basic/autotuning_page.h"
 
-#include "hostlib/host_drive.h"
-#include "hostlib/tolvbo32/clock.h"
 #include "hostlib/tolvbo32/parameter.h"
-#include "hostlib/tolvbo32/parameter_group.h"
-#include "wizard/params/drive_commands.h"
-#include "wizard/params/parameter_access.h"
+#include "wizard/motor/make_safe.h"
+#include "wizard/motor/motor_run.h"
 #include "wizard/platform/control_text.h"
-#include "wizard/platform/resources.h"
 #include "wizard/resources/control_ids.h"
-#include "wizard/shell/sheet_wizard.h"
 #include "wizard/shell/step_states.h"
 
 #include <QProgressBar>
@@ -21,89 +16,83 @@
 namespace krt550 {
 namespace {
 
+constexpr int kSettleMs = 200;
 constexpr int kCycleMs = 50;
 /// The drive gets one cycle more than this.
 constexpr int kCycles = 5000;
 
 } // namespace
 
-bool CAutotuningPage::RunAutotuning(bool& aborted) {
-    m_abort = false;
-    m_reads.Clear();
-    if (!GetDrive())
-        return false;
+Ending CAutotuningPage::RunAutotuning(CMotorRun& run) {
     EnableNavigation(false);
     const auto enableAgain = qScopeGuard([this] { EnableNavigation(true); });
     if (!m_serviceMode)
-        return false;
-    if (!IsStartPermitted(*GetDrive())) {
-        ShowStartDenied();
-        aborted = true;
-        return true;
+        return Ending::Failed;
+    if (!AskPermission(run))
+        return Ending::Aborted;
+    if (!run.Start(m_definition.variant.mode, kSettleMs)) {
+        run.MakeSafe(ServiceModeEnd::First);
+        return FailedOrAborted(run);
     }
-    if (!StartInServiceMode(*GetDrive(), *m_serviceMode, m_definition.variant.mode))
-        return false;
     ShowProgress(0);
-    const bool finished = FollowDrive(aborted);
-    // After Cancel nothing is left to stop: CancelPage has done it.
-    return aborted || CloseRun(finished);
+    return CloseRun(run, FollowDrive(run));
 }
 
-bool CAutotuningPage::FollowDrive(bool& aborted) {
-    for (int cyclesLeft = kCycles;; --cyclesLeft) {
-        PumpMessages(this);
-        if (m_abort) {
-            m_abort = false;
-            aborted = true;
-            return true;
-        }
-        if (cyclesLeft < 0 || !ReadProgress())
-            return false;
-        CClock::Current().Sleep(kCycleMs);
+CAutotuningPage::Follow CAutotuningPage::FollowDrive(CMotorRun& run) {
+    for (int cycle = 0;; ++cycle) {
+        if (!run.Wait(0))
+            return Follow::NotWanted;
+        if (cycle > kCycles)
+            return Follow::TimedOut;
+        if (!ReadProgress(run))
+            return Follow::NoAnswer;
+        if (!run.Wait(kCycleMs))
+            return Follow::NotWanted;
         if (m_serviceMode->GetValue() == 0)
-            return true;
+            return Follow::Finished;
     }
 }
 
-bool CAutotuningPage::CloseRun(bool result) {
+Ending CAutotuningPage::CloseRun(CMotorRun& run, Follow follow) {
+    // Whoever did not want it any more has gone the way out already.
+    if (follow == Follow::NotWanted)
+        return Ending::Aborted;
     const AutotuningVariant& variant = m_definition.variant;
-    const bool finished = result;
-    if (variant.readsOnceMore)
-        result = ReadProgress() && result;
-    if (variant.judgesFirst && result)
-        result = JudgeRun();
-    StopDrive();
-    m_reads.ShowFailures();
-    const bool hasResults = variant.judgesFirst ? finished : result;
-    if (!variant.judgesFirst && result)
-        result = JudgeRun();
-    m_reads.ShowFailures();
+    const bool finished = follow == Follow::Finished;
+    bool good = finished;
+    // A link that does not answer is not asked once more before the stop.
+    if (variant.readsOnceMore && follow != Follow::NoAnswer)
+        good = ReadProgress(run) && good;
+    if (variant.judgesFirst && good)
+        good = JudgeRun(run);
+    run.MakeSafe(finished ? ServiceModeEnd::Over : ServiceModeEnd::First);
+    const bool hasResults = variant.judgesFirst ? finished : good;
+    if (!variant.judgesFirst && good)
+        good = JudgeRun(run);
+    run.MakeSafe(ServiceModeEnd::Over); // nothing is left to stop: what could not be read is told
+    if (!run.IsWanted())
+        return Ending::Aborted;
     if (hasResults)
         RereadResults();
-    return result;
+    return good ? Ending::Succeeded : Ending::Failed;
 }
 
-bool CAutotuningPage::ReadProgress() {
-    const bool modeRead = m_reads.Read(m_serviceMode);
+bool CAutotuningPage::ReadProgress(CMotorRun& run) {
+    const bool modeRead = run.Read(m_serviceMode);
     if (!m_definition.variant.showsProgress)
         return modeRead;
-    const bool progressRead = m_reads.Read(m_progress);
+    const bool progressRead = run.Read(m_progress);
     if (modeRead && progressRead)
         ShowProgress(m_progress->GetValue());
     return modeRead && progressRead;
 }
 
-bool CAutotuningPage::JudgeRun() {
-    if (!m_reads.Read(m_diagnosis) || m_diagnosis->GetValue() != 0)
+bool CAutotuningPage::JudgeRun(CMotorRun& run) {
+    if (!run.Read(m_diagnosis) || m_diagnosis->GetValue() != 0)
         return false;
     SetStepState(m_definition.variant.step, StepState::Done);
     UpdateStepIcons();
     return true;
-}
-
-void CAutotuningPage::StopDrive() {
-    StopAndOpenContactor(GetDrive());
-    GiveBackLocalControl(*GetDrive());
 }
 
 void CAutotuningPage::EnableNavigation(bool enable) {

@@ -12,6 +12,9 @@
 #include "wizard/shell/wizard_tab_sheet.h"
 #include "wizard/texts/wizard_text_store.h"
 
+#include <cstdlib>
+#include <limits>
+
 namespace krt550 {
 namespace {
 
@@ -83,7 +86,8 @@ void CPageAutotuningSpeedController::SetUpSlider() {
         slider->setRange(response.minimum, response.maximum);
         m_sliderStep = response.step > 0 ? response.step : kDefaultSliderStep;
     }
-    slider->SetMark(std::abs(slider->minimum() - slider->maximum() / 2));
+    const qint64 mark = std::abs(qint64{slider->minimum()} - slider->maximum() / 2);
+    slider->SetMark(static_cast<int>(std::min<qint64>(mark, std::numeric_limits<int>::max())));
     slider->setValue(slider->maximum());
 }
 

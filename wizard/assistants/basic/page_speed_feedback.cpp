@@ -3,17 +3,16 @@
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter.h"
 #include "hostlib/tolvbo32/parameter_group.h"
-#include "wizard/assistants/basic/service_procedure.h"
+#include "wizard/motor/make_safe.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/parameter_rows.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/resources.h"
 #include "wizard/resources/control_ids.h"
+#include "wizard/shell/sheet_wizard.h"
 #include "wizard/shell/step_states.h"
 #include "wizard/shell/wizard_tab_sheet.h"
 #include "wizard/texts/wizard_text_store.h"
-
-#include <QScopedValueRollback>
 
 namespace krt550 {
 namespace {
@@ -44,7 +43,6 @@ bool CPageSpeedFeedback::BindRows(CParameterGroup* root, QString& errors) {
         int label; ///< 0: shown only when it is the chosen feedback's
     } displays[] = {
         {m_reference, 218, kIdShownReference}, {m_emf, 102, kIdShownEmf}, {m_encoder, 103, 0}, {m_tacho, 105, 0}};
-    m_reads.Clear();
     m_readsFailed = false;
     bool bound = true;
     for (const auto& display : displays) {
@@ -68,12 +66,12 @@ bool CPageSpeedFeedback::WriteRows() {
 
 bool CPageSpeedFeedback::LeavePage() {
     CRowPage::LeavePage();
-    m_auto.EndTest();
     m_auto.FinishFineTuning();
     return true;
 }
 
 bool CPageSpeedFeedback::CancelPage() {
+    m_manual.GiveUpControl();
     m_auto.Cancel();
     return true;
 }
@@ -81,8 +79,8 @@ bool CPageSpeedFeedback::CancelPage() {
 /// What every way off the page does first.
 void CPageSpeedFeedback::EndRun() {
     m_auto.FinishFineTuning();
-    if (CHostDrive* drive = GetDrive())
-        StopAndGiveBack(*drive);
+    m_manual.GiveUpControl();
+    MakeSafe(GetDrive(), {});
 }
 
 void CPageSpeedFeedback::OnButtonNext() {
@@ -95,18 +93,9 @@ void CPageSpeedFeedback::OnButtonBack() {
     CRowPage::OnButtonBack();
 }
 
-// The wait for the motor's standstill drains the queue: a second Cancel has nothing to add.
 void CPageSpeedFeedback::OnButtonCancel() {
-    if (m_cancelling)
-        return;
-    const QScopedValueRollback<bool> cancelling(m_cancelling, true);
-    EndRun();
-    CRowPage::OnButtonCancel();
-}
-
-// The window is gone already: the motor is stopped, and no box is shown for it.
-void CPageSpeedFeedback::OnDestroy() {
-    m_auto.ForgetFineTuning();
+    if (!GetSheet() || !GetSheet()->IsClosing()) // with the window gone there is nobody to tell
+        m_auto.FinishFineTuning();
     CRowPage::OnButtonCancel();
 }
 
@@ -124,25 +113,24 @@ void CPageSpeedFeedback::PostRefreshDisplays(quint16 feedback) {
 }
 
 void CPageSpeedFeedback::RefreshDisplays() {
-    if (m_readsFailed)
+    if (IsMotorStopping() || (m_readsFailed && !m_auto.IsRunning()))
         return;
     ShowSpeed(m_reference, kIdShownReference);
     ShowSpeed(m_emf, kIdShownEmf);
     ShowSpeedOf(m_feedback);
-    if (!m_auto.IsRunning())
-        ShowReadFailures();
-}
-
-void CPageSpeedFeedback::ShowReadFailures() {
-    if (!m_reads.HasFailures())
-        return;
-    m_readsFailed = true;
-    m_reads.ShowFailures();
 }
 
 void CPageSpeedFeedback::ShowSpeed(CParameter* parameter, int label) {
-    if (m_reads.Read(parameter))
+    if (!parameter)
+        return;
+    if (parameter->ReadFromDrive())
         ShowDisplayRow(parameter, GetDlgItem(label), GetDlgItem(label + kShownValue), GetDlgItem(label + kShownUnit));
+    else if (!std::exchange(m_readsFailed, true))
+        ShowLastError(parameter);
+}
+
+void CPageSpeedFeedback::ShowNotice(const QString& text) {
+    SetControlText(GetDlgItem(kIdNotice), text);
 }
 
 void CPageSpeedFeedback::ShowSpeedOf(quint16 feedback) {

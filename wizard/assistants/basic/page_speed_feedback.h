@@ -1,5 +1,6 @@
 #pragma once
 
+#include "wizard/assistants/basic/speed_feedback_owner.h"
 #include "wizard/assistants/basic/tab_page_auto.h"
 #include "wizard/assistants/basic/tab_page_tacho_manual.h"
 #include "wizard/shell/row_page.h"
@@ -7,7 +8,7 @@
 namespace krt550 {
 
 /// Step 5: which speed feedback is there, and the fine tuning of a tacho. Two tabs, and below them the speeds.
-class CPageSpeedFeedback : public CRowPage {
+class CPageSpeedFeedback : public CRowPage, private CSpeedFeedbackOwner {
     Q_OBJECT
 
 public:
@@ -15,19 +16,6 @@ public:
 
     bool CancelPage() override;
     bool LeavePage() override;
-
-    // For the tabs.
-    CHostDrive* GetHostDrive() const { return GetDrive(); }
-    /// Has the speeds read and shown as soon as the message queue is drained; asked for again before that, once. The
-    /// third one is that of `feedback`, a value of 50.03.
-    void PostRefreshDisplays(quint16 feedback);
-    /// Tells which of the speeds could not be read, each once until the page is entered again: not for a run, which calls
-    /// it when the motor stands.
-    void ShowReadFailures();
-    /// Step 5 is done.
-    void MarkDone();
-    /// Back and Next, while the drive looks for its feedback.
-    void EnableNavigation(bool enable);
 
 protected:
     bool BindRows(CParameterGroup* root, QString& errors) override;
@@ -38,9 +26,15 @@ protected:
     void OnButtonNext() override;
     void OnButtonBack() override;
     void OnButtonCancel() override;
-    void OnDestroy() override;
 
 private:
+    CHostDrive* GetHostDrive() const override { return GetDrive(); }
+    int GetStep() const override { return GetStepNumber(); }
+    void PostRefreshDisplays(quint16 feedback) override;
+    void ShowNotice(const QString& text) override;
+    void MarkDone() override;
+    void EnableNavigation(bool enable) override;
+
     void EndRun();
     void RefreshDisplays();
     void ShowSpeed(CParameter* parameter, int label);
@@ -53,10 +47,8 @@ private:
     CParameter* m_encoder = nullptr;   ///< 1.03
     CParameter* m_tacho = nullptr;     ///< 1.05
     quint16 m_feedback = 0;            ///< whose speed is the third one
-    CQuietReads m_reads;
-    bool m_readsFailed = false; ///< and has been told
+    bool m_readsFailed = false; ///< and that was told, once until the page is entered again
     bool m_refreshPosted = false;
-    bool m_cancelling = false;
 };
 
 } // namespace krt550

@@ -1,12 +1,11 @@
 // The speed feedback test and the fine tuning of a tacho. The order of drive calls is what keeps people safe: the tests
 // assert all of it.
-#include "wizard/assistants/basic/page_speed_feedback.h"
+#include "wizard/assistants/basic/speed_feedback_owner.h"
 #include "wizard/assistants/basic/tab_page_auto.h"
 
-#include "hostlib/host_drive.h"
-#include "hostlib/tolvbo32/clock.h"
 #include "hostlib/tolvbo32/parameter.h"
-#include "wizard/params/drive_commands.h"
+#include "wizard/motor/make_safe.h"
+#include "wizard/motor/motor_run.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
@@ -15,13 +14,13 @@
 
 #include <QComboBox>
 #include <QScopeGuard>
-#include <QScopedValueRollback>
 
 namespace krt550 {
 namespace {
 
 constexpr quint16 kTestMode = 5;
 constexpr quint16 kTachoMode = 14;
+constexpr int kSettleMs = 200;
 constexpr int kCycleMs = 50;
 constexpr int kTachoSettleMs = 1000;
 /// The drive gets one cycle more than this.
@@ -59,187 +58,139 @@ bool Ask(const QString& text) {
 
 } // namespace
 
-bool CTabPageAuto::RunTest(bool& aborted) {
-    m_timedOut = false;
-    m_reads.Clear();
-    CHostDrive* drive = m_page.GetHostDrive();
-    if (!drive || !m_serviceMode)
-        return false;
+Ending CTabPageAuto::RunTest(CMotorRun& run) {
+    if (!m_serviceMode)
+        return Ending::Failed;
     m_page.EnableNavigation(false);
-    const auto enableAgain = qScopeGuard([this] {
-        m_page.EnableNavigation(true);
-        if (!m_fineTuning)
-            m_testing = false;
-    });
-    if (!IsStartPermitted(*drive)) {
-        ShowStartDenied();
-        aborted = true;
-        return true;
+    const auto enableAgain = qScopeGuard([this] { m_page.EnableNavigation(true); });
+    if (!AskPermission(run))
+        return Ending::Aborted;
+    if (!run.Start(kTestMode, kSettleMs)) {
+        run.MakeSafe(ServiceModeEnd::First);
+        return FailedOrAborted(run);
     }
-    if (!StartInServiceMode(*drive, *m_serviceMode, kTestMode))
-        return false;
-    m_testing = true;
+    m_phase = Phase::Testing;
     StartTimer();
     m_page.PostRefreshDisplays(GetFeedback());
-    const bool result = FindFeedback(aborted);
-    // After Cancel nothing is left to stop: it has stopped the motor itself, and nobody wants to hear of the rest.
-    aborted = aborted || m_abort;
-    return aborted || result;
+    const Follow follow = FollowProgress(run, [](int progress) { return progress > kFound; });
+    // Whoever did not want it any more has gone the way out already.
+    return follow == Follow::NotWanted ? Ending::Aborted : JudgeTest(run, follow);
 }
 
-bool CTabPageAuto::FindFeedback(bool& aborted) {
-    const Ending ending = FollowProgress([](int progress) { return progress > kFound; });
-    if (ending == Ending::Aborted) {
-        aborted = true;
-        return true;
-    }
-    if (m_progress)
-        ShowProgress(m_progress->GetValue());
-    return JudgeTest(ending == Ending::Reached, aborted);
-}
-
-template <class IsOver> CTabPageAuto::Ending CTabPageAuto::FollowProgress(const IsOver& isOver) {
-    for (int cyclesLeft = kCycles;; --cyclesLeft) {
-        PumpMessages(this);
-        if (m_abort)
-            return Ending::Aborted;
-        if (cyclesLeft < 0) {
-            m_timedOut = true;
-            return Ending::Failed;
-        }
-        if (!m_reads.Read(m_progress))
-            return Ending::Failed;
+template <class IsOver> CTabPageAuto::Follow CTabPageAuto::FollowProgress(CMotorRun& run, const IsOver& isOver) {
+    for (int cycle = 0;; ++cycle) {
+        if (!run.Wait(0))
+            return Follow::NotWanted;
+        if (cycle > kCycles)
+            return Follow::TimedOut;
+        if (!run.Read(m_progress))
+            return Follow::NoAnswer;
         const int progress = m_progress->GetValue();
         ShowProgress(progress);
-        CClock::Current().Sleep(kCycleMs);
+        if (!run.Wait(kCycleMs))
+            return Follow::NotWanted;
         m_page.PostRefreshDisplays(GetFeedback());
         if (isOver(progress))
-            return Ending::Reached;
+            return Follow::Reached;
     }
+}
+
+void CTabPageAuto::StopFailedRun(CMotorRun& run, Follow follow) {
+    run.MakeSafe(ServiceModeEnd::First);
+    if (follow != Follow::TimedOut || !run.IsWanted())
+        return;
+    QString text = LoadText(kTimedOut);
+    ShowMessageBox(text.replace(QLatin1String("REPLACE"), QString::number(m_progress->GetValue())), MessageIcon::None);
 }
 
 /// The drive has adapted 50.03 and left its opinion in 9.11.
-bool CTabPageAuto::JudgeTest(bool result, bool& aborted) {
+Ending CTabPageAuto::JudgeTest(CMotorRun& run, Follow follow) {
+    const bool good = follow == Follow::Reached;
+    if (!good)
+        StopFailedRun(run, follow);
     CParameter* feedback = GetRows().GetParameter(kFeedbackRow);
-    const bool feedbackRead = m_reads.Read(feedback);
-    const bool diagnosisRead = m_reads.Read(m_diagnosis);
+    const bool feedbackRead = run.Read(feedback);
+    const bool diagnosisRead = run.Read(m_diagnosis);
     if (!feedbackRead || !diagnosisRead || m_diagnosis->GetValue() != 0) {
-        StopAndRelease();
-        aborted = m_abort;
-        ShowTroubles();
-        return false;
+        run.MakeSafe(ServiceModeEnd::IfLeft);
+        return FailedOrAborted(run);
     }
     SelectChoice(qobject_cast<QComboBox*>(GetRows().GetValueControl(kFeedbackRow)), FormatValueText(feedback));
     const quint16 found = feedback->GetValue();
     if (found == kTacho)
-        return OfferFineTuning(result, aborted);
-    return ShowFeedbackFound(found == kEncoder ? kEncoderFound : kEmfFound, result, aborted);
+        return OfferFineTuning(run, good);
+    return ShowFeedbackFound(run, found == kEncoder ? kEncoderFound : kEmfFound, good);
 }
 
-bool CTabPageAuto::ShowFeedbackFound(int text, bool result, bool& aborted) {
-    StopAndRelease();
-    ShowTroubles();
-    if (!m_abort)
+Ending CTabPageAuto::ShowFeedbackFound(CMotorRun& run, int text, bool good) {
+    run.MakeSafe(ServiceModeEnd::IfLeft);
+    if (run.IsWanted())
         ShowMessageBox(LoadText(kAdaptedTo) + LoadText(text), MessageIcon::Exclamation);
-    aborted = m_abort;
-    if (aborted)
-        return true;
+    if (!run.IsWanted())
+        return Ending::Aborted;
     EnableRowsFor(text == kEncoderFound ? kEncoder : kEmf);
     if (text == kEncoderFound)
-        result = GetRows().Reread(kPulsesRow, 1) && result;
-    return CloseTest(result);
+        good = GetRows().Reread(kPulsesRow, 1) && good;
+    return CloseTest(good);
 }
 
-bool CTabPageAuto::OfferFineTuning(bool result, bool& aborted) {
+Ending CTabPageAuto::OfferFineTuning(CMotorRun& run, bool good) {
     EnableRowsFor(kTacho);
-    StopDrive(); // local control stays for the fine tuning
-    ShowTroubles();
-    const bool wanted =
-        !m_abort && Ask(LoadText(kAdaptedTo) + LoadText(kTachoFound) + LoadText(kOfferTuning)) && !m_abort;
-    if (wanted)
-        m_fineTuning = Ask(LoadText(kInstructions)) && !m_abort;
-    if (m_fineTuning)
-        result = RunFineTuning(result, aborted);
-    aborted = aborted || m_abort;
-    return aborted || CloseTest(result);
+    run.MakeSafe(ServiceModeEnd::IfLeft, true); // local control stays for the fine tuning
+    m_phase = Phase::Asking;
+    const bool wanted = run.IsWanted() && Ask(LoadText(kAdaptedTo) + LoadText(kTachoFound) + LoadText(kOfferTuning)) &&
+                        run.IsWanted() && Ask(LoadText(kInstructions));
+    if (wanted && run.IsWanted())
+        return RunFineTuning(run, good);
+    run.MakeSafe(ServiceModeEnd::Over);
+    return run.IsWanted() ? CloseTest(good) : Ending::Aborted;
 }
 
-/// False when the drive refused the tacho's service mode: the motor does not start without it.
-bool CTabPageAuto::StartFineTuning() {
-    m_serviceMode->SetValue(kTachoMode, false);
+Ending CTabPageAuto::RunFineTuning(CMotorRun& run, bool good) {
     EnableControl(GetRows().GetValueControl(kFeedbackRow), false);
-    if (!WriteParameter(m_serviceMode))
-        return false;
-    CClock::Current().Sleep(kTachoSettleMs);
-    CloseContactorAndStart(m_page.GetHostDrive());
-    return true;
-}
-
-bool CTabPageAuto::RunFineTuning(bool result, bool& aborted) {
-    if (!StartFineTuning()) {
-        m_fineTuning = false;
-        return false;
+    run.TellAtOnce([this](const QString& text) { m_page.ShowNotice(text); });
+    if (!run.Start(kTachoMode, kTachoSettleMs)) {
+        run.MakeSafe(ServiceModeEnd::First);
+        return FailedOrAborted(run);
     }
+    m_phase = Phase::Tuning;
     ShowStartAs(kFinishCaption);
+    const auto startAgain = qScopeGuard([this] { ShowStartAs(kStartCaption); });
     EnableControl(GetDlgItem(kIdAutotuningStart), true);
     m_page.EnableNavigation(true);
-    const Ending ending = FollowProgress([this](int progress) { return !m_fineTuning || progress > kTuned; });
-    aborted = ending == Ending::Aborted;
-    if (!aborted)
-        ShowTroubles();
-    return result && ending == Ending::Reached;
+    const Follow follow = FollowProgress(
+        run, [this](int progress) { return m_phase != Phase::Tuning || progress > kTuned; });
+    if (follow == Follow::NotWanted)
+        return Ending::Aborted;
+    if (follow == Follow::Reached || m_phase != Phase::Tuning) {
+        FinishFineTuning(); // the drive has ended it itself, unless somebody did
+        if (!run.IsWanted())
+            return Ending::Aborted;
+        return good ? Ending::Succeeded : Ending::Failed;
+    }
+    StopFailedRun(run, follow);
+    return FailedOrAborted(run);
 }
 
-/// Fine tuning that is still on is closed by whoever finishes it.
-bool CTabPageAuto::CloseTest(bool result) {
-    if (!m_fineTuning) {
-        if (GetFeedback() == kTacho)
-            GiveBackLocalControl(*m_page.GetHostDrive());
-        m_page.MarkDone();
-    }
+Ending CTabPageAuto::CloseTest(bool good) {
+    m_page.MarkDone();
     ShowProgress(100);
-    return result;
+    return good ? Ending::Succeeded : Ending::Failed;
 }
 
 void CTabPageAuto::FinishFineTuning() {
-    if (!m_fineTuning || m_finishing)
+    if (m_phase != Phase::Tuning || !m_run)
         return;
-    const QScopedValueRollback<bool> finishing(m_finishing, true);
-    StopAndRelease();
+    m_phase = Phase::Finishing;
+    m_run->MakeSafe(ServiceModeEnd::IfLeft);
     // Cancel may have come while the motor was running down: it has the last word.
-    if (m_fineTuning) {
-        ShowProgress(100);
-        ShowMessageBox(LoadText(kTuningFinished), MessageIcon::Exclamation);
-        m_page.MarkDone();
-    }
-    ShowStartAs(kStartCaption);
-    m_fineTuning = false;
-    m_testing = false;
-}
-
-void CTabPageAuto::StopDrive() {
-    CHostDrive* drive = m_page.GetHostDrive();
-    StopAndOpenContactor(drive);
-    WaitForStatusBit(drive, this);
-}
-
-void CTabPageAuto::StopAndRelease() {
-    StopDrive();
-    if (CHostDrive* drive = m_page.GetHostDrive())
-        GiveBackLocalControl(*drive);
-}
-
-/// What went wrong on the way, now that nobody has to look after a turning motor.
-void CTabPageAuto::ShowTroubles() {
-    if (m_abort)
+    if (!m_run->IsWanted())
         return;
-    if (std::exchange(m_timedOut, false)) {
-        QString text = LoadText(kTimedOut);
-        text.replace(QLatin1String("REPLACE"), QString::number(m_progress->GetValue()));
-        ShowMessageBox(text, MessageIcon::None);
-    }
-    m_reads.ShowFailures();
-    m_page.ShowReadFailures();
+    m_page.ShowNotice({});
+    ShowProgress(100);
+    ShowMessageBox(LoadText(kTuningFinished), MessageIcon::Exclamation);
+    ShowStartAs(kStartCaption);
+    m_page.MarkDone();
 }
 
 void CTabPageAuto::EnableRowsFor(quint16 feedback) {

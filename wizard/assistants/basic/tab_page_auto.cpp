@@ -3,10 +3,11 @@
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter.h"
 #include "hostlib/tolvbo32/parameter_group.h"
-#include "wizard/assistants/basic/page_speed_feedback.h"
+#include "wizard/assistants/basic/speed_feedback_owner.h"
 #include "wizard/diagnosis/fault_record.h"
+#include "wizard/motor/make_safe.h"
+#include "wizard/motor/motor_run.h"
 #include "wizard/params/cyclic_update.h"
-#include "wizard/params/drive_commands.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
@@ -27,15 +28,15 @@ constexpr int kConfirmation = 370;
 
 } // namespace
 
-CTabPageAuto::CTabPageAuto(CPageSpeedFeedback& page) : CRowTabPage(kSpeedFeedbackAutoRows), m_page(page) {
+CTabPageAuto::CTabPageAuto(CSpeedFeedbackOwner& page) : CRowTabPage(kSpeedFeedbackAutoRows), m_page(page) {
     Handle(kIdAutotuningStart, ControlEvent::Clicked, [this] { OnButtonStart(); });
     Handle(kIdAutotuningDiagnosis, ControlEvent::Clicked,
            [this] { ShowDiagnosis(m_page.GetHostDrive(), MessageIcon::None); });
 }
 
 bool CTabPageAuto::LoadParameters() {
-    if (CHostDrive* drive = m_page.GetHostDrive())
-        StopAndGiveBack(*drive);
+    // Leaving the other tab gives local control back.
+    MakeSafe(m_page.GetHostDrive(), {});
     const bool bound = CRowTabPage::LoadParameters();
     if (CParameterGroup* root = GetParameterRoot()) {
         m_serviceMode = FindParameter(root, 9906);
@@ -63,7 +64,7 @@ bool CTabPageAuto::ApplyParameters() {
 
 void CTabPageAuto::EvaluateStartCondition() {
     if (CParameterGroup* root = GetParameterRoot())
-        EnableControl(GetDlgItem(kIdAutotuningStart), StartConditionHolds(m_page.GetStepNumber(), root));
+        EnableControl(GetDlgItem(kIdAutotuningStart), StartConditionHolds(m_page.GetStep(), root));
 }
 
 quint16 CTabPageAuto::GetFeedback() const {
@@ -80,18 +81,20 @@ bool CTabPageAuto::OnKillActive() {
 
 void CTabPageAuto::StartTimer() {
     StopParameterUpdate(*this, m_updateTimer);
-    m_updateTimer = StartParameterUpdate(*this, m_page.GetStepNumber());
+    m_updateTimer = StartParameterUpdate(*this, m_page.GetStep());
 }
 
 void CTabPageAuto::OnTimer(int id) {
-    if (id != m_page.GetStepNumber()) {
+    if (id != m_page.GetStep()) {
         CRowTabPage::OnTimer(id);
         return;
     }
+    if (IsMotorStopping()) // the link is the stop's alone
+        return;
     UpdateParameters(*this, m_updateTimer);
     if (m_updateTimer != 0)
         m_page.PostRefreshDisplays(GetFeedback());
-    if (m_testing && !m_looking)
+    if ((m_phase == Phase::Testing || m_phase == Phase::Tuning) && !m_looking)
         LookForFaults();
 }
 
@@ -99,53 +102,45 @@ void CTabPageAuto::OnTimer(int id) {
 void CTabPageAuto::LookForFaults() {
     const QScopedValueRollback<bool> looking(m_looking, true);
     CHostDrive* drive = m_page.GetHostDrive();
-    if (drive && drive->CheckDiagnosisCondition() && m_reads.Read(m_diagnosis) && m_diagnosis->GetValue() != 0)
+    if (drive && drive->CheckDiagnosisCondition() && m_run && m_run->Read(m_diagnosis) && m_diagnosis->GetValue() != 0)
         ReadFaultAfterRun(drive, GetDlgItem(kIdAutotuningDiagnosis));
 }
 
 void CTabPageAuto::OnButtonStart() {
-    if (m_fineTuning) {
+    if (m_phase == Phase::Tuning)
         FinishFineTuning();
+    if (m_phase != Phase::Idle || IsMotorUnderControl() || !m_page.GetHostDrive())
         return;
-    }
-    if (m_running)
-        return;
+    // Before the question: whoever leaves the page behind it does not want the run.
+    CMotorRun run(*m_page.GetHostDrive(), m_serviceMode);
+    const QScopedValueRollback<CMotorRun*> current(m_run, &run);
+    const QScopedValueRollback<Phase> phase(m_phase, Phase::Asking);
     ShowProgress(0);
-    const QScopedValueRollback<bool> running(m_running, true);
-    m_abort = false;
+    m_page.ShowNotice({});
     if (!ShowMessageBox(LoadText(kConfirmation), MessageIcon::Exclamation, MessageButtons::OkCancel)) {
-        EndServiceMode(m_serviceMode);
+        if (m_serviceMode && m_serviceMode->SetValue(0, false))
+            WriteParameter(m_serviceMode);
         return;
     }
     EnableControl(GetDlgItem(kIdAutotuningStart), false);
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
-    bool aborted = false;
-    const bool success = RunTest(aborted);
+    const Ending ending = RunTest(run);
+    run.MakeSafe(ServiceModeEnd::First); // does nothing unless the run was left in the middle
     // The timer may have enabled it on the way.
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
-    if (!success && !aborted) {
+    if (ending == Ending::Failed) {
         ShowRunFailure(GetParameterRoot());
         ReadFaultAfterRun(m_page.GetHostDrive(), GetDlgItem(kIdAutotuningDiagnosis));
     }
-    if (!m_abort) {
-        m_page.ShowReadFailures();
+    if (run.IsWanted())
         m_page.PostRefreshDisplays(GetFeedback());
-    }
     EnableControl(GetDlgItem(kIdAutotuningStart), true);
     ShowProgress(0);
 }
 
 void CTabPageAuto::Cancel() {
-    m_abort = true;
-    m_testing = false;
-    m_fineTuning = false;
-    CHostDrive* drive = m_page.GetHostDrive();
-    if (!drive)
-        return;
-    EndServiceMode(m_serviceMode);
-    drive->RefreshState();
-    if (drive->IsLocalControlActive())
-        StopAndRelease();
+    AbortMotorRun();
+    MakeSafe(m_page.GetHostDrive(), {.serviceMode = m_serviceMode});
 }
 
 void CTabPageAuto::ShowProgress(int percent) {

@@ -5,32 +5,27 @@
 
 namespace krt550 {
 
-class CPageSpeedFeedback;
+class CMotorRun;
+class CSpeedFeedbackOwner;
 
 /// Tab "Auto" of step 5: the drive finds out which speed feedback is there while the motor turns; a tacho may then be
-/// fine tuned, with the motor turning on its tacho until somebody ends that.
+/// fine tuned, with the motor turning on its tacho until somebody finishes that.
 ///
-/// The test runs inside the Start button's handler. It ends with the motor stopped and local control given back, unless
-/// fine tuning goes on; that may outlive the handler, and ends by Finish, by leaving the page or by Cancel.
+/// All of it runs inside the Start button's handler, which ends with the motor stopped and local control given back.
 class CTabPageAuto : public CRowTabPage {
     Q_OBJECT
 
 public:
-    explicit CTabPageAuto(CPageSpeedFeedback& page);
+    explicit CTabPageAuto(CSpeedFeedbackOwner& page);
 
     bool LoadParameters() override;
     bool ApplyParameters() override;
 
     /// Value of 50.03 as it was read last; one that is no feedback when the drive has no such parameter.
     quint16 GetFeedback() const;
-    /// The page is left: the timer does not look for faults any more.
-    void EndTest() { m_testing = false; }
-    /// The test is on, or fine tuning.
-    bool IsRunning() const { return m_running || m_fineTuning; }
+    bool IsRunning() const { return m_phase != Phase::Idle; }
     /// Stops the motor and says that fine tuning is over. Does nothing without fine tuning.
     void FinishFineTuning();
-    /// Fine tuning is over, without a word.
-    void ForgetFineTuning() { m_fineTuning = false; }
     /// Aborts whatever runs and leaves the drive safe.
     void Cancel();
 
@@ -47,38 +42,37 @@ private:
     void LookForFaults();
 
     // speed_feedback_run.cpp
-    enum class Ending { Reached, Failed, Aborted };
+    enum class Phase {
+        Idle,
+        Asking,    ///< whether the motor may run, or whether the tacho is to be tuned
+        Testing,   ///< the drive looks for its feedback
+        Tuning,    ///< the motor turns until somebody finishes it
+        Finishing, ///< and runs down
+    };
+    enum class Follow { Reached, TimedOut, NoAnswer, NotWanted };
 
-    bool RunTest(bool& aborted);
-    bool FindFeedback(bool& aborted);
+    Ending RunTest(CMotorRun& run);
     /// Follows the progress until `isOver` says so of its value.
-    template <class IsOver> Ending FollowProgress(const IsOver& isOver);
-    bool JudgeTest(bool result, bool& aborted);
-    bool ShowFeedbackFound(int text, bool result, bool& aborted);
-    bool OfferFineTuning(bool result, bool& aborted);
-    bool StartFineTuning();
-    bool RunFineTuning(bool result, bool& aborted);
-    bool CloseTest(bool result);
-    void StopDrive();
-    void StopAndRelease();
-    void ShowTroubles();
+    template <class IsOver> Follow FollowProgress(CMotorRun& run, const IsOver& isOver);
+    Ending JudgeTest(CMotorRun& run, Follow follow);
+    Ending ShowFeedbackFound(CMotorRun& run, int text, bool good);
+    Ending OfferFineTuning(CMotorRun& run, bool good);
+    Ending RunFineTuning(CMotorRun& run, bool good);
+    Ending CloseTest(bool good);
+    /// A run that ended badly: stops, then tells.
+    void StopFailedRun(CMotorRun& run, Follow follow);
     void EnableRowsFor(quint16 feedback);
     void ShowStartAs(int text);
     void ShowProgress(int percent);
 
-    CPageSpeedFeedback& m_page;
+    CSpeedFeedbackOwner& m_page;
     CParameter* m_serviceMode = nullptr; ///< 99.06
     CParameter* m_progress = nullptr;    ///< 4.24
     CParameter* m_diagnosis = nullptr;   ///< 9.11
     int m_updateTimer = 0;
-    bool m_abort = false;
-    bool m_running = false; ///< the Start button's handler is on the stack
-    bool m_testing = false; ///< the timer looks for faults
-    bool m_fineTuning = false;
-    bool m_finishing = false;
+    Phase m_phase = Phase::Idle;
+    CMotorRun* m_run = nullptr; ///< the one on the stack of the Start button's handler
     bool m_looking = false;
-    bool m_timedOut = false;
-    CQuietReads m_reads;
 };
 
 } // namespace krt550

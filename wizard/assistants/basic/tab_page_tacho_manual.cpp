@@ -3,8 +3,9 @@
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter.h"
 #include "hostlib/tolvbo32/parameter_group.h"
-#include "wizard/assistants/basic/page_speed_feedback.h"
-#include "wizard/assistants/basic/service_procedure.h"
+#include "wizard/assistants/basic/speed_feedback_owner.h"
+#include "wizard/motor/make_safe.h"
+#include "wizard/motor/motor_run.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/parameter_rows.h"
@@ -40,23 +41,30 @@ constexpr ImageButton kImageButtons[] = {
     {kIdStepUp, 10074, 55},         {kIdStepDown, 10075, 56},
 };
 
-constexpr std::pair<int, bool (CHostDrive::*)()> kCommands[] = {
-    {kIdStartMotor, &CHostDrive::StartMotor},
-    {kIdStopMotor, &CHostDrive::StopMotor},
-    {kIdCloseContactor, &CHostDrive::CloseContactor},
-    {kIdOpenContactor, &CHostDrive::OpenContactor},
-};
+/// Enabled exactly while local control is held.
+constexpr int kDriveButtons[] = {kIdStartMotor, kIdStopMotor, kIdCloseContactor, kIdOpenContactor};
+
+// Strings.
+constexpr int kControlLost = 2006;
+constexpr int kReferenceRefused = 2007;
+constexpr int kContactorRefused = 2008;
+constexpr int kStartRefused = 2009;
+constexpr int kControlRefused = 2010;
 
 } // namespace
 
-CTabPageTachoManual::CTabPageTachoManual(CPageSpeedFeedback& page) : CRowTabPage(kTachoManualRows), m_page(page) {
-    for (const auto& [id, command] : kCommands)
-        Handle(id, ControlEvent::Clicked, [this, command = command] { Command(command); });
+CTabPageTachoManual::CTabPageTachoManual(CSpeedFeedbackOwner& page) : CRowTabPage(kTachoManualRows), m_page(page) {
+    Handle(kIdStartMotor, ControlEvent::Clicked, [this] { StartMotor(); });
+    Handle(kIdStopMotor, ControlEvent::Clicked, [this] { StopMotor(); });
+    Handle(kIdCloseContactor, ControlEvent::Clicked, [this] { CloseContactor(); });
+    Handle(kIdOpenContactor, ControlEvent::Clicked, [this] { OpenContactor(); });
     Handle(kIdLocalOrRemote, ControlEvent::Clicked, [this] { ToggleLocalControl(); });
     Handle(kIdSetNewReference, ControlEvent::Clicked, [this] { SendReference(); });
     Handle(kIdStepUp, ControlEvent::Clicked, [this] { StepAdjustment(true); });
     Handle(kIdStepDown, ControlEvent::Clicked, [this] { StepAdjustment(false); });
 }
+
+CTabPageTachoManual::~CTabPageTachoManual() = default;
 
 QWidget* CTabPageTachoManual::CreateControl(const ControlLayout& control) {
     return control.kind == ControlKind::Custom ? new CStripBitmapButton(this) : nullptr;
@@ -70,7 +78,7 @@ bool CTabPageTachoManual::LoadParameters() {
         return bound;
     m_page.PostRefreshDisplays(kTachoFeedback);
     StopParameterUpdate(*this, m_updateTimer);
-    m_updateTimer = StartParameterUpdate(*this, m_page.GetStepNumber());
+    m_updateTimer = StartParameterUpdate(*this, m_page.GetStep());
     return bound;
 }
 
@@ -89,11 +97,19 @@ bool CTabPageTachoManual::ApplyParameters() {
 }
 
 bool CTabPageTachoManual::OnKillActive() {
+    if (IsMotorStopping())
+        return false;
+    GiveUpControl();
+    if (IsMotorUnderControl())
+        return false;
     StopParameterUpdate(*this, m_updateTimer);
     return CRowTabPage::OnKillActive();
 }
 
 void CTabPageTachoManual::OnTimer(int id) {
+    if (IsMotorStopping())
+        return;
+    LookAfterControl();
     m_page.PostRefreshDisplays(kTachoFeedback);
     CParameter* range = GetRows().GetParameter(kRangeRow);
     if (range && range->ReadFromDrive())
@@ -107,40 +123,99 @@ void CTabPageTachoManual::ShowDriveState() {
     if (!drive)
         return;
     drive->RefreshState();
-    EnableDriveButtons(drive->IsLocalControlActive());
+    EnableDriveButtons(m_run && drive->IsLocalControlActive());
     SetControlText(GetDlgItem(kIdReference), drive->GetReference());
 }
 
 void CTabPageTachoManual::EnableDriveButtons(bool enable) {
-    for (const auto& command : kCommands)
-        EnableControl(GetDlgItem(command.first), enable);
-    if (auto* button = GetControl<CStripBitmapButton>(kIdLocalOrRemote))
-        button->SetLatched(enable);
+    for (const int button : kDriveButtons)
+        EnableControl(GetDlgItem(button), enable);
+    SetTick(GetControl<QAbstractButton>(kIdLocalOrRemote), enable);
 }
 
-void CTabPageTachoManual::Command(bool (CHostDrive::*command)()) {
-    if (CHostDrive* drive = m_page.GetHostDrive())
-        (drive->*command)();
+void CTabPageTachoManual::Refused(int text, const QString& what) {
+    m_page.ShowNotice(LoadText(text).replace(QLatin1String("REPLACE"), what));
+}
+
+void CTabPageTachoManual::CloseContactor() {
+    m_page.ShowNotice({});
+    if (m_run && !m_run->CloseContactor())
+        Refused(kContactorRefused);
+}
+
+void CTabPageTachoManual::StartMotor() {
+    m_page.ShowNotice({});
+    if (m_run && !m_run->StartMotor())
+        Refused(kStartRefused);
+}
+
+// A stop that is refused takes the way out, which repeats it.
+void CTabPageTachoManual::StopMotor() {
+    if (m_run && !m_run->StopMotor())
+        m_run->MakeSafe(ServiceModeEnd::Over, true);
+}
+
+void CTabPageTachoManual::OpenContactor() {
+    if (m_run && !m_run->OpenContactor())
+        m_run->MakeSafe(ServiceModeEnd::Over, true);
+}
+
+void CTabPageTachoManual::GiveUpControl() {
+    if (const std::unique_ptr<CMotorRun> run = std::move(m_run)) {
+        run->Abort();
+        run->MakeSafe(ServiceModeEnd::Over);
+        EnableDriveButtons(false);
+    }
 }
 
 void CTabPageTachoManual::ToggleLocalControl() {
     CHostDrive* drive = m_page.GetHostDrive();
-    if (!drive)
+    if (!drive || IsMotorStopping())
         return;
+    m_page.ShowNotice({});
     drive->RefreshState();
-    if (drive->IsLocalControlActive())
-        StopAndGiveBack(*drive);
-    else if (ShowMessageBox(LoadText(kWarning), MessageIcon::Exclamation, MessageButtons::OkCancel))
-        drive->TakeLocalControl();
+    if (m_run)
+        GiveUpControl();
+    else if (drive->IsLocalControlActive())
+        MakeSafe(drive, {});
+    else
+        TakeControl(*drive);
     drive->RefreshState();
-    EnableDriveButtons(drive->IsLocalControlActive());
-    if (drive->IsLocalControlActive())
+    const bool active = m_run && drive->IsLocalControlActive();
+    if (m_run && !active) {
+        GiveUpControl();
+        Refused(kControlRefused);
+    }
+    EnableDriveButtons(active);
+    if (active)
         SetControlText(GetDlgItem(kIdReference), drive->GetReference());
 }
 
+void CTabPageTachoManual::TakeControl(CHostDrive& drive) {
+    m_run = std::make_unique<CMotorRun>(drive, nullptr);
+    m_run->TellAtOnce([this](const QString& text) { m_page.ShowNotice(text); });
+    const bool accepted = ShowMessageBox(LoadText(kWarning), MessageIcon::Exclamation, MessageButtons::OkCancel);
+    if (accepted && m_run)
+        m_run->TakeLocalControl();
+    else
+        m_run.reset();
+}
+
+/// Another control place may have taken the drive.
+void CTabPageTachoManual::LookAfterControl() {
+    CHostDrive* drive = m_page.GetHostDrive();
+    if (!m_run || !drive || !drive->RefreshState() || drive->IsLocalControlActive())
+        return;
+    GiveUpControl();
+    Refused(kControlLost);
+}
+
 void CTabPageTachoManual::SendReference() {
-    if (CHostDrive* drive = m_page.GetHostDrive())
-        drive->SetReference(GetControlText(GetDlgItem(kIdReference)));
+    const QString reference = GetControlText(GetDlgItem(kIdReference));
+    CHostDrive* drive = m_page.GetHostDrive();
+    m_page.ShowNotice({});
+    if (drive && !(m_run ? m_run->SetReference(reference) : drive->SetReference(reference)))
+        Refused(kReferenceRefused, reference);
 }
 
 bool CTabPageTachoManual::eventFilter(QObject* watched, QEvent* event) {

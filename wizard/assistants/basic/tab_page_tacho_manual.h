@@ -2,10 +2,13 @@
 
 #include "wizard/shell/wizard_tab_page.h"
 
+#include <memory>
+
 namespace krt550 {
 
 class CHostDrive;
-class CPageSpeedFeedback;
+class CMotorRun;
+class CSpeedFeedbackOwner;
 class CStripBitmapButton;
 
 /// Tab "Tacho manual" of step 5: turns the motor by hand under local control, and adjusts the tacho in steps. Local
@@ -15,10 +18,13 @@ class CTabPageTachoManual : public CRowTabPage {
     Q_OBJECT
 
 public:
-    explicit CTabPageTachoManual(CPageSpeedFeedback& page);
+    explicit CTabPageTachoManual(CSpeedFeedbackOwner& page);
+    ~CTabPageTachoManual() override;
 
     bool LoadParameters() override;
     bool ApplyParameters() override;
+    /// Stops the motor and gives local control back, when it is held.
+    void GiveUpControl();
 
 protected:
     QWidget* CreateControl(const ControlLayout& control) override;
@@ -30,12 +36,19 @@ private:
     void LoadImageButtons();
     void ShowDriveState();
     void EnableDriveButtons(bool enable);
-    void Command(bool (CHostDrive::*command)());
+    void StartMotor();
+    void StopMotor();
+    void CloseContactor();
+    void OpenContactor();
     void ToggleLocalControl();
+    void TakeControl(CHostDrive& drive);
+    void LookAfterControl();
+    void Refused(int text, const QString& what = {});
     void SendReference();
     void StepAdjustment(bool up);
 
-    CPageSpeedFeedback& m_page;
+    CSpeedFeedbackOwner& m_page;
+    std::unique_ptr<CMotorRun> m_run; ///< while local control is held
     int m_updateTimer = 0;
 };
 

@@ -1,0 +1,110 @@
+// What the drive shows of itself, and how its words and limits come about.
+#include "drive/actual_values.h"
+#include "drive/control_word.h"
+#include "drive/registers.h"
+#include "drive/signals.h"
+#include "drive/simulated_drive.h"
+#include "drive/true_values.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <numbers>
+
+namespace krt550 {
+namespace {
+
+constexpr double kStandstillSpeed = 1; ///< below this the motor stands [rpm]
+constexpr double kDefaultBaseSpeed = 1500;
+constexpr double kRpm = 30 / std::numbers::pi; ///< per rad/s
+
+} // namespace
+
+void CSimulatedDrive::ShowState() {
+    const SwitchInputs inputs = Inputs();
+    DriveSignals state;
+    state.inputs = inputs;
+    state.state = m_logic.GetState();
+    state.statusBits = m_logic.GetStatusBits(inputs);
+    state.driving = m_logic.IsDriving();
+    state.place = m_places.GetPlace();
+    state.byLink = m_places.IsByLink(m_registers);
+    state.alarm = m_faults.HasAlarm();
+    const MotorState& motor = m_control.GetState();
+    state.fieldOn = motor.fieldReference > 0 || motor.fieldVoltage > 0;
+    state.secondBridge = motor.bridge < 0;
+    state.tuning = m_service.IsRunning();
+    state.weakening = state.driving && m_settings.weakens && motor.fluxReference < 0.995;
+    state.speed = UsedSpeed();
+    state.speedReference = state.driving ? m_references.GetOutput() : 0;
+    state.baseSpeed = BaseSpeed();
+    state.milliseconds = m_age;
+    state.starts = m_starts;
+    state.trips = m_faults.GetTripCount();
+    ShowSignals(state, m_registers);
+    m_faults.Show(m_registers);
+    ShowActualValues(motor, {m_display.GetOutput(), m_mains.GetVoltage(), m_protection.GetTemperatureRise()},
+                     m_settings, m_registers);
+    const bool closed = m_contactor.IsClosed();
+    ShowDigitalInputs(
+        {closed && !m_fans.IsConverterFanLost(), closed && !m_fans.IsMotorFanLost(), closed, !m_emergencyStop},
+        m_registers);
+    ShowDigitalOutputs(m_registers);
+    ShowLinkNodes(m_registers);
+}
+
+double CSimulatedDrive::GetSpeed() const {
+    return m_control.GetMotor().GetSpeed() * kRpm;
+}
+
+double CSimulatedDrive::UsedSpeed() const {
+    return m_control.GetState().signals.used * kRpm;
+}
+
+std::optional<double> CSimulatedDrive::GetTrueValue(quint16 reg) const {
+    constexpr quint16 kSpeeds[] = {reg::kSpeed, reg::kSpeedEmf, reg::kSpeedEncoder, reg::kSpeedTacho, reg::kHandTacho};
+    if (std::ranges::find(kSpeeds, reg) != std::end(kSpeeds))
+        return GetSpeed();
+    return TrueValue(reg, m_control.GetMotor().GetData(), m_settings.ratedFieldCurrent);
+}
+
+double CSimulatedDrive::BaseSpeed() const {
+    return std::max(1.0, m_registers.GetNumber(reg::kBaseSpeed, kDefaultBaseSpeed));
+}
+
+/// By the shaft itself, not by what a feedback makes of it: whoever asks may reach for it.
+bool CSimulatedDrive::IsStandstill() const {
+    return std::abs(GetSpeed()) < kStandstillSpeed;
+}
+
+bool CSimulatedDrive::IsEmergencyStopActive() const {
+    return m_emergencyStop && m_registers.GetWord(reg::kEmergencyStopInput, 1) != 0;
+}
+
+double CSimulatedDrive::GetSpeedReference() const {
+    if (!m_places.IsLocal() && m_commanders.WantsConstantSpeed())
+        return m_references.Limit(m_registers.GetNumber(reg::kConstantSpeed, 0));
+    const double remote = m_registers.GetNumber(reg::kRemoteReference, 0);
+    return m_references.Limit(m_places.IsLocal() ? m_places.GetLocalReference() : remote);
+}
+
+double CSimulatedDrive::RampTarget() const {
+    constexpr quint16 kNeeded = control::kOn | control::kEnableOperation | control::kEnableSetpoint;
+    const bool follows = m_logic.GetState() == DriveState::Operation && (UsedControlWord() & kNeeded) == kNeeded;
+    return follows ? GetSpeedReference() : 0;
+}
+
+quint16 CSimulatedDrive::UsedControlWord() const {
+    constexpr quint16 kCoast = 2;
+    const quint16 word = m_commanders.GetStopReason() ? control::kIdle : m_places.GetWord(m_registers);
+    if (!IsEmergencyStopActive())
+        return word;
+    const bool coasts = m_registers.GetWord(reg::kEmergencyStopMode) >= kCoast;
+    return static_cast<quint16>(word & ~(coasts ? control::kNoCoastStop : control::kNoQuickStop));
+}
+
+SwitchInputs CSimulatedDrive::Inputs() const {
+    return {UsedControlWord(), m_contactor.IsClosed(), IsStandstill(), m_faults.GetActive() != 0};
+}
+
+} // namespace krt550

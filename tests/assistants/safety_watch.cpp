@@ -1,0 +1,106 @@
+#include "tests/assistants/safety_watch.h"
+
+#include "hostlib/tolvbo32/clock.h"
+#include "wizard/motor/make_safe.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace krt550 {
+namespace {
+
+constexpr int kLooksToStand = 2;
+const QString kAlarms[] = {"The motor is running down.", "THE DRIVE DOES NOT CONFIRM THE STOP."};
+
+bool IsAlarm(const QString& text) {
+    return std::ranges::any_of(kAlarms, [&](const QString& alarm) { return text.startsWith(alarm); });
+}
+
+bool MakesMoreAlive(const QString& call) {
+    return call == "take local control" || call == "close contactor" || call == "start motor" ||
+           (call.startsWith("write 9906=") && call != "write 9906=0");
+}
+
+} // namespace
+
+WatchedDrive::WatchedDrive() {
+    onCall = [this](const QString& call) { Judge(call); };
+}
+
+void WatchedDrive::Judge(const QString& call) {
+    if (m_endAsked && MakesMoreAlive(call))
+        violations.append(call + " after the end was asked for");
+    if (call == "start motor" && !m_confirmed)
+        violations.append("started without a confirmation");
+    if (call == "start motor") // whoever has agreed to turn the motor by hand may start it again
+        m_confirmed = m_confirmed && words[9906] == 0;
+    if (call == "release local control" && m_turning)
+        violations.append("local control given back over a turning motor");
+    const bool confirms = call == "stop motor" || call == "open contactor" || call == "refresh";
+    if (IsMotorStopping() && m_turning && m_looksLeft >= 0 && !confirms)
+        violations.append(call + " while the stop waits to be confirmed");
+}
+
+void WatchedDrive::SeeBox(const QString& text) {
+    if (m_turning && !IsAlarm(text))
+        violations.append("a box over a turning motor: " + text);
+}
+
+QStringList WatchedDrive::Remains() const {
+    QStringList left;
+    if (m_turning)
+        left.append("the motor turns");
+    if (m_closed)
+        left.append("the contactor is closed");
+    if (words.at(9906) != 0)
+        left.append("a service mode is set");
+    if (localControl)
+        left.append("local control is held");
+    return left;
+}
+
+void WatchedDrive::Happened(const QString& call) {
+    FeedbackDrive::Happened(call);
+    if (call == "close contactor")
+        m_closed = true;
+    else if (call == "open contactor")
+        m_closed = false;
+    else if (call == "start motor" && m_closed)
+        m_turning = true;
+    else if (call == "stop motor" && m_turning && m_looksLeft < 0)
+        m_looksLeft = kLooksToStand;
+    else if (call == "refresh" && m_looksLeft >= 0 && --m_looksLeft < 0)
+        m_turning = false;
+    if (call == "start motor")
+        m_looksLeft = -1;
+    statusWord = m_turning ? 0 : kStatusStopped;
+}
+
+BoxClerk::BoxClerk(WatchedDrive& drive) : m_drive(drive) {
+    qApp->installEventFilter(this);
+}
+
+bool BoxClerk::eventFilter(QObject* watched, QEvent* event) {
+    auto* box = qobject_cast<QMessageBox*>(watched);
+    if (!box || event->type() != QEvent::Show)
+        return false;
+    texts.append(box->text());
+    m_drive.SeeBox(box->text());
+    const auto answer = [this, box = QPointer<QMessageBox>(box)] {
+        if (!box || !box->isVisible() || (instead && instead(*box)))
+            return;
+        if (box->standardButtons().testFlag(QMessageBox::Cancel))
+            m_drive.Confirm();
+        box->button(QMessageBox::Ok)->click();
+    };
+    if (patienceMs > 0)
+        CClock::Current().SetAlarm(patienceMs, answer);
+    else
+        QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
+    return false;
+}
+
+} // namespace krt550

@@ -1,0 +1,13 @@
+# Fails when anything in the wizard but the room motor takes local control, closes the contactor or starts the motor.
+file(GLOB_RECURSE sources ${SOURCE_DIR}/*.cpp ${SOURCE_DIR}/*.h)
+list(FILTER sources EXCLUDE REGEX "/wizard/motor/")
+set(found "")
+foreach(source IN LISTS sources)
+    file(STRINGS ${source} lines REGEX "(drive|Drive\\(\\))(->|\\.)(TakeLocalControl|CloseContactor|StartMotor)\\(|CHostDrive::(TakeLocalControl|CloseContactor|StartMotor)")
+    foreach(line IN LISTS lines)
+        string(APPEND found "  ${source}: ${line}\n")
+    endforeach()
+endforeach()
+if(found)
+    message(FATAL_ERROR "commands the drive past CMotorRun:\n${found}")
+endif()

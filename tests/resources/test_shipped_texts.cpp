@@ -1,0 +1,111 @@
+// The shipped text files beside the drive description and the layouts: one home for every name, a tool tip for every
+// row.
+#include "hostlib/tolvbo32/drive_description.h"
+#include "wizard/resources/module_resources.h"
+
+#include <QFile>
+#include <QMap>
+#include <QSet>
+
+#include <gtest/gtest.h>
+
+namespace krt550 {
+namespace {
+
+using Names = QMap<int, QString>; ///< by register
+
+/// Which fields of a line name registers.
+struct Key {
+    const char* name;
+    int first;
+    int step; ///< to the next one; 0 when there is only one
+};
+constexpr Key kKeys[] = {{"TOOLTIP", 1, 0},     {"PAN", 1, 0},       {"VAN", 1, 0},         {"CAP", 2, 0},
+                         {"SLIDERVAL", 2, 0},   {"GAINADJUP", 1, 0}, {"GAINADJDOWN", 1, 0}, {"ENABLESTART", 2, 2},
+                         {"MACRODEPPAR", 2, 1}, {"PROFIBUS", 1, 0},  {"CANOPEN", 1, 0},     {"DEVICENET", 1, 0},
+                         {"CONTROLNET", 1, 0},  {"ETHERNET", 1, 0},  {"PROFINET", 1, 0},    {"DI", 1, 0},
+                         {"AI", 1, 0}};
+
+/// What is wrong with the lines of a text file: "FILE:LINE: what". `toolTips` collects the registers that have one.
+QStringList FindFaults(const QString& file, const QStringList& lines, const Names& names, QSet<int>& toolTips) {
+    QStringList faults;
+    for (qsizetype line = 0; line < lines.size(); ++line) {
+        const auto tell = [&](const QString& what) {
+            faults.append(QStringLiteral("%1:%2: %3").arg(file, QString::number(line + 1), what));
+        };
+        const QStringList fields = lines[line].split(u'\t');
+        for (const auto& [key, first, step] : kKeys)
+            for (int at = first; fields[0] == QLatin1String(key) && at<fields.size(); at += step> 0 ? step : 1'000)
+                if (!fields[at].isEmpty() && !names.contains(fields[at].toInt()))
+                    tell(QStringLiteral("%1 names the unknown register %2").arg(fields[0], fields[at]));
+        const int reg = fields.value(1).toInt();
+        if (fields[0] == QLatin1String("PAN") && names.value(reg) == fields.value(2))
+            tell(QStringLiteral("PAN repeats the description's name of %1").arg(reg));
+        if (fields[0] == QLatin1String("TOOLTIP")) {
+            if (toolTips.contains(reg))
+                tell(QStringLiteral("a second tool tip for %1").arg(reg));
+            if (!fields.value(2).isEmpty())
+                toolTips.insert(reg);
+        }
+    }
+    return faults;
+}
+
+QStringList LinesOf(const char* path) {
+    QFile file(QString::fromUtf8(path));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n') : QStringList();
+}
+
+/// Registers of all rows, with the number of a layout that shows them.
+QMap<int, int> ShownRegisters() {
+    constexpr int kLastLayout = 11'000;
+    const CModuleResources resources;
+    QMap<int, int> shown;
+    for (int number = 1; number < kLastLayout; ++number)
+        if (const auto layout = resources.GetLayout(number))
+            for (const ControlLayout& control : layout->controls)
+                if (control.reg != 0)
+                    shown[control.reg] = number;
+    return shown;
+}
+
+TEST(ShippedTexts, NameWhatExistsAndRepeatNothing) {
+    QStringList errors;
+    const auto description =
+        ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
+    ASSERT_TRUE(description) << errors.join(u'\n').toStdString();
+    Names names;
+    for (const ParameterDescription& parameter : *description)
+        names[parameter.reg] = parameter.name;
+
+    QSet<int> toolTips;
+    QStringList faults;
+    for (const char* file : {"data/Wzkrt550.txt", "data/KRT550ConfigurableAssistant.txt"}) {
+        const QStringList lines = LinesOf((std::string(KRT550_SOURCE_DIR "/") + file).c_str());
+        ASSERT_GT(lines.size(), 10) << file;
+        faults += FindFaults(QString::fromUtf8(file), lines, names, toolTips);
+    }
+    const QMap<int, int> shown = ShownRegisters();
+    ASSERT_GT(shown.size(), 30);
+    for (auto row = shown.begin(); row != shown.end(); ++row) {
+        if (!toolTips.contains(row.key()))
+            faults.append(QStringLiteral("layout %1: the row of %2 has no tool tip").arg(row.value()).arg(row.key()));
+        if (!names.contains(row.key()))
+            faults.append(QStringLiteral("layout %1: there is no %2").arg(row.value()).arg(row.key()));
+    }
+    EXPECT_EQ(faults.join(u'\n').toStdString(), "");
+}
+
+TEST(ShippedTexts, FaultsAreToldWithFileAndLine) {
+    QSet<int> toolTips;
+    const QStringList lines = {
+        "# comment",      "PAN\t101\tSpeed",   "PAN\t101\tOther",     "TOOLTIP\t102\ttip",
+        "TOOLTIP\t101\t", "TOOLTIP\t101\ttip", "TOOLTIP\t101\tagain", "ENABLESTART\t3\t101\t1,2\t102\t1"};
+    EXPECT_EQ(FindFaults("f", lines, {{101, "Speed"}}, toolTips).join('\n').toStdString(),
+              "f:2: PAN repeats the description's name of 101\nf:4: TOOLTIP names the unknown register 102\n"
+              "f:7: a second tool tip for 101\nf:8: ENABLESTART names the unknown register 102");
+    EXPECT_EQ(toolTips, (QSet<int>{101, 102}));
+}
+
+} // namespace
+} // namespace krt550

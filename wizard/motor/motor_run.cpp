@@ -1,0 +1,156 @@
+#include "wizard/motor/motor_run.h"
+
+#include "hostlib/host_drive.h"
+#include "hostlib/tolvbo32/parameter.h"
+#include "hostlib/tolvbo32/parameter_group.h"
+#include "wizard/motor/make_safe.h"
+#include "wizard/motor/motor_state.h"
+#include "wizard/params/parameter_access.h"
+#include "wizard/platform/message_queue.h"
+#include "wizard/platform/modal_frame.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace krt550 {
+namespace {
+
+/// Bits of 8.01 that deny a start: the drive is ready to run, or runs, on another source's command.
+constexpr quint16 kStartDeniedBits = 2 | 4;
+
+bool IsDeniedByStatus(CHostDrive& drive) {
+    CParameterGroup* root = GetParameterRoot(&drive);
+    CParameter* status = root ? root->FindChildByRegister(QStringLiteral("801")) : nullptr;
+    return status && ReadParameter(status) && (status->GetValue() & kStartDeniedBits) != 0;
+}
+
+} // namespace
+
+CMotorRun::CMotorRun(CHostDrive& drive, CParameter* serviceMode)
+    : m_drive(drive), m_serviceMode(serviceMode), m_aborted(GetMotorState().run != nullptr || IsMotorUnderControl()) {
+    if (!m_aborted)
+        GetMotorState().run = this;
+}
+
+CMotorRun::~CMotorRun() {
+    MotorState& state = GetMotorState();
+    if (state.run != this)
+        return;
+    m_aborted = true;
+    MakeSafe(ServiceModeEnd::First);
+    state.run = nullptr;
+}
+
+bool CMotorRun::IsWanted() {
+    // The end of the application stops event loops and tells nobody else.
+    CModalFrame::CancelStoppedFrames();
+    return !m_aborted && !IsMotorStopping();
+}
+
+bool CMotorRun::Wait(qint64 milliseconds) {
+    return WaitInEventLoop(milliseconds, [this] { return IsWanted(); });
+}
+
+bool CMotorRun::IsPermitted() {
+    if (!IsWanted())
+        return false;
+    m_drive.RefreshState();
+    if (m_drive.IsLocalControlActive() || IsDeniedByStatus(m_drive) || !IsWanted())
+        return false;
+    TakeLocalControl();
+    m_drive.RefreshState();
+    const bool permitted = m_drive.IsLocalControlActive();
+    GetMotorState().holdsControl = !m_drive.ReleaseLocalControl() && permitted;
+    m_drive.RefreshState();
+    return permitted && IsWanted();
+}
+
+bool CMotorRun::Start(quint16 mode, int settleMs) {
+    if (!m_serviceMode || !IsWanted())
+        return false;
+    GoLive();
+    GetMotorState().serviceMode = m_serviceMode;
+    m_serviceMode->SetValue(mode, false);
+    if (!WriteParameter(m_serviceMode) || !Wait(settleMs))
+        return false;
+    m_drive.RefreshState();
+    if (!m_drive.IsLocalControlActive() && !TakeLocalControl())
+        return false;
+    GetMotorState().holdsControl = true;
+    CloseContactor();
+    StartMotor();
+    return IsWanted();
+}
+
+bool CMotorRun::TakeLocalControl() {
+    if (!IsWanted())
+        return false;
+    GetMotorState().holdsControl = true;
+    return m_drive.TakeLocalControl();
+}
+
+bool CMotorRun::CloseContactor() {
+    if (!IsWanted())
+        return false;
+    GoLive();
+    return m_drive.CloseContactor();
+}
+
+bool CMotorRun::StartMotor() {
+    if (!IsWanted())
+        return false;
+    GoLive();
+    return m_drive.StartMotor();
+}
+
+bool CMotorRun::SetReference(const QString& reference) {
+    return IsWanted() && m_drive.SetReference(reference);
+}
+
+bool CMotorRun::StopMotor() {
+    return m_drive.StopMotor();
+}
+
+bool CMotorRun::OpenContactor() {
+    return m_drive.OpenContactor();
+}
+
+bool CMotorRun::Read(CParameter* parameter) {
+    if (!parameter)
+        return false;
+    const bool read = parameter->ReadFromDrive();
+    if (!read && std::ranges::find(m_unread, parameter) == m_unread.end())
+        m_unread.push_back(parameter);
+    return read;
+}
+
+void CMotorRun::GoLive() {
+    GetMotorState().mayTurn = true;
+    if (!m_hold)
+        m_hold.emplace(m_tell);
+}
+
+bool CMotorRun::MakeSafe(ServiceModeEnd modeEnd, bool keepsControl) {
+    const bool isLive = GetMotorState().serviceMode || IsMotorUnderControl();
+    const bool stopsAtOnce = modeEnd != ServiceModeEnd::First;
+    const bool safe = !isLive || krt550::MakeSafe(&m_drive, {.modeEnd = modeEnd,
+                                                             .stopsAtOnce = stopsAtOnce,
+                                                             .keepsControl = keepsControl});
+    if (!IsMotorStopping())
+        Tell();
+    return safe;
+}
+
+void CMotorRun::Tell() {
+    {
+        const BoxHold afterwards;
+        for (const CParameter* parameter : std::exchange(m_unread, {}))
+            ShowLastError(parameter);
+    }
+    if (GetMotorState().silent)
+        ForgetHeldBoxes();
+    m_hold.reset();
+    ShowHeldBoxes();
+}
+
+} // namespace krt550
