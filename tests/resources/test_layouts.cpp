@@ -6,11 +6,14 @@
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/module_resources.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 
 #include <algorithm>
@@ -45,6 +48,18 @@ int NeededWidth(const QWidget* control) {
     return 0;
 }
 
+/// Whether a screen reader has to call a control something; one that a page makes itself is named there.
+bool Speaks(const QWidget& control) {
+    return control.focusPolicy() != Qt::NoFocus || qobject_cast<const QProgressBar*>(&control);
+}
+
+QString NameOf(QWidget& control) {
+    // What a screen reader gets as the name of a drop-down is its choice, and its label besides.
+    return qobject_cast<QComboBox*>(&control)
+               ? control.accessibleName()
+               : QAccessible::queryAccessibleInterface(&control)->text(QAccessible::Name);
+}
+
 bool IsDigit(const QWidget* control) {
     return std::ranges::find(kStepIconIds, control->objectName().toInt()) != std::end(kStepIconIds);
 }
@@ -69,11 +84,12 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
         window.setFont(font);
         ASSERT_TRUE(window.Create());
         const auto controls = window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
-        for (const QWidget* control : controls) {
+        for (QWidget* control : controls) {
             const std::string name =
                 "control " + control->objectName().toStdString() + " at " + std::to_string(pointSize) + " pt";
             EXPECT_TRUE(window.rect().contains(control->geometry())) << name;
             EXPECT_LE(NeededWidth(control), control->width()) << name;
+            EXPECT_TRUE(!Speaks(*control) || !NameOf(*control).isEmpty()) << name << " has no name for a screen reader";
             for (const QWidget* other : controls) {
                 const bool framed = qobject_cast<const QGroupBox*>(control) || qobject_cast<const QGroupBox*>(other);
                 // The digits' fields touch; the digits in them are smaller.
@@ -122,15 +138,11 @@ TEST_P(Layouts, HasEachShortcutOnce) {
 INSTANTIATE_TEST_SUITE_P(All, Layouts, testing::ValuesIn(kLayouts),
                          [](const auto& layout) { return "Layout" + std::to_string(layout.param); });
 
-TEST_F(Layouts, NamePlateRowsAreNamedForScreenReadersAndStandInTabOrder) {
+TEST_F(Layouts, NamePlateRowsStandInTabOrder) {
     CLayoutWindow window(100);
     ASSERT_TRUE(window.Create());
-    const auto* label = window.GetControl<QLabel>(LabelId(9902));
-    QWidget* edit = window.GetDlgItem(ValueId(9902));
-    ASSERT_TRUE(label && edit);
-    EXPECT_EQ(label->buddy(), edit);
-    EXPECT_EQ(edit->accessibleName(), "Motor 1 nominal voltage");
-    EXPECT_EQ(edit->property("register").toInt(), 9902);
+    EXPECT_EQ(window.GetDlgItem(ValueId(9902))->accessibleName(), "Motor 1 nominal voltage");
+    EXPECT_EQ(window.GetDlgItem(ValueId(9902))->property("register").toInt(), 9902);
 
     QStringList order;
     for (QWidget* next = window.GetDlgItem(ValueId(9901)); next && order.size() < 16; next = next->nextInFocusChain())
