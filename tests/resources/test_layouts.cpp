@@ -11,12 +11,15 @@
 #include "wizard/texts/wizard_directory.h"
 #include "wizard/texts/wizard_text_store.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 
 #include <algorithm>
@@ -99,6 +102,18 @@ void NameRows(CWindow& window) {
                        (row.numbered ? QString::number(row.reg) + ' ' : QString()) + ShownName(row.reg));
 }
 
+/// Whether a screen reader has to call a control something; one that a page makes itself is named there.
+bool Speaks(const QWidget& control) {
+    return control.focusPolicy() != Qt::NoFocus || qobject_cast<const QProgressBar*>(&control);
+}
+
+QString NameOf(QWidget& control) {
+    // What a screen reader gets as the name of a drop-down is its choice, and its label besides.
+    return qobject_cast<QComboBox*>(&control)
+               ? control.accessibleName()
+               : QAccessible::queryAccessibleInterface(&control)->text(QAccessible::Name);
+}
+
 bool IsDigit(const QWidget* control) {
     return std::ranges::find(kStepIconIds, control->objectName().toInt()) != std::end(kStepIconIds);
 }
@@ -124,11 +139,12 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
         ASSERT_TRUE(window.Create());
         NameRows(window);
         const auto controls = window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
-        for (const QWidget* control : controls) {
+        for (QWidget* control : controls) {
             const std::string name =
                 "control " + control->objectName().toStdString() + " at " + std::to_string(pointSize) + " pt";
             EXPECT_TRUE(window.rect().contains(control->geometry())) << name;
             EXPECT_LE(NeededWidth(control), control->width()) << name;
+            EXPECT_TRUE(!Speaks(*control) || !NameOf(*control).isEmpty()) << name << " has no name for a screen reader";
             for (const QWidget* other : controls) {
                 const bool framed = qobject_cast<const QGroupBox*>(control) || qobject_cast<const QGroupBox*>(other);
                 // The digits' fields touch; the digits in them are smaller.

@@ -1,7 +1,5 @@
 #include "tests/shell/wizard_fixture.h"
 
-#include <QTest>
-
 namespace krt550 {
 namespace {
 
@@ -101,17 +99,6 @@ TEST_F(StartPage, StartWalksBasicCommissioningWhateverIsTicked) {
         EXPECT_EQ(Robot::Layout(), 107);
         EXPECT_EQ(Digits(), "1111111");
     });
-}
-
-TEST_F(StartPage, KeysDoWhatTheyDoInDialogs) {
-    EXPECT_EQ(Run([] {
-                  Robot::Press(kBoxes[3]);
-                  QTest::keyClick(Robot::Control(kBoxes[3]), Qt::Key_Return);
-                  EXPECT_EQ(Robot::Layout(), 103) << "Next is the default button";
-                  QTest::keyClick(Robot::Front(), Qt::Key_Escape);
-                  EXPECT_EQ(Robot::Front(), nullptr);
-              }),
-              0);
 }
 
 } // namespace

@@ -246,5 +246,18 @@ TEST_F(Tabs, KeepEnterAndEscapeToThemselves) {
     });
 }
 
+TEST_F(Tabs, HaveF1ForTheHelpButtonOfTheirPage) {
+    OnPage([] {
+        int helps = 0;
+        QObject::connect(static_cast<QPushButton*>(Robot::Control(kHelp)), &QPushButton::clicked, Robot::Front(),
+                         [&helps] { ++helps; });
+        for (const int id : {ValueId(9904), kTabButton, ValueId(9902), kNext}) {
+            Robot::Control(id)->setFocus();
+            QTest::keyClick(Robot::Control(id), Qt::Key_F1);
+        }
+        EXPECT_EQ(helps, 4);
+    });
+}
+
 } // namespace
 } // namespace krt550

@@ -1,6 +1,7 @@
 #include "wizard/platform/window_in_front.h"
 
 #include <QApplication>
+#include <QWidget>
 #include <QWindow>
 
 namespace krt550 {
