@@ -108,6 +108,7 @@ public:
         converter.SetSupply(m_motor.mains, 50);
         const double line = converter.DiscontinuousLimit(0.1, m_motor.la) / m_motor.current;
         return (code == diagnosis::kNotContinuous && line > 0.6) ||
+               (code == diagnosis::kInductanceTooLarge && m_motor.la > 0.6) ||
                (code == diagnosis::kInertiaTooLarge && m_motor.inertia > 60);
     }
 
@@ -187,7 +188,9 @@ private:
     bool Compare(CTrial& trial, const Result& result) {
         const double truth = trial.Drive().GetTrueValue(result.reg).value_or(0);
         const double off = trial.Get(result.reg) / truth - 1;
-        const bool fits = std::abs(off) < kTolerance;
+        const auto parameter = std::ranges::find(m_parameters, result.reg, &ParameterDescription::reg);
+        const double resolution = std::pow(10, -parameter->decimals);
+        const bool fits = std::abs(off) < kTolerance || std::abs(off) * truth <= resolution / 2;
         std::printf(" %s %+5.1f%%%s", result.what, off * 100, fits ? "" : "!");
         m_wrong += !fits;
         return fits;

@@ -1,8 +1,8 @@
 #include "drive/service_mode.h"
 
-#include "drive/fault_codes.h"
 #include "drive/register_file.h"
 #include "drive/registers.h"
+#include "drive/service_reasons.h"
 #include "drive/service_runs.h"
 
 #include <algorithm>
@@ -37,32 +37,6 @@ constexpr Mode kModes[] = {
 const Mode* FindMode(quint16 number) {
     const auto* const found = std::ranges::find(kModes, number, &Mode::number);
     return found == std::end(kModes) ? nullptr : found;
-}
-
-quint16 DiagnosisOfFault(quint16 fault) {
-    constexpr std::pair<quint16, quint16> kReasons[] = {
-        {kFaultOvercurrent, diagnosis::kOvercurrent},
-        {kFaultOvervoltage, diagnosis::kOvervoltage},
-        {kFaultMains, diagnosis::kMains},
-        {kFaultFieldLoss, diagnosis::kFieldLost},
-        {kFaultOverspeed, diagnosis::kOverspeed},
-        {kFaultOvertemperature, diagnosis::kOvertemperature},
-        {kFaultFeedback, diagnosis::kFeedbackLost},
-        {kFaultMainContactor, diagnosis::kContactor},
-        {kFaultConnection, diagnosis::kToolSilent},
-        {kFaultExternal, diagnosis::kExternal},
-        {kFaultCurrentRise, diagnosis::kCurrentRise},
-        {kFaultFieldOvercurrent, diagnosis::kFieldOvercurrent},
-        {kFaultEarth, diagnosis::kEarth},
-        {kFaultStall, diagnosis::kStalled},
-        {kFaultMotorFan, diagnosis::kMotorFan},
-        {kFaultConverterFan, diagnosis::kConverterFan},
-        {kFaultPhaseMissing, diagnosis::kPhaseMissing},
-        {kFaultPhaseOrder, diagnosis::kPhaseOrder},
-        {kFaultRipple, diagnosis::kRipple},
-    };
-    const auto* const found = std::ranges::find(kReasons, fault, &std::pair<quint16, quint16>::first);
-    return found == std::end(kReasons) ? diagnosis::kTripped : found->second;
 }
 
 /// The ratings agree with each other as far as the runs rely on them.
@@ -183,6 +157,8 @@ void CServiceMode::WriteResults(CRegisterFile& registers) {
 }
 
 void CServiceMode::End(quint16 code, CRegisterFile& registers) {
+    if (code == diagnosis::kNone && m_bench)
+        code = DiagnosisOfResults(m_bench->GetResults(), registers);
     const int endsAt = FindMode(m_mode)->endsAt;
     if (code == diagnosis::kNone)
         WriteResults(registers);

@@ -108,14 +108,11 @@ CServiceRun RunSpeed(CTestBench& bench) {
     if (!(least > 0) || most - least > kSpread * inertia)
         co_return diagnosis::kLoadNotSteady;
 
-    const bool tooHeavy = inertia > kMostInertia;
     bench.Phase(99, 2);
     bench.command.speed = kSlowEnd * base;
     bench.command.armature = ArmatureMode::Speed;
     bench.RampSpeed(0, kSlowEnd * base / 2);
     co_yield 2.5;
-    if (tooHeavy)
-        co_return diagnosis::kInertiaTooLarge;
 
     const PiSetting speed = SymmetricalOptimum(inertia, settings.SmallLags());
     const double unit = flux * rated / base; // [N*m*s]
