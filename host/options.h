@@ -25,10 +25,10 @@ struct ToolOptions {
     bool IsUnwatched() const { return !playFile.isEmpty() && speed == 0; }
 };
 
-/// Reads the arguments, the program's name not among them.
+/// Reads the arguments, the program's name first.
 ToolOptions ParseOptions(const QStringList& arguments);
 
-/// Text of --help.
+/// Text of --help; there has to be a QCoreApplication.
 QString HelpText();
 
 /// Text of --version.

@@ -19,7 +19,7 @@ void Print(FILE* stream, const QString& text) {
 
 QStringList ArgumentsOf(int argc, char** argv) {
     QStringList arguments;
-    for (int i = 1; i < argc; ++i)
+    for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     return arguments;
 }
@@ -47,10 +47,14 @@ void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 
 int RunTool(int argc, char** argv) {
     const ToolOptions options = ParseOptions(ArgumentsOf(argc, argv));
+    // The command line is the tool's own: Qt gets the program name alone.
+    int qtArgumentCount = 1;
     switch (options.task) {
-    case ToolOptions::Task::Help:
+    case ToolOptions::Task::Help: {
+        const QCoreApplication application(qtArgumentCount, argv);
         Print(stdout, HelpText());
         return 0;
+    }
     case ToolOptions::Task::Version:
         Print(stdout, VersionText());
         return 0;
@@ -70,8 +74,6 @@ int RunTool(int argc, char** argv) {
     if (options.IsUnwatched())
         qputenv("QT_NO_GLIB", "1");
     qInstallMessageHandler(PassOnMessage);
-    // The command line is the tool's own: Qt gets the program name alone.
-    int qtArgumentCount = 1;
     QApplication application(qtArgumentCount, argv);
     application.setApplicationDisplayName({});
     return CSession(options).Run();

@@ -1,7 +1,7 @@
 #include "host/play/player.h"
 
 #include "host/closing.h"
-#include "host/play/front_window.h"
+#include "host/hands/front_window.h"
 
 #include <QMessageBox>
 

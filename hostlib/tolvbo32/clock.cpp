@@ -61,6 +61,8 @@ void CClock::WaitForEvents(qint64 milliseconds) {
     }
     const int alarm = SetAlarm(std::max<qint64>(0, milliseconds), [] {});
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    // What has ended the wait may only have been posted. The next wait would handle it and then go on waiting.
+    QCoreApplication::sendPostedEvents();
     ForgetAlarm(alarm);
 }
 

@@ -1,5 +1,6 @@
 // Every way in which the program can be made to end while a motor turns under its control: the stop is sent, and the
 // program ends only when the motor stands and has been given back. With real processes and the log that they leave.
+#include "hostlib/host_drive.h"
 #include "tests/host/tool_run.h"
 
 #include <csignal>
@@ -139,6 +140,8 @@ TEST_F(Endings, TheDisplayThatDiesStopsTheMotor) {
     EXPECT_EQ(m_tool.Finish(), 1);
     EXPECT_TRUE(m_tool.errors.contains(QLatin1String("connection broke"))) << m_tool.errors.toStdString();
     ExpectStopped();
+    const QStringList states = m_tool.Lines(QStringLiteral("log")).filter(QStringLiteral("GetStatusWord"));
+    EXPECT_TRUE(states.last().section(QLatin1Char('\t'), 3, 3).toUInt() & kStatusStopped) << "waited for standstill";
     display.waitForFinished();
 }
 #endif
