@@ -93,7 +93,8 @@ TEST_F(Endings, AReaderThatGoesAwayIsToldAndEndsNothing) {
     ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
     const int reader = open(pipe.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     m_tool.process.setStandardOutputFile(m_tool.Path(QStringLiteral("pipe")));
-    m_tool.Write(QStringLiteral("a.play"), QString::fromUtf8(kRunMotor) + QLatin1String("press cancel\nwait idle\n"));
+    m_tool.Write(QStringLiteral("a.play"),
+                 QString::fromUtf8(kRunMotor) + QLatin1String("press cancel\nwait box\nwait no box\nwait idle\n"));
     m_tool.Start(QStringLiteral("--speed 10 --play ~/a.play --log - --shots ~"));
     ASSERT_TRUE(m_tool.process.waitForStarted());
     pollfd state{reader, POLLIN, 0};
