@@ -2,8 +2,6 @@
 
 #include "hostlib/tolvbo32/clock.h"
 
-#include <QFileDevice>
-
 namespace krt550 {
 namespace {
 
@@ -13,9 +11,10 @@ QString OutcomeText(const QString& error) {
 
 } // namespace
 
-CCallLog::CCallLog(QIODevice* output, bool keep) : m_output(output), m_keep(keep), m_start(CClock::Current().Now()) {
+CCallLog::CCallLog(Output output, bool keep)
+    : m_output(std::move(output)), m_keep(keep), m_start(CClock::Current().Now()) {
     if (m_output)
-        m_output->write("# time\tcall\tregister\tvalue\toutcome\n");
+        m_output("# time\tcall\tregister\tvalue\toutcome");
 }
 
 void CCallLog::NoteRegister(const char* call, quint16 reg, quint16 word, const QString& error) {
@@ -33,12 +32,8 @@ void CCallLog::Append(const QStringList& columns) {
     const QString line = QString::number(time) + QLatin1Char('\t') + columns.join(QLatin1Char('\t'));
     if (m_keep)
         m_lines.append(line);
-    if (!m_output)
-        return;
-    m_output->write(line.toUtf8() + '\n');
-    // A line is out before the call's consequences are: the log is there to explain what went wrong.
-    if (auto* file = qobject_cast<QFileDevice*>(m_output))
-        file->flush();
+    if (m_output)
+        m_output(line.toUtf8());
 }
 
 } // namespace krt550

@@ -1,8 +1,10 @@
 #pragma once
 
-#include <QIODevice>
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
+
+#include <functional>
 
 namespace krt550 {
 
@@ -12,8 +14,10 @@ namespace krt550 {
 /// the outcome is "ok", or what went wrong.
 class CCallLog {
 public:
-    /// `output` is borrowed, null for none; with `keep` the lines also stay available for Lines.
-    CCallLog(QIODevice* output, bool keep);
+    using Output = std::function<void(const QByteArray& line)>;
+
+    /// `output` may be null; with `keep` the lines also stay available for Lines.
+    CCallLog(Output output, bool keep);
 
     /// Notes a call that concerns a register.
     void NoteRegister(const char* call, quint16 reg, quint16 word, const QString& error);
@@ -27,7 +31,7 @@ public:
 private:
     void Append(const QStringList& columns);
 
-    QIODevice* m_output;
+    Output m_output;
     bool m_keep;
     qint64 m_start;
     QStringList m_lines;

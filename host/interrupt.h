@@ -1,29 +1,29 @@
 #pragma once
 
 #include <QObject>
-#include <QTimer>
+
+#include <functional>
 
 class QSocketNotifier;
 
 namespace krt550 {
 
-/// Turns Ctrl-C and a request to terminate into what a careful person would do: close every window, so that the
-/// wizard returns and leaves the drive safe. A second one ends the program at once.
+/// Turns the signals that would end the program into a call from the event loop: Ctrl+C, Ctrl+\, a closed terminal, a
+/// request to terminate. None of them ends the program by itself any more; each one after the first says on stderr what
+/// the program waits for. A reader that has gone or a file that may not grow any more fails the write and no more; a
+/// crash sends the stop before it takes its course.
 class CInterrupt : public QObject {
     Q_OBJECT
 
 public:
-    CInterrupt();
+    explicit CInterrupt(std::function<void()> onSignal);
     ~CInterrupt() override;
     /// True once a signal has come.
-    bool HasCome() const { return m_hasCome; }
+    bool HasCome() const;
 
 private:
-    void OnSignal();
-
+    std::function<void()> m_onSignal;
     QSocketNotifier* m_notifier = nullptr;
-    QTimer m_closing;
-    bool m_hasCome = false;
 };
 
 } // namespace krt550

@@ -5,102 +5,99 @@
 #include "host/motor_options.h"
 #include "host/play/vocabulary.h"
 
-#include <iterator>
+#include <QCommandLineParser>
 
 namespace krt550 {
 namespace {
 
 struct OptionDef {
     const char* name;
-    const char* value;
+    const char* value; ///< what stands for it in --help; null: the option takes none
     QString ToolOptions::*target;
     const char* help;
 };
 
 constexpr OptionDef kOptions[] = {
-    {"--drive", "NAME", &ToolOptions::drive, "drive to connect: sim (default), sim:MOTOR, sim:MOTOR,OPTION=VALUE,..."},
-    {"--wizard-dir", "DIR", &ToolOptions::wizardDirectory, "directory of the wizard's text and help files"},
-    {"--parameters", "FILE", &ToolOptions::parameterFile, "description of the drive's parameters"},
-    {"--module", "FILE", &ToolOptions::moduleFile, "the wizard module"},
-    {"--play", "FILE", &ToolOptions::playFile, "play this script instead of waiting for a person (see below)"},
-    {"--log", "FILE", &ToolOptions::logFile, "write one line for each drive call; - is standard output"},
-    {"--shots", "DIR", &ToolOptions::shotDirectory, "where a play's pictures go (default: the current directory)"},
-    {"--speed", "N", nullptr, "let the time of drive and wizard run N times faster, 1 to 1000"},
-    {"--help", nullptr, nullptr, "show this text"},
-    {"--version", nullptr, nullptr, "show the version"},
+    {"drive", "NAME", &ToolOptions::drive, "drive to connect: sim (default), sim:MOTOR, sim:MOTOR,OPTION=VALUE,..."},
+    {"wizard-dir", "DIR", &ToolOptions::wizardDirectory, "directory of the wizard's text and help files"},
+    {"parameters", "FILE", &ToolOptions::parameterFile, "description of the drive's parameters"},
+    {"module", "FILE", &ToolOptions::moduleFile, "the wizard module"},
+    {"play", "FILE", &ToolOptions::playFile, "play this script instead of waiting for a person (see below)"},
+    {"log", "FILE", &ToolOptions::logFile, "write one line for each drive call; - is standard output"},
+    {"shots", "DIR", &ToolOptions::shotDirectory, "where a play's pictures go (default: the current directory)"},
+    {"speed", "N", nullptr, "let the time of drive and wizard run N times faster, 1 to 1000, for somebody who watches"},
+    {"help", nullptr, nullptr, "show this text"},
+    {"version", nullptr, nullptr, "show the version"},
 };
 
-const OptionDef* FindOption(const QString& name) {
+void AddOptions(QCommandLineParser& parser) {
     for (const OptionDef& option : kOptions)
-        if (name == QLatin1String(option.name))
-            return &option;
-    return nullptr;
+        parser.addOption({QLatin1String(option.name), QLatin1String(option.help), QLatin1String(option.value)});
 }
 
-ToolOptions Complain(const QString& text) {
-    ToolOptions options;
-    options.task = ToolOptions::Task::Complain;
-    options.complaint = text;
-    return options;
-}
-
-bool ReadSpeed(const QString& text, int& speed) {
+/// What is wrong with the value that an option was given; an empty text when nothing is.
+QString TakeValue(const OptionDef& option, const QString& value, ToolOptions& options) {
+    const QLatin1String name(option.name);
+    // Another option in the place of a value is a value that was forgotten.
+    if (value.isEmpty() || value.startsWith(QLatin1String("--")))
+        return QStringLiteral("option --%1 needs a value").arg(name);
+    if (option.target) {
+        options.*option.target = value;
+        return {};
+    }
     bool ok = false;
-    speed = text.toInt(&ok);
-    return ok && speed >= 1 && speed <= 1000;
+    options.speed = value.toInt(&ok);
+    return ok && options.speed >= 1 && options.speed <= 1000
+               ? QString()
+               : QStringLiteral("--%1 \"%2\" is not a number from 1 to 1000").arg(name, value);
+}
+
+QString TakeValues(const QCommandLineParser& parser, ToolOptions& options) {
+    for (const OptionDef& option : kOptions)
+        for (const QString& value : parser.values(QLatin1String(option.name)))
+            if (const QString complaint = TakeValue(option, value, options); !complaint.isEmpty())
+                return complaint;
+    const QStringList others = parser.positionalArguments();
+    return others.isEmpty() ? QString()
+                            : QStringLiteral("\"%1\" is not an option; --help lists the options").arg(others.first());
 }
 
 } // namespace
 
 ToolOptions ParseOptions(const QStringList& arguments) {
+    QCommandLineParser parser;
+    AddOptions(parser);
     ToolOptions options;
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        const qsizetype equals =
-            arguments[i].startsWith(QLatin1String("--")) ? arguments[i].indexOf(QLatin1Char('=')) : -1;
-        const QString name = arguments[i].left(equals);
-        const OptionDef* option = FindOption(name);
-        if (!option)
-            return Complain(QStringLiteral("unknown option \"%1\"; --help lists the options").arg(arguments[i]));
-        if (!option->value) {
-            if (equals >= 0)
-                return Complain(QStringLiteral("option %1 takes no value").arg(name));
-            options.task = name == QLatin1String("--help") ? ToolOptions::Task::Help : ToolOptions::Task::Version;
-            return options;
-        }
-        const QString value = equals < 0 ? arguments.value(++i) : arguments[i].mid(equals + 1);
-        if (value.isEmpty() || (equals < 0 && value.startsWith(QLatin1String("--"))))
-            return Complain(QStringLiteral("option %1 needs a value").arg(name));
-        if (option->target)
-            options.*option->target = value;
-        else if (!ReadSpeed(value, options.speed))
-            return Complain(QStringLiteral("--speed \"%1\" is not a number from 1 to 1000").arg(value));
-    }
+    if (!parser.parse(arguments))
+        options.complaint = parser.errorText();
+    else if (parser.isSet(QStringLiteral("help")))
+        options.task = ToolOptions::Task::Help;
+    else if (parser.isSet(QStringLiteral("version")))
+        options.task = ToolOptions::Task::Version;
+    else
+        options.complaint = TakeValues(parser, options);
+    if (!options.complaint.isEmpty())
+        options.task = ToolOptions::Task::Complain;
     return options;
 }
 
 QString HelpText() {
-    QString text =
-        QStringLiteral("Usage: krt550tool [options]\n"
-                       "Connects a drive, opens the commissioning wizard on it and ends with the wizard.\n\n");
-    for (const OptionDef& option : kOptions) {
-        QString head = QLatin1String("  ") + QLatin1String(option.name);
-        if (option.value)
-            head += QLatin1Char(' ') + QLatin1String(option.value);
-        text += head.leftJustified(22) + QLatin1String(option.help) + QLatin1Char('\n');
-    }
-    text +=
-        QStringLiteral(
-            "\n"
-            "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none; fault=NAME, as\n"
-            "often as needed; and what is to be different about the motor:\n%2\n"
-            "Its faults:\n%3\n"
-            "--drive sim:S1,feedback=tacho,fault=missing:3016 is the motor S1 with a tacho and a drive without that\n"
-            "parameter, sim:S2,R=3.1,L=0.02,J=0.1,load=10 another motor behind a machine.\n\n"
-            "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
-            "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed or the wizard did\n"
-            "not run; 2 a wrong option, or a file that cannot be read or written.\n\n")
-            .arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp());
-    return text + PlayHelpText();
+    QCommandLineParser parser;
+    AddOptions(parser);
+    parser.setApplicationDescription(
+        QStringLiteral("Connects a drive, opens the commissioning wizard on it and ends with the wizard."));
+    const QString text = QStringLiteral(
+        "\n"
+        "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none; fault=NAME, as\n"
+        "often as needed; and what is to be different about the motor:\n%2\n"
+        "Its faults:\n%3\n"
+        "--drive sim:S1,feedback=tacho,fault=missing:3016 is the motor S1 with a tacho and a drive without that\n"
+        "parameter, sim:S2,R=3.1,L=0.02,J=0.1,load=10 another motor behind a machine.\n\n"
+        "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
+        "However the program ends, it stops a motor under its control first and waits until it stands.\n\n"
+        "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed, the wizard did not run,\n"
+        "the run was interrupted or its log has gaps; 2 a wrong option, or a file that cannot be read or written.\n\n");
+    return parser.helpText() + text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp()) + PlayHelpText();
 }
 
 QString VersionText() {

@@ -19,13 +19,16 @@ struct ToolOptions {
     QString playFile; ///< empty: a person works
     QString logFile;  ///< empty: none, "-": standard output
     QString shotDirectory = QStringLiteral(".");
-    int speed = 1;
+    int speed = 0; ///< 0: not given
+
+    /// A play that takes no time, because nobody wants to watch it.
+    bool IsUnwatched() const { return !playFile.isEmpty() && speed == 0; }
 };
 
-/// Reads the arguments, the program's name not among them.
+/// Reads the arguments, the program's name first.
 ToolOptions ParseOptions(const QStringList& arguments);
 
-/// Text of --help.
+/// Text of --help; there has to be a QCoreApplication.
 QString HelpText();
 
 /// Text of --version.

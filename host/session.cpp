@@ -1,9 +1,11 @@
 #include "host/session.h"
 
 #include "host/call_log.h"
+#include "host/closing.h"
 #include "host/connect_drive.h"
 #include "host/drive_stage.h"
 #include "host/interrupt.h"
+#include "host/last_stop.h"
 #include "host/logged_drive.h"
 #include "host/logged_link.h"
 #include "host/play/parser.h"
@@ -13,6 +15,8 @@
 
 #include <QApplication>
 #include <QDir>
+
+#include <unistd.h>
 
 namespace krt550 {
 namespace {
@@ -26,19 +30,31 @@ QString OrBesideProgram(const QString& asked, const char* relativePath) {
 
 } // namespace
 
-CSession::CSession(ToolOptions options, Output print, Output complain)
-    : m_options(std::move(options)), m_print(std::move(print)), m_complain(std::move(complain)) {
+CSession::CSession(ToolOptions options)
+    : m_options(std::move(options)), m_errors(STDERR_FILENO, QStringLiteral("standard error"), [](const QString&) {}),
+      m_output(STDOUT_FILENO, QStringLiteral("standard output"), [this](const QString& text) { Complain(text); }) {
     m_options.moduleFile = OrBesideProgram(m_options.moduleFile, KRT550_MODULE_PATH);
     m_options.parameterFile = OrBesideProgram(m_options.parameterFile, KRT550_PARAMETER_PATH);
     m_options.wizardDirectory = OrBesideProgram(m_options.wizardDirectory, KRT550_WIZARD_PATH);
 }
 
-CSession::~CSession() = default;
+CSession::~CSession() {
+    if (m_logDescriptor >= 0)
+        close(m_logDescriptor);
+}
 
 int CSession::Run() {
-    CScaledClock clock(CClock::Current(), m_options.speed);
-    const ClockScope scope(clock);
+    const std::unique_ptr<CClock> clock = MakeClock();
+    const ClockScope scope(*clock);
     return Prepare() ? RunWizard() : kExitUsage;
+}
+
+/// Nobody watches a play of which no speed is asked: its time passes as fast as everything is done, and the same
+/// happens on a busy machine as on an idle one.
+std::unique_ptr<CClock> CSession::MakeClock() const {
+    if (m_options.IsUnwatched())
+        return std::make_unique<CSteppedClock>();
+    return std::make_unique<CScaledClock>(CClock::Current(), std::max(m_options.speed, 1));
 }
 
 bool CSession::Prepare() {
@@ -73,38 +89,53 @@ bool CSession::Connect() {
 bool CSession::OpenLog() {
     if (m_options.logFile.isEmpty())
         return true;
-    const bool toStandardOutput = m_options.logFile == QLatin1String("-");
-    m_logFile.setFileName(m_options.logFile);
-    const bool opened =
-        toStandardOutput ? m_logFile.open(stdout, QIODevice::WriteOnly) : m_logFile.open(QIODevice::WriteOnly);
-    return opened ||
-           Complain(QStringLiteral("log %1: cannot be written: %2").arg(m_options.logFile, m_logFile.errorString()));
+    if (m_options.logFile == QLatin1String("-")) {
+        m_log = &m_output;
+        return true;
+    }
+    QString error;
+    const QString name = QLatin1String("log ") + m_options.logFile;
+    m_logDescriptor = OpenLogFile(m_options.logFile, error);
+    if (m_logDescriptor < 0)
+        return Complain(QStringLiteral("%1: cannot be written: %2").arg(name, error));
+    m_log = &m_logFile.emplace(m_logDescriptor, name, [this](const QString& text) { Complain(text); });
+    return true;
 }
 
 bool CSession::Complain(const QString& text) {
-    m_complain(QStringLiteral("krt550tool: ") + text);
+    m_errors.Write("krt550tool: " + text.toLocal8Bit());
     return false;
 }
 
 int CSession::RunWizard() {
-    CCallLog log(m_logFile.isOpen() ? &m_logFile : nullptr, m_script.has_value());
+    const auto complain = [this](const QString& text) { Complain(text); };
+    CCallLog log(m_log ? [this](const QByteArray& line) { m_log->Write(line); } : CCallLog::Output(),
+                 m_script.has_value());
     CLoggedLink link(m_connection->GetLink(), log);
     m_connection->SetTreeLink(&link);
     CLoggedDrive drive(m_connection->GetDrive(), log);
+    CLastStop lastStop(drive, link, complain);
+    CClosing closing(lastStop, complain);
     CDriveStage stage(*m_connection, log);
     std::optional<CPlayer> player;
     if (m_script) {
-        player.emplace(std::move(*m_script), stage, m_options.shotDirectory, PlayOutput{m_print, m_complain});
+        player.emplace(std::move(*m_script), stage, closing, m_options.shotDirectory,
+                       PlayOutput{[this](const QString& line) { m_output.Write(line.toLocal8Bit()); },
+                                  [this](const QString& line) { m_errors.Write(line.toLocal8Bit()); }});
         player->Begin();
     }
-    const CInterrupt interrupt;
+    const CInterrupt interrupt([&closing] { closing.Begin(); });
     const int result = m_module.Run(&drive);
-    m_print(QStringLiteral("RunWizard returned %1").arg(result));
-    const bool played = !player || player->Finish();
+    closing.End();
+    bool well = lastStop.Finish() && result == 0;
+    m_output.Write("RunWizard returned " + QByteArray::number(result));
+    if (player && !player->Finish())
+        well = false;
     // A help window may still be open.
     QApplication::closeAllWindows();
     m_connection->SetTreeLink(nullptr);
-    return result == 0 && played && !interrupt.HasCome() ? 0 : kExitFailure;
+    const bool logged = !m_log || !m_log->HasFailed();
+    return well && logged && !interrupt.HasCome() ? 0 : kExitFailure;
 }
 
 } // namespace krt550

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "host/connection.h"
+#include "host/line_writer.h"
 #include "host/options.h"
 #include "host/play/player.h"
 #include "host/wizard_module.h"
-
-#include <QFile>
 
 #include <memory>
 #include <optional>
@@ -15,10 +14,10 @@ namespace krt550 {
 /// One run of the tool with options that make sense: files are opened, the drive is connected, the wizard runs.
 class CSession {
 public:
-    using Output = std::function<void(const QString&)>;
-
-    CSession(ToolOptions options, Output print, Output complain);
+    explicit CSession(ToolOptions options);
     ~CSession();
+    CSession(const CSession&) = delete;
+    CSession& operator=(const CSession&) = delete;
 
     /// Returns the exit status.
     int Run();
@@ -29,13 +28,16 @@ private:
     bool OpenLog();
     bool Connect();
     bool Complain(const QString& text);
+    std::unique_ptr<CClock> MakeClock() const;
     int RunWizard();
 
     ToolOptions m_options;
-    Output m_print;
-    Output m_complain;
+    CLineWriter m_errors;
+    CLineWriter m_output;
+    int m_logDescriptor = -1;
+    std::optional<CLineWriter> m_logFile;
+    CLineWriter* m_log = nullptr; ///< one of the two above; null without a log
     std::optional<PlayScript> m_script;
-    QFile m_logFile;
     CWizardModule m_module;
     std::unique_ptr<CConnection> m_connection;
 };

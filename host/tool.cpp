@@ -1,5 +1,6 @@
 #include "host/tool.h"
 
+#include "host/last_stop.h"
 #include "host/options.h"
 #include "host/session.h"
 
@@ -18,7 +19,7 @@ void Print(FILE* stream, const QString& text) {
 
 QStringList ArgumentsOf(int argc, char** argv) {
     QStringList arguments;
-    for (int i = 1; i < argc; ++i)
+    for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     return arguments;
 }
@@ -37,16 +38,23 @@ void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QStr
         if (message.contains(QLatin1String(surroundings)))
             return;
     Print(stderr, qFormatLogMessage(type, context, message) + QLatin1Char('\n'));
+    // What Qt says last before it ends the program without a way back: the display has died.
+    if (message.contains(QLatin1String("connection broke")))
+        CLastStop::FinishNow();
 }
 
 } // namespace
 
 int RunTool(int argc, char** argv) {
     const ToolOptions options = ParseOptions(ArgumentsOf(argc, argv));
+    // The command line is the tool's own: Qt gets the program name alone.
+    int qtArgumentCount = 1;
     switch (options.task) {
-    case ToolOptions::Task::Help:
+    case ToolOptions::Task::Help: {
+        const QCoreApplication application(qtArgumentCount, argv);
         Print(stdout, HelpText());
         return 0;
+    }
     case ToolOptions::Task::Version:
         Print(stdout, VersionText());
         return 0;
@@ -62,16 +70,13 @@ int RunTool(int argc, char** argv) {
     }
     if (!HasDisplay())
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The stepped clock of such a play needs Qt's own event dispatcher.
+    if (options.IsUnwatched())
+        qputenv("QT_NO_GLIB", "1");
     qInstallMessageHandler(PassOnMessage);
-    // The command line is the tool's own: Qt gets the program name alone.
-    int qtArgumentCount = 1;
     QApplication application(qtArgumentCount, argv);
     application.setApplicationDisplayName({});
-    application.setQuitOnLastWindowClosed(false);
-    CSession session(
-        options, [](const QString& line) { Print(stdout, line + QLatin1Char('\n')); },
-        [](const QString& line) { Print(stderr, line + QLatin1Char('\n')); });
-    return session.Run();
+    return CSession(options).Run();
 }
 
 } // namespace krt550

@@ -1,7 +1,7 @@
 #include "host/play/act.h"
 
-#include "host/play/front_window.h"
-#include "host/play/input.h"
+#include "host/hands/front_window.h"
+#include "host/hands/input.h"
 #include "host/play/stage.h"
 
 #include <QAbstractButton>

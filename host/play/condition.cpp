@@ -1,6 +1,6 @@
 #include "host/play/condition.h"
 
-#include "host/play/front_window.h"
+#include "host/hands/front_window.h"
 #include "host/play/stage.h"
 
 #include <QAbstractButton>

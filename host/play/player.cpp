@@ -1,19 +1,16 @@
 #include "host/play/player.h"
 
-#include "host/play/front_window.h"
-#include "host/play/window_closer.h"
-#include "hostlib/tolvbo32/clock.h"
+#include "host/closing.h"
+#include "host/hands/front_window.h"
 
 #include <QMessageBox>
-
-#include <cstdlib>
 
 namespace krt550 {
 namespace {
 
-// Never 0: a timer of 0 ms is a posted event, and the next line would overtake what the line before has posted.
-constexpr int kNextLineMs = 1;
-constexpr int kLookAgainMs = 2;
+// Never 0: the next line would overtake what the line before has posted.
+constexpr qint64 kNextLineMs = 1;
+constexpr qint64 kLookAgainMs = 20;
 
 QString BoxText() {
     return QStringLiteral("a message box \"%1\"").arg(BoxInFront()->text().simplified());
@@ -26,31 +23,27 @@ QString Expectation(const PlayAction& action) {
 
 } // namespace
 
-CPlayer::CPlayer(PlayScript script, CPlayStage& stage, const QString& shotDirectory, PlayOutput output)
-    : m_script(std::move(script)), m_context{stage, shotDirectory, output.print}, m_output(std::move(output)) {
-    m_timer.setSingleShot(true);
-    m_timer.setTimerType(Qt::PreciseTimer);
-    connect(&m_timer, &QTimer::timeout, this, &CPlayer::Step);
-}
+CPlayer::CPlayer(PlayScript script, CPlayStage& stage, CClosing& closing, const QString& shotDirectory,
+                 PlayOutput output)
+    : m_script(std::move(script)), m_context{stage, shotDirectory, output.print}, m_output(std::move(output)),
+      m_closing(closing), m_timer([this] { Step(); }) {}
 
 void CPlayer::Begin() {
-    m_timer.start(kNextLineMs);
+    m_timer.StartOnce(kNextLineMs);
 }
 
 bool CPlayer::Finish() {
     m_returned = true;
-    if (m_phase == Phase::Closing)
+    if (m_closing.HasBegun())
         StopPlaying();
-    if (m_phase == Phase::Playing)
+    if (!m_isOver)
         m_rest.exec();
     return !m_failed;
 }
 
 void CPlayer::Step() {
-    if (m_phase == Phase::Closing)
-        return StepClosing();
-    if (m_phase == Phase::Over)
-        return;
+    if (m_closing.HasBegun())
+        return StopPlaying();
     if (m_next == m_script.actions.size())
         return EndOfScript();
     const PlayAction& action = m_script.actions[m_next];
@@ -59,15 +52,14 @@ void CPlayer::Step() {
     const Judgement judgement = Judge(action);
     if (judgement.step == Judgement::Go)
         return Do(action);
-    const bool patient = m_patience.elapsed() < qint64(action.withinSeconds * 1000);
+    const bool patient = CClock::Current().Now() - m_dueSince < qint64(action.withinSeconds * 1000);
     if (judgement.step == Judgement::Later && patient)
-        return m_timer.start(kLookAgainMs);
+        return m_timer.StartOnce(kLookAgainMs);
     Fail(action.line, judgement.expected, judgement.found);
 }
 
 void CPlayer::Announce(const PlayAction& action) {
     m_announced = true;
-    m_patience.start();
     m_dueSince = CClock::Current().Now();
     m_output.print(QStringLiteral("%1:%2  %3").arg(m_script.name).arg(action.line).arg(action.source));
 }
@@ -75,7 +67,7 @@ void CPlayer::Announce(const PlayAction& action) {
 void CPlayer::Do(const PlayAction& action) {
     ++m_next;
     m_announced = false;
-    m_timer.start(kNextLineMs);
+    m_timer.StartOnce(kNextLineMs);
     ++m_acting;
     const QString error = Act(action, m_context);
     --m_acting;
@@ -131,40 +123,29 @@ void CPlayer::EndOfScript() {
     if (m_returned)
         return StopPlaying();
     m_output.print(QStringLiteral("%1: the script is over, the wizard is closed").arg(m_script.name));
-    StartClosing();
+    Close();
 }
 
 void CPlayer::Fail(int line, const QString& expected, const QString& found) {
-    if (m_phase != Phase::Playing || m_failed)
+    if (m_isOver || m_failed)
         return;
     m_failed = true;
     m_output.complain(QStringLiteral("%1:%2: failed\n  expected: %3\n  there was: %4")
                           .arg(m_script.name)
                           .arg(line)
                           .arg(expected, found));
-    StartClosing();
+    Close();
 }
 
-void CPlayer::StartClosing() {
-    if (m_returned)
-        return StopPlaying();
-    m_phase = Phase::Closing;
-    m_patience.start();
-    m_timer.start(kNextLineMs);
-}
-
-void CPlayer::StepClosing() {
-    m_timer.start(kLookAgainMs);
-    if (m_patience.elapsed() > kClosingMs) {
-        m_output.complain(QStringLiteral("%1: the wizard does not close").arg(m_script.name));
-        std::_Exit(1);
-    }
-    CloseNextWindow();
+void CPlayer::Close() {
+    if (!m_returned)
+        m_closing.Begin();
+    StopPlaying();
 }
 
 void CPlayer::StopPlaying() {
-    m_phase = Phase::Over;
-    m_timer.stop();
+    m_isOver = true;
+    m_timer.Stop();
     m_rest.quit();
 }
 

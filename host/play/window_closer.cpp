@@ -1,6 +1,6 @@
 #include "host/play/window_closer.h"
 
-#include "host/play/front_window.h"
+#include "host/hands/front_window.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -61,6 +61,8 @@ void CClock::WaitForEvents(qint64 milliseconds) {
     }
     const int alarm = SetAlarm(std::max<qint64>(0, milliseconds), [] {});
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    // What has ended the wait may only have been posted. The next wait would handle it and then go on waiting.
+    QCoreApplication::sendPostedEvents();
     ForgetAlarm(alarm);
 }
 
@@ -81,19 +83,35 @@ void CSteppedClock::ForgetAlarm(int alarm) {
     m_alarms.erase(alarm);
 }
 
+void CSteppedClock::Sleep(qint64 milliseconds) {
+    m_now += std::max<qint64>(0, milliseconds);
+    for (auto next = NextAlarm(); next != m_alarms.end() && next->second.due <= m_now; next = NextAlarm())
+        Post(next);
+}
+
 void CSteppedClock::OnIdle() {
     if (&Current() != this)
         return;
+    const auto next = NextAlarm();
+    if (next == m_alarms.end())
+        return;
+    m_now = std::max(m_now, next->second.due);
+    Post(next);
+}
+
+/// The one that is due first among those that are not on their way.
+std::map<int, CSteppedClock::Alarm>::iterator CSteppedClock::NextAlarm() {
     auto next = m_alarms.end();
     for (auto alarm = m_alarms.begin(); alarm != m_alarms.end(); ++alarm)
         if (!alarm->second.posted && (next == m_alarms.end() || alarm->second.due < next->second.due))
             next = alarm;
-    if (next == m_alarms.end())
-        return;
-    m_now = std::max(m_now, next->second.due);
-    next->second.posted = true;
+    return next;
+}
+
+void CSteppedClock::Post(std::map<int, Alarm>::iterator alarm) {
+    alarm->second.posted = true;
     QMetaObject::invokeMethod(
-        &m_receiver, [this, handle = next->first] { GoOff(handle); }, Qt::QueuedConnection);
+        &m_receiver, [this, handle = alarm->first] { GoOff(handle); }, Qt::QueuedConnection);
 }
 
 void CSteppedClock::GoOff(int handle) {

@@ -48,7 +48,8 @@ private:
 };
 
 /// Time that passes only when somebody sleeps, or when the event loop has nothing to do: then it jumps to the next
-/// alarm. Minutes of waiting cost nothing, and a busy machine changes nothing. It needs an event dispatcher that tells
+/// alarm. Alarms that a sleep has passed go off with the next events that are handled. Minutes of waiting cost nothing,
+/// and a busy machine changes nothing. It needs an event dispatcher that tells
 /// truly when it is idle, which the one over GLib does not: QT_NO_GLIB=1 before the application starts.
 class HOSTLIB_EXPORT CSteppedClock : public CClock {
 public:
@@ -56,7 +57,7 @@ public:
     ~CSteppedClock() override;
 
     qint64 Now() override { return m_now; }
-    void Sleep(qint64 milliseconds) override { m_now += milliseconds > 0 ? milliseconds : 0; }
+    void Sleep(qint64 milliseconds) override;
     int SetAlarm(qint64 milliseconds, std::function<void()> wake) override;
     void ForgetAlarm(int alarm) override;
 
@@ -68,6 +69,8 @@ private:
     };
 
     void OnIdle();
+    std::map<int, Alarm>::iterator NextAlarm();
+    void Post(std::map<int, Alarm>::iterator alarm);
     void GoOff(int handle);
 
     qint64 m_now = 0;

@@ -1,31 +1,33 @@
 #include "tests/support/robot.h"
 
+#include "host/hands/front_window.h"
+#include "host/hands/input.h"
+#include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/run_wizard.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDeadlineTimer>
-#include <QLineEdit>
-#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
 namespace krt550 {
+namespace {
+
+/// What the hands could not do is the test's failure.
+void Expect(const QString& error) {
+    EXPECT_TRUE(error.isEmpty()) << error.toStdString();
+}
+
+} // namespace
 
 QWidget* Robot::Front() {
     return QApplication::activeModalWidget();
 }
 
 QWidget* Robot::Find(int id) {
-    if (!Front())
-        return nullptr;
-    const QList<QWidget*> controls = Front()->findChildren<QWidget*>(QString::number(id));
-    for (QWidget* control : controls)
-        if (control->isVisible())
-            return control;
-    return nullptr;
+    return FindControl(Front(), id);
 }
 
 QWidget* Robot::Control(int id) {
@@ -40,35 +42,22 @@ void Robot::Press(int id) {
     if (!control)
         return;
     EXPECT_TRUE(control->isEnabled()) << "control " << id << " is disabled";
-    // The left edge: a check box is as wide as its rectangle, but reacts to its text.
-    QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, control->height() / 2));
+    Expect(Click(control));
 }
 
 void Robot::TypeOnly(int id, const QString& text) {
-    QWidget* edit = Control(id);
-    if (!edit)
-        return;
-    QTest::mouseClick(edit, Qt::LeftButton);
-    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, text);
+    if (QWidget* edit = Control(id))
+        Expect(TypeInto(edit, text));
 }
 
 void Robot::Type(int id, const QString& text) {
-    TypeOnly(id, text);
-    if (QWidget* edit = Find(id))
-        QTest::keyClick(edit, Qt::Key_Tab);
+    if (QWidget* edit = Control(id))
+        Expect(TypeAndLeave(edit, text));
 }
 
 void Robot::Choose(int id, const QString& text) {
-    auto* dropDown = qobject_cast<QComboBox*>(Control(id));
-    if (!dropDown)
-        return;
-    const int wanted = dropDown->findText(text);
-    ASSERT_GE(wanted, 0) << "no choice \"" << text.toStdString() << '"';
-    dropDown->setFocus(Qt::MouseFocusReason);
-    while (dropDown->currentIndex() != wanted)
-        QTest::keyClick(dropDown, dropDown->currentIndex() < wanted ? Qt::Key_Down : Qt::Key_Up);
+    if (auto* dropDown = qobject_cast<QComboBox*>(Control(id)))
+        Expect(PickEntry(dropDown, text));
 }
 
 QString Robot::Text(int id) {
@@ -98,11 +87,13 @@ void Robot::Drain() {
 }
 
 bool Robot::WaitUntil(const std::function<bool()>& condition) {
-    const QDeadlineTimer deadline(5000);
+    CClock& clock = CClock::Current();
+    const qint64 deadline = clock.Now() + 5000;
     while (!condition()) {
-        if (deadline.hasExpired())
+        const qint64 left = deadline - clock.Now();
+        if (left <= 0)
             return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
+        clock.WaitForEvents(left);
     }
     return true;
 }
@@ -110,7 +101,7 @@ bool Robot::WaitUntil(const std::function<bool()>& condition) {
 int RunWizardWith(CHostDrive& drive, const std::function<void()>& script) {
     QTimer::singleShot(0, [&script] {
         // Focus changes are only told to the widgets of an active window.
-        EXPECT_TRUE(QTest::qWaitForWindowActive(Robot::Front()));
+        BringToFront(Robot::Front());
         script();
         for (int windows = 0; Robot::Front() && windows < 10; ++windows)
             Robot::CloseWindow();

@@ -10,7 +10,8 @@ namespace krt550 {
 
 class CHostDrive;
 
-/// Acts on the window in front by control id, as a person would: through real mouse and key events.
+/// Acts on the window in front by control id, with the hands that play the plays (host/hands). What cannot be done fails
+/// the test.
 class Robot {
 public:
     /// The modal window in front; null when there is none.
@@ -35,7 +36,7 @@ public:
     static void CloseWindow();
     /// Dispatches everything that waits.
     static void Drain();
-    /// Dispatches events until the condition holds; false after five seconds.
+    /// Dispatches events until the condition holds; false after five seconds of the current clock.
     static bool WaitUntil(const std::function<bool()>& condition);
 };
 

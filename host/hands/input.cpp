@@ -1,6 +1,6 @@
-#include "host/play/input.h"
+#include "host/hands/input.h"
 
-#include "host/play/front_window.h"
+#include "host/hands/front_window.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -70,7 +70,7 @@ QString Click(QWidget* control) {
     return {};
 }
 
-QString TypeAndLeave(QWidget* field, const QString& text) {
+QString TypeInto(QWidget* field, const QString& text) {
     const QPointer<QWidget> alive(field);
     const QPointer<QWidget> window(field->window());
     ClickAt(field, field->rect().center());
@@ -86,8 +86,16 @@ QString TypeAndLeave(QWidget* field, const QString& text) {
     const auto* edit = qobject_cast<QLineEdit*>(alive.data());
     if (edit && edit->text() != text)
         return QStringLiteral("typed \"%1\", the field shows \"%2\"").arg(text, edit->text());
-    SendKey(alive, Qt::Key_Tab);
     return {};
+}
+
+QString TypeAndLeave(QWidget* field, const QString& text) {
+    const QPointer<QWidget> alive(field);
+    const QPointer<QWidget> window(field->window());
+    const QString error = TypeInto(field, text);
+    if (error.isEmpty() && FrontWindow() == window)
+        SendKey(alive, Qt::Key_Tab);
+    return error;
 }
 
 QString PickEntry(QComboBox* list, const QString& entry) {

@@ -14,7 +14,10 @@ namespace krt550 {
 /// Clicks a control where a person would: check boxes on their box, everything else in the middle.
 QString Click(QWidget* control);
 
-/// Replaces the text of a field by typing, then leaves the field with Tab.
+/// Replaces the text of a field by typing.
+QString TypeInto(QWidget* field, const QString& text);
+
+/// The same, then leaves the field with Tab.
 QString TypeAndLeave(QWidget* field, const QString& text);
 
 /// Opens the list and picks the entry.

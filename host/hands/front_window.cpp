@@ -1,4 +1,4 @@
-#include "host/play/front_window.h"
+#include "host/hands/front_window.h"
 
 #include <QApplication>
 #include <QLabel>

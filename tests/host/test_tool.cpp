@@ -1,0 +1,73 @@
+// The real program, as a person starts it.
+#include "tests/host/tool_run.h"
+
+namespace krt550 {
+namespace {
+
+TEST(Tool, RefusesWrongOptionsAndFilesInOneLine) {
+    const struct {
+        const char* arguments;
+        const char* complaint;
+    } cases[] = {
+        {"--paly x", "paly"},
+        {"x.play", "x.play"},
+        {"--play", "play"},
+        {"--play --log -", "--play needs a value"},
+        {"--log=", "--log needs a value"},
+        {"--help=yes", "help"},
+        {"--speed fast", "--speed \"fast\" is not a number from 1 to 1000"},
+        {"--speed 0", "\"0\" is not a number"},
+        {"--drive tram", "tram"},
+        {"--drive sim:S99", "motor \"S99\""},
+        {"--drive sim,colour=red", "colour"},
+        {"--drive sim,fault=moon", "moon"},
+        {"--drive sim,R=9000", "option R: \"9000\" is not a number from 0.0005 to 60 Ohm"},
+        {"--drive sim,J=heavy", "option J: \"heavy\" is not a number"},
+        {"--wizard-dir ~/none", "/none"},
+        {"--parameters ~/none", "/none"},
+        {"--parameters ~/bad.parameters", "bad.parameters:1: "},
+        {"--module ~/none.so", "none.so"},
+        {"--module ~/good.play", "good.play"},
+        {"--module " KRT550_NO_MODULE, "has no function RunWizard"},
+        {"--play ~/none.play", "none.play"},
+        {"--play ~/bad.play", "bad.play:2: \"sideways\""},
+        {"--play=~/good.play --log ~/none/log", "none/log"},
+    };
+    for (const auto& c : cases) {
+        ToolRun tool;
+        tool.Write(QStringLiteral("bad.parameters"), QStringLiteral("nonsense\n"));
+        tool.Write(QStringLiteral("bad.play"), QStringLiteral("start\npress sideways\n"));
+        tool.Write(QStringLiteral("good.play"), QStringLiteral("start\n"));
+        EXPECT_EQ(tool.Run(QLatin1String(c.arguments)), 2) << c.arguments;
+        EXPECT_TRUE(tool.errors.startsWith(QLatin1String("krt550tool: "))) << c.arguments;
+        EXPECT_TRUE(tool.errors.contains(QString::fromUtf8(c.complaint)))
+            << c.arguments << ": " << tool.errors.toStdString();
+        EXPECT_EQ(tool.errors.count(QLatin1Char('\n')), 1) << c.arguments << ": " << tool.errors.toStdString();
+    }
+}
+
+TEST(Tool, NeedsNoDisplayForHelpAndPlays) {
+    ToolRun tool;
+    for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        tool.DropVariable(variable);
+    EXPECT_EQ(tool.Run({}), 1);
+    EXPECT_TRUE(tool.errors.contains(QLatin1String("there is no display"))) << tool.errors.toStdString();
+    EXPECT_EQ(tool.Play(QStringLiteral("expect page 107\n")), 0) << tool.errors.toStdString();
+    tool.output.clear();
+    EXPECT_EQ(tool.Run(QStringLiteral("--help")), 0);
+    for (const char* word : {"--drive", "--wizard-dir", "--parameters", "--module", "--play", "--log", "--shots",
+                             "--speed", "--version", "sim:S1", "missing:", "press CONTROL", "wait CONDITION"})
+        EXPECT_TRUE(tool.output.contains(QLatin1String(word))) << word;
+}
+
+TEST(Tool, ConnectsTheDriveThatIsAskedForAndLogsItsCalls) {
+    ToolRun tool;
+    EXPECT_EQ(tool.Play(QStringLiteral("start\nanswer ok\n"), QStringLiteral("--drive sim,fault=missing:3016 --log -")),
+              0)
+        << tool.errors.toStdString();
+    EXPECT_TRUE(tool.output.contains(QLatin1String("\tReadWord\t9902\t240\tok\n"))) << tool.output.toStdString();
+    EXPECT_TRUE(tool.output.contains(QLatin1String("# time\tcall\tregister\tvalue\toutcome\n")));
+}
+
+} // namespace
+} // namespace krt550
