@@ -190,7 +190,7 @@ TEST_P(Autotuning, EndsWhenTheServiceModeCannotBeWritten) {
             m_boxes.Expect(refused); // reading the fault record ends the mode too
         m_drive.faultBufferError = 0;
         Robot::Press(kStartRun);
-        EXPECT_EQ(m_drive.TakeLog(), Permission() + QStringList{Launch()[0]} + EndMode() + Report());
+        EXPECT_EQ(m_drive.TakeLog(), Permission() + QStringList{Launch()[0]} + EndMode() + QStringList{"read 9906"} + Report());
         ExpectIdle();
         m_drive.unwritable.clear();
     });

@@ -200,7 +200,7 @@ TEST_F(SpeedFeedback, FailuresStopTheMotorBeforeTheyAreTold) {
          [&] { m_drive.unwritable = {9906}; },
          {"Writing parameter 99.06 Service mode" + failed, FailureText("No message"),
           "Writing parameter 99.06 Service mode" + failed},
-         kPermission + QStringList{"write 9906=5"} + EndMode() + report,
+         kPermission + QStringList{"write 9906=5"} + EndMode() + QStringList{"read 9906"} + report,
          false},
         {"diagnosis",
          [&] { m_drive.outcome = 71; },

@@ -7,6 +7,7 @@
 #include "wizard/motor/motor_run.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
+#include "wizard/platform/focus.h"
 #include "wizard/platform/resources.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/shell/sheet_wizard.h"
@@ -91,6 +92,7 @@ void CAutotuningPage::OnButtonStart() {
         run.emplace(*drive, m_serviceMode);
     if (!ShowMessageBox(LoadText(variant.confirmation), MessageIcon::Exclamation, MessageButtons::OkCancel))
         return;
+    const CFocusReturn focus(GetDlgItem(kIdAutotuningStart));
     EnableControl(GetDlgItem(kIdAutotuningStart), false);
     // Reading the fault record ends the drive's service mode: not while it runs.
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);

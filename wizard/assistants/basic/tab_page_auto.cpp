@@ -10,6 +10,7 @@
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
+#include "wizard/platform/focus.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
 #include "wizard/resources/control_ids.h"
@@ -122,6 +123,7 @@ void CTabPageAuto::OnButtonStart() {
             WriteParameter(m_serviceMode);
         return;
     }
+    const CFocusReturn focus(GetDlgItem(kIdAutotuningStart));
     EnableControl(GetDlgItem(kIdAutotuningStart), false);
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
     const Ending ending = RunTest(run);
