@@ -2,8 +2,10 @@
 
 #include "hostlib/tolvbo32/clock.h"
 #include "wizard/motor/make_safe.h"
+#include "wizard/resources/control_ids.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 
@@ -84,6 +86,10 @@ BoxClerk::BoxClerk(WatchedDrive& drive) : m_drive(drive) {
 }
 
 bool BoxClerk::eventFilter(QObject* watched, QEvent* event) {
+    const auto* notice = qobject_cast<QLabel*>(watched);
+    if (notice && event->type() == QEvent::Paint && notice->objectName().toInt() == kIdNotice &&
+        !notice->text().isEmpty() && !texts.contains(notice->text()))
+        texts.append(notice->text());
     auto* box = qobject_cast<QMessageBox*>(watched);
     if (!box || event->type() != QEvent::Show)
         return false;

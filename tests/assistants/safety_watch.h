@@ -37,7 +37,7 @@ private:
     int m_looksLeft = -1;  ///< until the motor stands, once it was told to stop
 };
 
-/// Answers every message box with OK after a while, tells the drive of it and remembers the texts.
+/// Answers every message box with OK after a while, tells the drive of it and remembers the texts, those of notices too.
 class BoxClerk : public QObject {
 public:
     explicit BoxClerk(WatchedDrive& drive);

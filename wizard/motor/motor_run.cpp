@@ -124,6 +124,12 @@ bool CMotorRun::Read(CParameter* parameter) {
     return read;
 }
 
+void CMotorRun::TellAtOnce(BoxHold::Tell tell) {
+    m_tell = std::move(tell);
+    if (m_hold)
+        m_hold.emplace(m_tell);
+}
+
 void CMotorRun::GoLive() {
     GetMotorState().mayTurn = true;
     if (!m_hold)

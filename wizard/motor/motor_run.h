@@ -30,9 +30,9 @@ public:
     CMotorRun(const CMotorRun&) = delete;
     CMotorRun& operator=(const CMotorRun&) = delete;
 
-    /// From the next start on `tell` gets the texts of boxes that would have been shown while the motor may turn; without
-    /// it they are shown once it stands.
-    void TellAtOnce(BoxHold::Tell tell) { m_tell = std::move(tell); }
+    /// From now on `tell` gets the texts of boxes that would have been shown while the motor may turn; without it they are
+    /// shown once it stands.
+    void TellAtOnce(BoxHold::Tell tell);
 
     bool IsWanted();
     /// Lets time pass in the event loop; false as soon as the run is not wanted any more.

@@ -1,5 +1,6 @@
 #include "wizard/shell/wizard_tab_page.h"
 
+#include "wizard/motor/make_safe.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/failure_pass.h"
 #include "wizard/platform/tool_tip.h"
@@ -25,6 +26,10 @@ bool CWizardTabPage::OnInitDialog() {
         if (auto* button = qobject_cast<QPushButton*>(control))
             button->setAutoDefault(false);
     return true;
+}
+
+bool CWizardTabPage::OnKillActive() {
+    return !IsMotorStopping() && CPropertyPage::OnKillActive();
 }
 
 bool CWizardTabPage::OnSetActive() {

@@ -33,6 +33,8 @@ public:
 protected:
     bool OnInitDialog() override;
     bool OnSetActive() override;
+    /// While a stop waits to be confirmed the link is its alone: another tab would read its rows.
+    bool OnKillActive() override;
 
     CParameterGroup* GetParameterRoot() const { return m_root; }
     CSheetWizard* GetSheet() const { return m_sheet; }

@@ -148,12 +148,12 @@ Ending CTabPageAuto::OfferFineTuning(CMotorRun& run, bool good) {
 
 Ending CTabPageAuto::RunFineTuning(CMotorRun& run, bool good) {
     EnableControl(GetRows().GetValueControl(kFeedbackRow), false);
-    run.TellAtOnce([this](const QString& text) { m_page.ShowNotice(text); });
     if (!run.Start(kTachoMode, kTachoSettleMs)) {
         run.MakeSafe(ServiceModeEnd::First);
         return FailedOrAborted(run);
     }
     m_phase = Phase::Tuning;
+    run.TellAtOnce([this](const QString& text) { m_page.ShowNotice(text); });
     ShowStartAs(kFinishCaption);
     const auto startAgain = qScopeGuard([this] { ShowStartAs(kStartCaption); });
     EnableControl(GetDlgItem(kIdAutotuningStart), true);
