@@ -88,13 +88,13 @@ TEST_F(NamePlateData, ChecksAnEditWhenItLosesTheFocus) {
         Robot::Press(kApply);
         EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList());
         // Straight from the edit to Apply: one report, not one for the focus and one for the button. The focus is
-        // judged a little after the click, so that there is something to wait for.
+        // judged when the click is over.
         m_boxes.Expect("For parameter 9902 given value was invalid.\nPlease input valid value.");
         Robot::TypeOnly(ValueId(9902), "8888");
         QWidget* apply = Robot::Control(kApply);
         QWindow* window = apply->window()->windowHandle();
         QTest::mouseClick(window, Qt::LeftButton, {}, apply->mapTo(apply->window(), apply->rect().center()));
-        QTest::qWait(60);
+        Robot::Drain();
         m_boxes.Verify();
         EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList());
     });

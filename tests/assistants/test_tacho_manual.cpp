@@ -1,6 +1,7 @@
 // Step 5: the tab to turn the motor by hand.
 #include "tests/assistants/speed_feedback_fixture.h"
 
+#include "wizard/platform/window.h"
 #include "wizard/shell/strip_bitmap_button.h"
 
 #include <QTabBar>
@@ -62,6 +63,31 @@ TEST_F(TachoManual, TurnsTheMotorWhileLocalControlIsHeld) {
         Robot::Press(kIdLocalOrRemote);
         EXPECT_EQ(Calls(), QStringList({"refresh"}) + Stop() + QStringList({"refresh"}));
         ExpectDriveButtons(false);
+    });
+}
+
+// Asking whether to take control takes time, in which the tab looks after a control that nobody has yet; once it is held
+// and another place takes the drive, nothing may be pressed that has no effect.
+TEST_F(TachoManual, LooksAfterLocalControlOnlyWhileItIsHeld) {
+    OnTab([&] {
+        CWindow* tab = CWindow::OwnerOf(Robot::Control(kIdLocalOrRemote));
+        m_boxes.Expect(kWarning).Then([&](QMessageBox&) {
+            tab->SetTimer(5, 10);
+            m_clock.WaitForEvents(10);
+        });
+        Robot::Press(kIdLocalOrRemote);
+        ExpectDriveButtons(true);
+        EXPECT_EQ(Robot::Text(kIdNotice), "");
+        m_drive.localControl = false;
+        m_clock.WaitForEvents(10);
+        Robot::Drain();
+        ExpectDriveButtons(false);
+        EXPECT_EQ(Robot::Text(kIdNotice), "Local control was lost: another control place has taken the drive.");
+        Robot::Type(kIdReference, "abc");
+        m_drive.fails = [](const QString& call) { return call.startsWith("set reference"); };
+        Robot::Press(kIdSetNewReference);
+        EXPECT_EQ(Robot::Text(kIdNotice), "The drive did not take the speed reference \"abc\".");
+        m_drive.fails = {};
     });
 }
 

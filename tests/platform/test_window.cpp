@@ -89,7 +89,7 @@ TEST_F(Window, TellsOfAChoiceOnlyWhenItDiffers) {
     const auto choose = [&](int index) {
         list.showPopup();
         QAbstractItemView* view = list.view();
-        QTest::qWait(0);
+        QCoreApplication::processEvents();
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
                           view->visualRect(list.model()->index(index, 0)).center());
     };
@@ -176,7 +176,7 @@ TEST_F(Window, SaysNothingOfAFocusThatIsBackAfterTheClick) {
     QWidget* button = m_dialog.GetDlgItem(TestResources::kButton);
     m_dialog.Handle(TestResources::kButton, ControlEvent::Clicked, [this] { Edit().setFocus(); });
     QTest::mouseClick(button, Qt::LeftButton);
-    QTest::qWait(50);
+    QCoreApplication::processEvents();
     EXPECT_EQ(m_dialog.TakeEvents(), "");
 }
 

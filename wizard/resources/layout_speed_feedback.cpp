@@ -105,7 +105,7 @@ DialogLayout SpeedFeedbackLayout() {
     }
     layout.Add({.id = kIdNotice,
                 .kind = ControlKind::WrappedText,
-                .rect = {columns.minimum + kShift, kShownTop + 8, columns.maximum + columns.limitWidth - columns.minimum, 36},
+                .rect = {columns.minimum + kShift, kShownTop + 11, columns.maximum + columns.limitWidth - columns.minimum, 33},
                 .bold = true});
     return layout.BottomRow(true).Take();
 }

@@ -204,7 +204,8 @@ void CTabPageTachoManual::TakeControl(CHostDrive& drive) {
 /// Another control place may have taken the drive.
 void CTabPageTachoManual::LookAfterControl() {
     CHostDrive* drive = m_page.GetHostDrive();
-    if (!m_run || !drive || !drive->RefreshState() || drive->IsLocalControlActive())
+    // Not yet while the question about it is open.
+    if (!m_run || !IsMotorUnderControl() || !drive || !drive->RefreshState() || drive->IsLocalControlActive())
         return;
     GiveUpControl();
     Refused(kControlLost);
