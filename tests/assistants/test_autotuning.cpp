@@ -6,7 +6,9 @@
 #include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/row_ids.h"
 
+#include <QApplication>
 #include <QProgressBar>
+#include <QTest>
 
 namespace krt550 {
 namespace {
@@ -252,7 +254,7 @@ TEST_P(Autotuning, EndsAfter5001CyclesWithoutAnEnd) {
     });
 }
 
-// Cancel, the close button and the end of the application, in the middle of a run.
+// Cancel, Escape, the close button and the end of the application, in the middle of a run.
 TEST_P(Autotuning, CanBeAbortedAtAnyMoment) {
     struct {
         const char* name;
@@ -260,6 +262,12 @@ TEST_P(Autotuning, CanBeAbortedAtAnyMoment) {
         int layoutAfter;
     } const ways[] = {
         {"cancel", [] { QMetaObject::invokeMethod(Robot::Control(kCancel), "click", Qt::QueuedConnection); }, 107},
+        {"escape",
+         [] {
+             QMetaObject::invokeMethod(
+                 qApp, [] { QTest::keyClick(Robot::Front()->focusWidget(), Qt::Key_Escape); }, Qt::QueuedConnection);
+         },
+         107},
         {"close", [] { QMetaObject::invokeMethod(Robot::Front(), "close", Qt::QueuedConnection); }, 0},
         {"end of the application", EndApplication, 0},
     };

@@ -125,6 +125,60 @@ TEST_F(SpeedFeedback, FineTuningTakesTheHandHeldSpeedUntilFinish) {
     });
 }
 
+// The motor takes its time to stand; somebody presses Finish again meanwhile, or Cancel, which has the last word.
+TEST_F(SpeedFeedback, FinishIsOneAlsoWhileTheMotorRunsDown) {
+    for (const int pressed : {int(kIdAutotuningStart), kCancel}) {
+        const bool cancelled = pressed == kCancel;
+        SetStepState(5, StepState::NotChosen);
+        OnPage([&] {
+            int looksLeft = -1;
+            m_drive.onCall = [&](const QString& call) {
+                if (call == "refresh" && looksLeft > 0) {
+                    m_drive.statusWord = --looksLeft > 0 ? 0 : kStatusStopped;
+                    if (looksLeft == 2)
+                        QTimer::singleShot(0, qApp, [&] { Robot::Press(pressed); });
+                }
+            };
+            m_drive.onTuning = [&](int look) {
+                if (look != 2)
+                    return;
+                looksLeft = 4;
+                if (!cancelled)
+                    m_boxes.Expect(kFinished);
+                QTimer::singleShot(0, qApp, [] { Robot::Press(kIdAutotuningStart); });
+            };
+            FineTune();
+            Robot::Drain();
+            m_boxes.Verify();
+            EXPECT_EQ(Robot::Layout(), cancelled ? 107 : 110);
+            EXPECT_EQ(IsDone(), !cancelled);
+            ExpectSafe();
+            m_drive.onTuning = nullptr;
+            m_drive.onCall = nullptr;
+        });
+    }
+}
+
+TEST_F(SpeedFeedback, TachoModeSettlesForASecondBeforeTheMotorStarts) {
+    OnPage([&] {
+        qint64 written = 0;
+        qint64 started = 0;
+        m_drive.onCall = [&](const QString& call) {
+            if (call == "write 9906=14")
+                written = m_clock.Now();
+            if (call == "start motor")
+                started = m_clock.Now();
+        };
+        m_drive.tuningAt = 101; // the drive ends it at once
+        m_drive.found = 2;
+        for (const QString& box : {kRunsUp, kOffer, kInstructions, kFinished})
+            m_boxes.Expect(box);
+        Robot::Press(kIdAutotuningStart);
+        EXPECT_EQ(started - written, 1000);
+        m_drive.onCall = nullptr;
+    });
+}
+
 TEST_F(SpeedFeedback, FineTuningEndsByEveryWayOffThePage) {
     const struct {
         const char* name;

@@ -51,6 +51,29 @@ TEST_F(PageBase, MakesTheDriveSafeOnEveryWayOut) {
     }
 }
 
+// Whoever has typed something and not applied it is asked before it is lost.
+TEST_F(PageBase, AsksBeforeWhatWasTypedIsLost) {
+    const QString question = "Values that were typed have not been applied.\nClose the wizard without them?";
+    Run([&] {
+        Robot::Press(kStart);
+        Robot::TypeOnly(29904, "1000");
+        m_boxes.Expect(question, Answer::Cancel);
+        QTest::keyClick(Robot::Front(), Qt::Key_Escape);
+        EXPECT_EQ(Robot::Text(29904), "1000");
+        Robot::Press(kApply);
+        QTest::keyClick(Robot::Front(), Qt::Key_Escape);
+        EXPECT_EQ(Robot::Front(), nullptr) << "nothing is lost any more";
+    });
+    Run([&] {
+        Robot::Press(kStart);
+        Robot::TypeOnly(29904, "1100");
+        m_boxes.Expect(question);
+        QTest::keyClick(Robot::Front(), Qt::Key_Escape);
+        EXPECT_EQ(Robot::Front(), nullptr);
+    });
+    EXPECT_EQ(m_drive.words[9904], 1000);
+}
+
 TEST_F(PageBase, ResetsAFaultFromEveryPage) {
     Run([this] {
         m_drive.TakeLog();
