@@ -294,17 +294,6 @@ TEST_P(Autotuning, CanBeAbortedAtAnyMoment) {
     }
 }
 
-TEST_P(Autotuning, RunsASecondTime) {
-    OnPage([this] {
-        for (int run = 0; run < 2; ++run) {
-            m_boxes.Expect(GetParam().confirmation);
-            m_boxes.Expect(GetParam().success);
-            Robot::Press(kStartRun);
-        }
-        ExpectIdle();
-    });
-}
-
 INSTANTIATE_TEST_SUITE_P(Steps, Autotuning, testing::ValuesIn(kPages),
                          [](const auto& page) { return "Step" + std::to_string(page.param.page); });
 

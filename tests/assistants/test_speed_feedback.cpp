@@ -210,26 +210,6 @@ TEST_F(SpeedFeedback, FineTuningEndsByEveryWayOffThePage) {
     }
 }
 
-TEST_F(SpeedFeedback, AbortStopsTheMotorAndSaysNothing) {
-    for (const bool close : {false, true}) {
-        OnPage([&] {
-            m_drive.goal = 50;
-            m_boxes.Expect(kRunsUp);
-            m_drive.onLook = [&](int look) {
-                if (look == 3)
-                    QTimer::singleShot(0, qApp, [close] { close ? Robot::CloseWindow() : Robot::Press(kCancel); });
-            };
-            Robot::Press(kIdAutotuningStart);
-            const QStringList calls = Calls();
-            EXPECT_EQ(calls.mid(0, 14), kPermission + kLaunch + kLooks);
-            EXPECT_TRUE(calls.contains("write 9906=0"));
-            EXPECT_EQ(calls.count("start motor"), 1);
-            ExpectSafe();
-        });
-        EXPECT_FALSE(IsDone());
-    }
-}
-
 TEST_F(SpeedFeedback, CancelInTheConfirmationEndsTheServiceMode) {
     OnPage([&] {
         m_boxes.Expect(kRunsUp, Answer::Cancel);

@@ -139,26 +139,6 @@ TEST_F(TachoManual, WritesItsRowsAndShowsTheTachosSpeed) {
     });
 }
 
-TEST_F(TachoManual, EveryWayOutStopsTheMotorAndGivesControlBack) {
-    const std::pair<const char*, std::function<void()>> ways[] = {
-        {"other tab", [] { ShowTab(0); }},       {"next", [] { Robot::Press(kNext); }},
-        {"back", [] { Robot::Press(kBack); }},   {"cancel", [] { Robot::Press(kCancel); }},
-        {"close", [] { Robot::CloseWindow(); }},
-    };
-    for (const auto& [name, leave] : ways) {
-        OnTab([&, &leave = leave, &name = name] {
-            TakeLocal();
-            Robot::Press(kIdCloseContactor);
-            Robot::Press(kIdStartMotor);
-            Calls();
-            leave();
-            const QStringList calls = m_drive.TakeLog({"stop motor", "open", "release"});
-            EXPECT_EQ(calls.mid(0, 3), QStringList({"stop motor", "open contactor", "release local control"})) << name;
-        });
-        ExpectSafe();
-    }
-}
-
 TEST(TachoManualWithout, ARangeHidesItsDisplay) {
     class Drive : public FakeDrive {
     public:

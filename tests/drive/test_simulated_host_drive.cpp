@@ -33,17 +33,6 @@ protected:
     QByteArray m_record;
 };
 
-TEST_F(SimulatedHostDriveTest, IsACompleteHostDrive) {
-    EXPECT_EQ(m_host.GetDriveInfo()->GetWizardPath().toStdString(), "C:\\Wizard\\KRT550Wizard");
-    ASSERT_TRUE(m_host.GetDriveTexts());
-    EXPECT_FALSE(m_host.GetParameterRoot(nullptr));
-    CParameter* mode = Find("9906");
-    ASSERT_TRUE(mode);
-    ASSERT_TRUE(mode->SetValue(QStringLiteral("Field")));
-    ASSERT_TRUE(mode->WriteToDrive(0));
-    EXPECT_EQ(m_host.GetDrive().GetRegisters().GetWord(reg::kServiceMode), 2);
-}
-
 TEST_F(SimulatedHostDriveTest, StateIsWhatTheDriveAnsweredLast) {
     EXPECT_EQ(m_host.GetStatusWord(), kStatusStopped);
     ASSERT_TRUE(m_host.TakeLocalControl());

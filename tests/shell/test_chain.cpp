@@ -71,14 +71,6 @@ TEST_F(Chain, HasSeventeenTitledPagesAndNoLinksAtFirst) {
     EXPECT_EQ(Walk(), "0 none");
 }
 
-TEST_F(Chain, LinksBasicCommissioning) {
-    m_sheet.StartBasicCommissioning();
-    EXPECT_EQ(Walk(), "0 1 2 3 4 5 6 7 end");
-    EXPECT_EQ(Digits(), "2222222");
-    EXPECT_EQ(m_sheet.GetWizardPage(0)->GetStepNumber(), 0);
-    EXPECT_EQ(m_sheet.GetWizardPage(7)->GetStepNumber(), 7);
-}
-
 TEST_F(Chain, LinksChosenPagesInTheListsOrder) {
     struct {
         std::vector<quint16> pages;

@@ -74,19 +74,5 @@ TEST_F(Module, KeepsStepStatesFromOneRunToTheNext) {
     });
 }
 
-TEST_F(Module, LivesWithoutAParameterRoot) {
-    m_drive.hasRoot = false;
-    Run([this] {
-        Robot::Press(kStart);
-        EXPECT_EQ(Robot::Layout(), 100);
-        EXPECT_EQ(Robot::Text(29902), "");
-        EXPECT_EQ(m_drive.TakeLog({"read"}), QStringList());
-        m_drive.hasRoot = true;
-        Robot::Press(kNext);
-        Robot::Press(kBack);
-        EXPECT_EQ(Robot::Text(29902), "5") << "the next activation tries again";
-    });
-}
-
 } // namespace
 } // namespace krt550

@@ -96,7 +96,10 @@ void CAutotuningPage::OnButtonStart() {
     EnableControl(GetDlgItem(kIdAutotuningStart), false);
     // Reading the fault record ends the drive's service mode: not while it runs.
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
-    const Ending ending = run ? RunAutotuning(*run) : Ending::Failed;
+    Ending ending = run ? RunAutotuning(*run) : Ending::Failed;
+    // A box about what could not be read may have been the last that somebody wanted to see.
+    if (run && !run->IsWanted())
+        ending = Ending::Aborted;
     run.reset();
     if (ending == Ending::Failed)
         ReportFailure();
@@ -106,7 +109,7 @@ void CAutotuningPage::OnButtonStart() {
 }
 
 void CAutotuningPage::ReportFailure() {
-    ShowRunFailure(GetPageParameterRoot(GetSheet()));
+    ShowRunFailure(GetSheet());
     QWidget* diagnosis = GetDlgItem(kIdAutotuningDiagnosis);
     if (m_definition.variant.readsFaultRecord)
         ReadFaultAfterRun(GetDrive(), diagnosis);

@@ -9,6 +9,7 @@
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
+#include "wizard/shell/sheet_wizard.h"
 #include "wizard/texts/wizard_text_store.h"
 
 namespace krt550 {
@@ -46,10 +47,11 @@ Ending FailedOrAborted(CMotorRun& run) {
     return run.IsWanted() ? Ending::Failed : Ending::Aborted;
 }
 
-void ShowRunFailure(CParameterGroup* root) {
+void ShowRunFailure(const CSheetWizard* sheet) {
     QString text;
-    GetDiagnosisText(root, kFailureText, text);
-    ShowMessageBox(text, MessageIcon::Stop);
+    GetDiagnosisText(GetPageParameterRoot(sheet), kFailureText, text);
+    if (!sheet || !sheet->IsClosing())
+        ShowMessageBox(text, MessageIcon::Stop);
 }
 
 void ReadFaultAfterRun(CHostDrive* drive, QWidget* diagnosisButton) {

@@ -9,6 +9,7 @@ namespace krt550 {
 class CHostDrive;
 class CMotorRun;
 class CParameterGroup;
+class CSheetWizard;
 enum class MessageIcon;
 
 // What the autotuning runs and the speed feedback test have in common.
@@ -29,8 +30,8 @@ bool AskPermission(CMotorRun& run);
 /// Failed, or Aborted when nobody wants the run any more.
 Ending FailedOrAborted(CMotorRun& run);
 
-/// Shows why a run failed, in the drive's words.
-void ShowRunFailure(CParameterGroup* root);
+/// Shows why a run failed, in the drive's words; not when asking the drive has made somebody close the wizard.
+void ShowRunFailure(const CSheetWizard* sheet);
 
 /// Reads the fault record and enables the Diagnosis button when it holds an active fault.
 void ReadFaultAfterRun(CHostDrive* drive, QWidget* diagnosisButton);

@@ -130,8 +130,8 @@ void CTabPageAuto::OnButtonStart() {
     run.MakeSafe(ServiceModeEnd::First); // does nothing unless the run was left in the middle
     // The timer may have enabled it on the way.
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
-    if (ending == Ending::Failed) {
-        ShowRunFailure(GetParameterRoot());
+    if (ending == Ending::Failed && run.IsWanted()) {
+        ShowRunFailure(GetSheet());
         ReadFaultAfterRun(m_page.GetHostDrive(), GetDlgItem(kIdAutotuningDiagnosis));
     }
     if (run.IsWanted())
