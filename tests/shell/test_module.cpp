@@ -16,7 +16,7 @@ using Module = WizardFixture;
 
 TEST_F(Module, ExportsRunWizardAndNothingElse) {
     QProcess nm;
-    nm.start("nm", {"-D", "--defined-only", KRT550_MODULE});
+    nm.start("nm", {"-D", "-g", "--defined-only", KRT550_MODULE});
     ASSERT_TRUE(nm.waitForFinished());
     ASSERT_EQ(nm.exitCode(), 0) << nm.readAllStandardError().toStdString();
     QStringList symbols;

@@ -151,17 +151,17 @@ void CTabPageTachoManual::StartMotor() {
 
 // A stop that is refused takes the way out, which repeats it.
 void CTabPageTachoManual::StopMotor() {
-    if (m_run && !m_run->StopMotor())
-        m_run->MakeSafe(ServiceModeEnd::Over, true);
+    if (const auto run = m_run; run && !run->StopMotor())
+        run->MakeSafe(ServiceModeEnd::Over, true);
 }
 
 void CTabPageTachoManual::OpenContactor() {
-    if (m_run && !m_run->OpenContactor())
-        m_run->MakeSafe(ServiceModeEnd::Over, true);
+    if (const auto run = m_run; run && !run->OpenContactor())
+        run->MakeSafe(ServiceModeEnd::Over, true);
 }
 
 void CTabPageTachoManual::GiveUpControl() {
-    if (const std::unique_ptr<CMotorRun> run = std::move(m_run)) {
+    if (const std::shared_ptr<CMotorRun> run = std::move(m_run)) {
         run->Abort();
         run->MakeSafe(ServiceModeEnd::Over);
         EnableDriveButtons(false);
@@ -192,7 +192,7 @@ void CTabPageTachoManual::ToggleLocalControl() {
 }
 
 void CTabPageTachoManual::TakeControl(CHostDrive& drive) {
-    m_run = std::make_unique<CMotorRun>(drive, nullptr);
+    m_run = std::make_shared<CMotorRun>(drive, nullptr);
     m_run->TellAtOnce([this](const QString& text) { m_page.ShowNotice(text); });
     const bool accepted = ShowMessageBox(LoadText(kWarning), MessageIcon::Exclamation, MessageButtons::OkCancel);
     if (accepted && m_run)

@@ -48,7 +48,7 @@ private:
     void StepAdjustment(bool up);
 
     CSpeedFeedbackOwner& m_page;
-    std::unique_ptr<CMotorRun> m_run; ///< while local control is held
+    std::shared_ptr<CMotorRun> m_run; ///< while local control is held; outlived by a way out that is on the stack
     int m_updateTimer = 0;
 };
 
