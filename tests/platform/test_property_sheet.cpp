@@ -68,8 +68,11 @@ TEST_F(PropertySheet, RunsThePagesHooksInOrder) {
         EXPECT_FALSE(m_sheet.SetActivePage(1));
         EXPECT_EQ(TakeLog(), "A kill; ");
         EXPECT_EQ(m_sheet.GetActivePage(), &m_first);
+        m_first.staysInFront = false;
+        m_sheet.SetActivePage(1);
+        TakeLog();
         m_sheet.EndDialog(8);
-        EXPECT_EQ(TakeLog(), "A destroy; B destroy; ") << "at once, not when the loop returns";
+        EXPECT_EQ(TakeLog(), "B destroy; A destroy; ") << "at once, and the page in front first: its run has to end";
         m_sheet.EndDialog(9);
         EXPECT_FALSE(m_sheet.SetActivePage(1)) << "a closing sheet shows no page again";
         EXPECT_EQ(TakeLog(), "");
