@@ -56,7 +56,9 @@ private:
     CClock& m_clock = CClock::Current();
     qint64 m_begin = m_clock.Now();
     qint64 m_answered = m_begin; ///< when the drive took stop and state the last time
-    bool m_stopTaken = false;
+    bool m_stopTaken = false; ///< the last one
+    bool m_everTaken = false;
+    int m_standing = 0; ///< looks in a row that found the motor at a standstill
     bool m_opened = false;
     bool m_refreshed = false;
     bool m_isOurs = true; ///< the drive has not said that somebody else has it
@@ -75,6 +77,7 @@ bool CStop::IsNeeded(const WayOut& way) {
 
 void CStop::CommandStop() {
     m_stopTaken = m_drive.StopMotor();
+    m_everTaken = m_everTaken || m_stopTaken;
     m_opened = m_drive.OpenContactor();
 }
 
@@ -85,7 +88,9 @@ bool CStop::Stands() {
     if (!m_refreshed)
         return false;
     m_isOurs = m_drive.IsLocalControlActive();
-    return !m_isOurs || (m_drive.GetStatusWord() & kStatusStopped) != 0;
+    m_standing = (m_drive.GetStatusWord() & kStatusStopped) != 0 ? m_standing + 1 : 0;
+    // A motor that was told to start a moment ago stands, too: while the drive refuses the stop that is no standstill yet.
+    return !m_isOurs || (m_everTaken ? m_standing > 0 : m_standing >= kTries);
 }
 
 bool CStop::IsGivenUp() const {
