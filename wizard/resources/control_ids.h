@@ -13,6 +13,11 @@ enum ControlId : int {
     kIdStepsDoneGroup = 60001,
     kIdPageTitle = 60002,
     kIdStepsDoneLabel = 163,
+    // Of the macro assistant.
+    kIdView = 60041, ///< the basic or the advanced view
+    kIdMacroDescriptionLabel = 60042,
+    kIdMacroDescription = 60043,
+    kIdFirstDependentRow = 61500, ///< label of the first row; the next row is 10 further
     // Of the autotuning pages.
     kIdAutotuningLabel = 60201,
     kIdAutotuningStart = 60202,
@@ -49,6 +54,9 @@ enum ControlId : int {
 /// From the label of one of the values that the speed feedback assistant shows to its value and its unit.
 inline constexpr int kShownValue = 1;
 inline constexpr int kShownUnit = 2;
+
+/// Rows of the macro assistant for the parameters that depend on the macro.
+inline constexpr int kDependentRows = 6;
 
 /// Ids of the digits of steps 1 to 7, in order.
 inline constexpr int kStepIconIds[7] = {151, 152, 157, 153, 154, 155, 156};

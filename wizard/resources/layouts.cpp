@@ -20,16 +20,26 @@ struct FullLayout {
 };
 
 constexpr FullLayout kFullLayouts[] = {
-    {100, NamePlateLayout},           {103, FieldCurrentLayout},     {104, ArmatureLayout},
-    {107, StartPageLayout},           {110, SpeedFeedbackLayout},    {111, SpeedControllerLayout},
-    {112, FieldWeakeningLayout},      {122, DiagnosisLayout},        {10056, SpeedGeneralTabLayout},
-    {10057, SpeedFiltersTabLayout},   {10058, SpeedLimitsTabLayout}, {10062, TachoManualLayout},
+    {100, NamePlateLayout},
+    {101, MacroLayout},
+    {134, TerminalsLayout},
+    {103, FieldCurrentLayout},
+    {104, ArmatureLayout},
+    {107, StartPageLayout},
+    {110, SpeedFeedbackLayout},
+    {111, SpeedControllerLayout},
+    {112, FieldWeakeningLayout},
+    {122, DiagnosisLayout},
+    {10056, SpeedGeneralTabLayout},
+    {10057, SpeedFiltersTabLayout},
+    {10058, SpeedLimitsTabLayout},
+    {10062, TachoManualLayout},
     {10063, SpeedFeedbackAutoLayout},
 };
 
 constexpr PlainPage kPlainPages[] = {
-    {101, 37, true},   {133, 264, false}, {134, 274, false}, {135, 271, false}, {136, 278, false},
-    {137, 282, false}, {138, 286, false}, {139, 292, false}, {146, 298, false}, {147, 303, false},
+    {133, 264, false}, {135, 271, false}, {136, 278, false}, {137, 282, false},
+    {138, 286, false}, {139, 292, false}, {146, 298, false}, {147, 303, false},
 };
 
 DialogLayout PlainLayout(const PlainPage& page) {

@@ -8,6 +8,7 @@ namespace krt550 {
 
 /// One function for each dialog layout that is more than its bottom row.
 DialogLayout NamePlateLayout();       ///< 100
+DialogLayout MacroLayout();           ///< 101
 DialogLayout FieldCurrentLayout();    ///< 103
 DialogLayout ArmatureLayout();        ///< 104
 DialogLayout StartPageLayout();       ///< 107
@@ -15,6 +16,7 @@ DialogLayout SpeedFeedbackLayout();   ///< 110
 DialogLayout SpeedControllerLayout(); ///< 111
 DialogLayout FieldWeakeningLayout();  ///< 112
 DialogLayout DiagnosisLayout();       ///< 122
+DialogLayout TerminalsLayout();       ///< 134
 
 /// Tabs.
 DialogLayout SpeedGeneralTabLayout();   ///< 10056

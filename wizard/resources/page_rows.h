@@ -6,6 +6,7 @@ namespace krt550 {
 
 /// The rows of each window, beside its layout.
 extern const PageRows kNamePlateRows;
+extern const PageRows kMacroRows;
 extern const PageRows kFieldCurrentRows;
 extern const PageRows kArmatureRows;
 extern const PageRows kFieldWeakeningRows;
@@ -18,8 +19,9 @@ extern const PageRows kTachoManualRows;
 
 /// All of them.
 inline constexpr const PageRows* kAllPageRows[] = {
-    &kNamePlateRows,    &kFieldCurrentRows, &kArmatureRows,    &kFieldWeakeningRows,    &kSpeedControllerRows,
-    &kSpeedGeneralRows, &kSpeedFiltersRows, &kSpeedLimitsRows, &kSpeedFeedbackAutoRows, &kTachoManualRows,
+    &kNamePlateRows,       &kMacroRows,        &kFieldCurrentRows, &kArmatureRows,    &kFieldWeakeningRows,
+    &kSpeedControllerRows, &kSpeedGeneralRows, &kSpeedFiltersRows, &kSpeedLimitsRows, &kSpeedFeedbackAutoRows,
+    &kTachoManualRows,
 };
 
 } // namespace krt550

@@ -1,0 +1,100 @@
+// Layouts 101 and 134: step 2, the application macro, and the I/O assistant; what the terminals do is shown by both.
+#include "wizard/resources/control_ids.h"
+#include "wizard/resources/layout_parts.h"
+#include "wizard/resources/layouts.h"
+#include "wizard/resources/page_rows.h"
+#include "wizard/resources/string_table.h"
+#include "wizard/resources/terminal_overview.h"
+
+namespace krt550 {
+namespace {
+
+constexpr int kTop = 4;
+constexpr int kHeight = 108; // of what lies above the overview
+
+constexpr RowColumns kDependentColumns{.label = 207,
+                                       .labelWidth = 128,
+                                       .value = 337,
+                                       .valueWidth = 48,
+                                       .unit = 389,
+                                       .unitWidth = 22,
+                                       .minimum = 413,
+                                       .maximum = 454,
+                                       .limitWidth = 40};
+constexpr int kDependentListWidth = 117;
+constexpr int kDependentStep = 14;
+
+/// The k-th row: its register is that of the macro. Bound from the last row to the first.
+constexpr RowDef DependentRow(int k) {
+    const int id = kIdFirstDependentRow + 10 * k;
+    return {
+        .kind = RowKind::EditOrList,
+        .bindRank = 1 - k,
+        .hidden = true,
+        .ids = {.label = id, .value = id + 1, .unit = id + 2, .minimum = id + 3, .maximum = id + 4, .list = id + 5}};
+}
+
+constexpr RowDef kMacro[] = {{.reg = 9908, .kind = RowKind::List, .label = "Application macro"}};
+constexpr RowDef kDependent[] = {DependentRow(0), DependentRow(1), DependentRow(2),
+                                 DependentRow(3), DependentRow(4), DependentRow(5)};
+static_assert(std::size(kDependent) == kDependentRows);
+constexpr RowGroupDef kGroups[] = {{.caption = "Set general parameter", .headings = false, .rows = kMacro},
+                                   {.caption = "Macro dependent parameters", .rows = kDependent}};
+static_assert(IsSound(kGroups));
+
+QString Caption(const RowGroupDef& group) {
+    return QString::fromLatin1(group.caption);
+}
+
+void AddMacro(CLayoutBuilder& layout) {
+    constexpr int kX = 13, kWidth = 178;
+    layout.Group(0, {7, kTop, 190, kHeight}, Caption(kGroups[0]));
+    layout.Add({.id = LabelId(9908),
+                .rect = {kX, kTop + 9, kWidth, 10},
+                .text = QString::fromLatin1(kMacro[0].label),
+                .buddy = ValueId(9908)});
+    layout.Add({.id = ValueId(9908),
+                .kind = ControlKind::DropDown,
+                .rect = {kX, kTop + 20, kWidth, 14},
+                .reg = 9908});
+    layout.Add({.id = kIdMacroDescriptionLabel,
+                .rect = {kX, kTop + 38, 122, 10},
+                .text = QStringLiteral("Description of selected macro:"),
+                .buddy = kIdMacroDescription});
+    layout.Add({.id = kIdView,
+                .kind = ControlKind::PushButton,
+                .rect = {kX + kWidth - 50, kTop + 36, 50, 14},
+                .text = StringTableText(14).value_or(QString())});
+    layout.Add(
+        {.id = kIdMacroDescription, .kind = ControlKind::MultilineText, .rect = {kX, kTop + 52, kWidth, kHeight - 55}});
+}
+
+void AddDependentRows(CLayoutBuilder& layout) {
+    layout.Group(1, {201, kTop, 297, kHeight}, Caption(kGroups[1]));
+    layout.Headings(1, kTop + 10, kDependentColumns);
+    int y = kTop + 21;
+    for (const RowDef& row : kDependent) {
+        layout.Row(row, y, kDependentColumns, kDependentListWidth);
+        y += kDependentStep;
+    }
+}
+
+} // namespace
+
+constinit const PageRows kMacroRows{.layout = 101, .groups = kGroups};
+
+DialogLayout MacroLayout() {
+    CLayoutBuilder layout(101, kPageWidth, kPageHeight);
+    AddMacro(layout);
+    AddDependentRows(layout);
+    AddTerminalOverview(layout, {.top = kTop + kHeight + 3, .line = 9, .header = 15, .pictures = 0});
+    return layout.BottomRow(true).Take();
+}
+
+DialogLayout TerminalsLayout() {
+    CLayoutBuilder layout(134, kPageWidth, kPageHeight);
+    AddTerminalOverview(layout, {.top = kTop, .line = 17, .header = 17, .pictures = 42});
+    return layout.BottomRow(false).Take();
+}
+
+} // namespace krt550
