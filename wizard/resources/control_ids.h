@@ -14,7 +14,7 @@ enum ControlId : int {
     kIdPageTitle = 60002,
     kIdStepsDoneLabel = 163,
     // Of the macro assistant.
-    kIdView = 60041, ///< the basic or the advanced view
+    kIdMacroView = 60041, ///< the basic or the advanced view
     kIdMacroDescriptionLabel = 60042,
     kIdMacroDescription = 60043,
     kIdFirstDependentRow = 61500, ///< label of the first row; the next row is 10 further

@@ -24,12 +24,11 @@ constexpr RowColumns kDependentColumns{.label = 207,
 constexpr int kDependentListWidth = 117;
 constexpr int kDependentStep = 14;
 
-/// The k-th row: its register is that of the macro. Bound from the last row to the first.
+/// The k-th row; its register depends on the macro.
 constexpr RowDef DependentRow(int k) {
     const int id = kIdFirstDependentRow + 10 * k;
     return {
         .kind = RowKind::EditOrList,
-        .bindRank = 1 - k,
         .hidden = true,
         .ids = {.label = id, .value = id + 1, .unit = id + 2, .minimum = id + 3, .maximum = id + 4, .list = id + 5}};
 }
@@ -53,15 +52,12 @@ void AddMacro(CLayoutBuilder& layout) {
                 .rect = {kX, kTop + 9, kWidth, 10},
                 .text = QString::fromLatin1(kMacro[0].label),
                 .buddy = ValueId(9908)});
-    layout.Add({.id = ValueId(9908),
-                .kind = ControlKind::DropDown,
-                .rect = {kX, kTop + 20, kWidth, 14},
-                .reg = 9908});
+    layout.Add({.id = ValueId(9908), .kind = ControlKind::DropDown, .rect = {kX, kTop + 20, kWidth, 14}, .reg = 9908});
     layout.Add({.id = kIdMacroDescriptionLabel,
                 .rect = {kX, kTop + 38, 122, 10},
                 .text = QStringLiteral("Description of selected macro:"),
                 .buddy = kIdMacroDescription});
-    layout.Add({.id = kIdView,
+    layout.Add({.id = kIdMacroView,
                 .kind = ControlKind::PushButton,
                 .rect = {kX + kWidth - 50, kTop + 36, 50, 14},
                 .text = StringTableText(14).value_or(QString())});

@@ -143,6 +143,8 @@ constexpr Entry kStrings[] = {
     {2008, u"The drive did not close its main contactor."},
     {2009, u"The drive did not start the motor."},
     {2010, u"The drive did not give local control."},
+    {2011, u"The macro was not loaded: the drive is switched on, or the motor may turn.\n\nStop the motor, take the on and "
+           u"run commands away from terminals and fieldbus, and apply again."},
 };
 
 static_assert(std::is_sorted(std::begin(kStrings), std::end(kStrings),
