@@ -20,6 +20,7 @@ struct FullLayout {
 };
 
 constexpr FullLayout kFullLayouts[] = {
+    {59, AnalogueInputsLayout},       {140, AnalogueOutputsLayout},  {143, AnalogueInputConnectionsLayout},
     {100, NamePlateLayout},           {103, FieldCurrentLayout},     {104, ArmatureLayout},
     {107, StartPageLayout},           {110, SpeedFeedbackLayout},    {111, SpeedControllerLayout},
     {112, FieldWeakeningLayout},      {122, DiagnosisLayout},        {10056, SpeedGeneralTabLayout},
