@@ -44,6 +44,12 @@ void ShowDisplayRow(const CParameter* parameter, QWidget* label, QWidget* value,
 bool BindRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QLineEdit* edit,
              QComboBox* dropDown, QString& errors, const RowStatics& statics);
 
+/// Adds the line "- message\n" that the drive lacks a parameter.
+void AppendNotFound(QString& errors, quint16 reg);
+
+/// Whether a parameter is a number, which the cyclic update follows.
+bool IsNumeric(const CParameter& parameter);
+
 /// Name of a parameter: the wizard text file's, or the drive's own.
 QString ParameterName(const CParameter& parameter);
 
