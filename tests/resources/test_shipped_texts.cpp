@@ -53,7 +53,7 @@ QStringList FindFaults(const QString& file, const QStringList& lines, const Name
 
 /// The text that a parameter has for a raw word; what the word is itself when it has none.
 QString ValueTextOf(const ParameterDescription& parameter, const QString& word) {
-    for (const auto& [value, text] : parameter.valueTexts)
+    for (const auto& [value, text] : parameter.values)
         if (QString::number(value) == word)
             return text;
     return word;
@@ -83,11 +83,12 @@ QStringList FindWrongConnections(const QStringList& lines, const QMap<int, Param
         const bool isSignal = fields[0] == QLatin1String("AO") && fields.value(1) != QLatin1String("0");
         if (isSignal && parameter.name != fields.value(2))
             faults.append(QStringLiteral("%1 is named %2").arg(line, parameter.name));
-        if (inputs > 0 || isSignal || fields[0] == QLatin1String("DO"))
-            if (const QString name = fields[0] + fields.last(); seen.contains(name))
-                faults.append(QStringLiteral("%1: a second one of this name").arg(line));
-            else
-                seen.insert(name);
+        if (inputs == 0 && !isSignal && fields[0] != QLatin1String("DO"))
+            continue;
+        const QString name = fields[0] + fields.last();
+        if (seen.contains(name))
+            faults.append(QStringLiteral("%1: a second one of this name").arg(line));
+        seen.insert(name);
     }
     return faults;
 }

@@ -19,7 +19,7 @@ namespace krt550 {
 
 CRow::CRow(CWindow& window, const RowDef& definition, TextSource source)
     : m_window(window), m_definition(definition), m_ids(IdsOf(definition)), m_source(source),
-      m_register(definition.reg), m_shown(!definition.hidden) {
+      m_register(definition.reg), m_caption(QString::fromUtf8(definition.caption)), m_shown(!definition.hidden) {
     if (definition.kind == RowKind::Display)
         return;
     for (const int id : {m_ids.value, m_ids.list}) {
@@ -80,12 +80,13 @@ bool CRow::BindControls(CParameterGroup* root, QString& errors) {
     case RowKind::EditOrList:
         return BindRow(root, m_parameter, m_register, label, edit, m_window.GetControl<QComboBox>(m_ids.list), errors,
                        statics);
+    case RowKind::Index:
     case RowKind::Display:
         break;
     }
     const bool read = BindDisplayRow(root, m_parameter, m_register, label, Control(m_ids.value), errors, statics.unit);
     if (!m_parameter)
-        SetControlText(label, QString());
+        SetControlText(label, m_caption);
     else if (m_definition.refreshed)
         RegisterForUpdate(m_parameter, Control(m_ids.value));
     return read;

@@ -4,6 +4,8 @@ namespace krt550 {
 
 /// Ids of the controls that several windows share.
 enum ControlId : int {
+    kIdCloseDialog = 1, ///< writes and closes; OK where there is one
+    kIdCancelDialog = 2,
     kIdCancelPage = 91,
     kIdHelp = 93,
     kIdNext = 95,
@@ -48,8 +50,27 @@ enum ControlId : int {
     kIdReferenceLabel = 60361,
     kIdAdjustHeading = 60362,
     kIdStepUpLabel = 60363,
-    kIdStepDownLabel = 60364
+    kIdStepDownLabel = 60364,
+    kIdSpeedScalingGroup = 60401, ///< of the settings of analogue inputs and outputs
+    kIdConnectionList = 60402     ///< of a connection picker
 };
+
+/// Controls of one analogue input or output, from the id of its first one.
+enum ChannelControl : int {
+    kChannelConnection, ///< name of what the input is connected to
+    kChannelEdit,       ///< opens the connection picker
+    kChannelFrame,      ///< around the actual values
+    kChannelConvertedLabel,
+    kChannelConverted,
+    kChannelConvertedUnit,
+    kChannelHeading, ///< "Index"
+    kChannelChoice,  ///< names of what the output can carry
+    kChannelView     ///< "Advanced" or "Basic"
+};
+/// Id of a control of channel `number` (from 1).
+constexpr int ChannelId(int number, ChannelControl control) {
+    return 60400 + 10 * number + control;
+}
 
 /// From the label of one of the values that the speed feedback assistant shows to its value and its unit.
 inline constexpr int kShownValue = 1;

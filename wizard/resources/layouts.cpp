@@ -20,6 +20,11 @@ struct FullLayout {
 };
 
 constexpr FullLayout kFullLayouts[] = {
+    {59, AnalogueInputsLayout},
+    {140, AnalogueOutputsLayout},
+    {143, AnalogueInputConnectionsLayout},
+    {141, DigitalTerminalsLayout},
+    {142, DigitalInputConnectionsLayout},
     {100, NamePlateLayout},
     {101, MacroLayout},
     {134, TerminalsLayout},

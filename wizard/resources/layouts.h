@@ -7,16 +7,21 @@
 namespace krt550 {
 
 /// One function for each dialog layout that is more than its bottom row.
-DialogLayout NamePlateLayout();       ///< 100
-DialogLayout MacroLayout();           ///< 101
-DialogLayout FieldCurrentLayout();    ///< 103
-DialogLayout ArmatureLayout();        ///< 104
-DialogLayout StartPageLayout();       ///< 107
-DialogLayout SpeedFeedbackLayout();   ///< 110
-DialogLayout SpeedControllerLayout(); ///< 111
-DialogLayout FieldWeakeningLayout();  ///< 112
-DialogLayout DiagnosisLayout();       ///< 122
-DialogLayout TerminalsLayout();       ///< 134
+DialogLayout AnalogueInputsLayout();           ///< 59
+DialogLayout NamePlateLayout();                ///< 100
+DialogLayout MacroLayout();                    ///< 101
+DialogLayout FieldCurrentLayout();             ///< 103
+DialogLayout ArmatureLayout();                 ///< 104
+DialogLayout StartPageLayout();                ///< 107
+DialogLayout SpeedFeedbackLayout();            ///< 110
+DialogLayout SpeedControllerLayout();          ///< 111
+DialogLayout FieldWeakeningLayout();           ///< 112
+DialogLayout DiagnosisLayout();                ///< 122
+DialogLayout TerminalsLayout();                ///< 134
+DialogLayout AnalogueOutputsLayout();          ///< 140
+DialogLayout DigitalTerminalsLayout();         ///< 141
+DialogLayout DigitalInputConnectionsLayout();  ///< 142
+DialogLayout AnalogueInputConnectionsLayout(); ///< 143
 
 /// Tabs.
 DialogLayout SpeedGeneralTabLayout();   ///< 10056

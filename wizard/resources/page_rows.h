@@ -16,12 +16,14 @@ extern const PageRows kSpeedFiltersRows;
 extern const PageRows kSpeedLimitsRows;
 extern const PageRows kSpeedFeedbackAutoRows;
 extern const PageRows kTachoManualRows;
+extern const PageRows kAnalogueInputRows;
+extern const PageRows kAnalogueOutputRows;
 
 /// All of them.
 inline constexpr const PageRows* kAllPageRows[] = {
-    &kNamePlateRows,       &kMacroRows,        &kFieldCurrentRows, &kArmatureRows,    &kFieldWeakeningRows,
-    &kSpeedControllerRows, &kSpeedGeneralRows, &kSpeedFiltersRows, &kSpeedLimitsRows, &kSpeedFeedbackAutoRows,
-    &kTachoManualRows,
+    &kNamePlateRows,       &kMacroRows,         &kFieldCurrentRows,   &kArmatureRows,    &kFieldWeakeningRows,
+    &kSpeedControllerRows, &kSpeedGeneralRows,  &kSpeedFiltersRows,   &kSpeedLimitsRows, &kSpeedFeedbackAutoRows,
+    &kTachoManualRows,     &kAnalogueInputRows, &kAnalogueOutputRows,
 };
 
 } // namespace krt550

@@ -1,0 +1,123 @@
+// Layouts 59, the settings of the analogue inputs, and 143, the picker of what one of them feeds.
+#include "wizard/resources/analogue_parts.h"
+#include "wizard/resources/control_ids.h"
+#include "wizard/resources/layouts.h"
+#include "wizard/resources/page_rows.h"
+#include "wizard/resources/string_table.h"
+
+namespace krt550 {
+namespace {
+
+constexpr RowColumns kColumns{.label = 121,
+                              .labelWidth = 104,
+                              .value = 226,
+                              .valueWidth = 50,
+                              .unit = 279,
+                              .unitWidth = 22,
+                              .minimum = 0,
+                              .maximum = 0,
+                              .limitWidth = 0};
+constexpr int kListWidth = 75;
+/// Columns of the actual values, in a frame beside the rows.
+constexpr RowColumns kActualColumns{.label = 312,
+                                    .labelWidth = 72,
+                                    .value = 385,
+                                    .valueWidth = 78,
+                                    .unit = 464,
+                                    .unitWidth = 26,
+                                    .minimum = 0,
+                                    .maximum = 0,
+                                    .limitWidth = 0};
+constexpr int kRowStep = 14;
+constexpr int kHeight = 70;
+constexpr int kGap = 2;
+constexpr int kTop = 4;
+constexpr int kBottom = 290;
+
+// Bound in this order: the scale, the settings, the actual values.
+constexpr RowDef ModeRow(quint16 reg) {
+    return {.reg = reg, .kind = RowKind::List};
+}
+constexpr RowDef SettingRow(quint16 reg) {
+    return {.reg = reg, .statics = StaticsShown::Unit};
+}
+constexpr RowDef TerminalRow(quint16 reg) {
+    return {.reg = reg,
+            .kind = RowKind::Display,
+            .caption = "Value at terminals:",
+            .statics = StaticsShown::Unit,
+            .bindRank = 1,
+            .numbered = false};
+}
+constexpr RowDef kInput1[] = {ModeRow(1303), SettingRow(1301), SettingRow(1302), SettingRow(1304), TerminalRow(503)};
+constexpr RowDef kInput2[] = {ModeRow(1307), SettingRow(1305), SettingRow(1306), SettingRow(1308), TerminalRow(504)};
+constexpr RowDef kInput3[] = {ModeRow(1311), SettingRow(1309), SettingRow(1310), SettingRow(1312), TerminalRow(505)};
+constexpr RowDef kInput4[] = {ModeRow(1315), SettingRow(1313), SettingRow(1314), SettingRow(1316), TerminalRow(506)};
+constexpr RowGroupDef kGroups[] = {kSpeedScalingGroup,
+                                   {.caption = "AI1", .headings = false, .rows = kInput1},
+                                   {.caption = "AI2", .headings = false, .rows = kInput2},
+                                   {.caption = "AI3", .headings = false, .rows = kInput3},
+                                   {.caption = "AI4", .headings = false, .rows = kInput4}};
+static_assert(IsSound(kGroups));
+
+void AddInput(CLayoutBuilder& layout, int input, int top) {
+    const RowGroupDef& group = kGroups[input];
+    layout.Group(input, {kChannelX, top, kChannelWidth, kHeight}, QString::fromLatin1(group.caption));
+    layout.Add({.id = ChannelId(input, kChannelConnection), .rect = {308, top + 10, 134, 14}, .bold = true});
+    layout.Add({.id = ChannelId(input, kChannelEdit),
+                .kind = ControlKind::PushButton,
+                .rect = {446, top + 9, 46, 14},
+                .text = QStringLiteral("Edit"),
+                .name = QStringLiteral("Edit the connections of ") + QLatin1String(group.caption)});
+    int y = top + 10;
+    for (const RowDef& row : group.rows.first(group.rows.size() - 1)) {
+        layout.Row(row, y, kColumns, kListWidth);
+        y += kRowStep;
+    }
+    const int frame = top + 27;
+    layout.Add({.id = ChannelId(input, kChannelFrame), .kind = ControlKind::GroupBox, .rect = {306, frame, 186, 39}});
+    layout.Row(group.rows.back(), frame + 6, kActualColumns, 0);
+    const int converted = frame + 21;
+    layout.Add({.id = ChannelId(input, kChannelConvertedLabel),
+                .rect = {kActualColumns.label, converted, kActualColumns.labelWidth, 14},
+                .text = QStringLiteral("Converted value:")});
+    layout.Add({.id = ChannelId(input, kChannelConverted),
+                .rect = {kActualColumns.value, converted, kActualColumns.valueWidth, 14}});
+    layout.Add({.id = ChannelId(input, kChannelConvertedUnit),
+                .rect = {kActualColumns.unit, converted, kActualColumns.unitWidth, 14}});
+}
+
+} // namespace
+
+constinit const PageRows kAnalogueInputRows{.layout = 59, .groups = kGroups};
+
+DialogLayout AnalogueInputsLayout() {
+    CLayoutBuilder layout(59, kPageWidth, kPageHeight, QStringLiteral("AI settings"));
+    AddSpeedScaling(layout);
+    static constexpr int kPictures[] = {10013, 10015, 10016};
+    AddChannelPictures(layout, kPictures, kBottom);
+    for (int input = 1; input <= kAnalogueInputs; ++input)
+        AddInput(layout, input, kTop + (input - 1) * (kHeight + kGap));
+    return layout.DialogButtons(299).Take();
+}
+
+DialogLayout AnalogueInputConnectionsLayout() {
+    CLayoutBuilder layout(143, 166, 169, QStringLiteral("AI Settings"));
+    layout.Add({.id = kIdConnectionList,
+                .kind = ControlKind::CheckList,
+                .rect = {7, 7, 152, 134},
+                .name = QStringLiteral("Functions of the input")});
+    layout.Add({.id = kIdCloseDialog,
+                .kind = ControlKind::DefaultButton,
+                .rect = {56, 148, 50, 14},
+                .text = QStringLiteral("OK"),
+                .mnemonic = true});
+    layout.Add({.id = kIdCancelDialog,
+                .kind = ControlKind::PushButton,
+                .rect = {109, 148, 50, 14},
+                .text = StringTableText(36).value_or(QString()),
+                .mnemonic = true});
+    return layout.Take();
+}
+
+} // namespace krt550
