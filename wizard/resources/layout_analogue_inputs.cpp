@@ -9,22 +9,22 @@ namespace krt550 {
 namespace {
 
 constexpr RowColumns kColumns{.label = 121,
-                              .labelWidth = 104,
-                              .value = 226,
+                              .labelWidth = 91,
+                              .value = 213,
                               .valueWidth = 50,
-                              .unit = 279,
+                              .unit = 266,
                               .unitWidth = 22,
                               .minimum = 0,
                               .maximum = 0,
                               .limitWidth = 0};
-constexpr int kListWidth = 75;
+constexpr int kListWidth = 109;
 /// Columns of the actual values, in a frame beside the rows.
-constexpr RowColumns kActualColumns{.label = 312,
-                                    .labelWidth = 72,
-                                    .value = 385,
-                                    .valueWidth = 78,
-                                    .unit = 464,
-                                    .unitWidth = 26,
+constexpr RowColumns kActualColumns{.label = 298,
+                                    .labelWidth = 64,
+                                    .value = 364,
+                                    .valueWidth = 80,
+                                    .unit = 446,
+                                    .unitWidth = 40,
                                     .minimum = 0,
                                     .maximum = 0,
                                     .limitWidth = 0};
@@ -63,7 +63,7 @@ static_assert(IsSound(kGroups));
 void AddInput(CLayoutBuilder& layout, int input, int top) {
     const RowGroupDef& group = kGroups[input];
     layout.Group(input, {kChannelX, top, kChannelWidth, kHeight}, QString::fromLatin1(group.caption));
-    layout.Add({.id = ChannelId(input, kChannelConnection), .rect = {308, top + 10, 134, 14}, .bold = true});
+    layout.Add({.id = ChannelId(input, kChannelConnection), .rect = {328, top + 10, 114, 14}, .bold = true});
     layout.Add({.id = ChannelId(input, kChannelEdit),
                 .kind = ControlKind::PushButton,
                 .rect = {446, top + 9, 46, 14},
@@ -75,7 +75,7 @@ void AddInput(CLayoutBuilder& layout, int input, int top) {
         y += kRowStep;
     }
     const int frame = top + 27;
-    layout.Add({.id = ChannelId(input, kChannelFrame), .kind = ControlKind::GroupBox, .rect = {306, frame, 186, 39}});
+    layout.Add({.id = ChannelId(input, kChannelFrame), .kind = ControlKind::GroupBox, .rect = {292, frame, 200, 39}});
     layout.Row(group.rows.back(), frame + 6, kActualColumns, 0);
     const int converted = frame + 21;
     layout.Add({.id = ChannelId(input, kChannelConvertedLabel),

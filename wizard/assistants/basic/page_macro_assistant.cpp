@@ -2,6 +2,9 @@
 
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter.h"
+#include "wizard/assistants/wiring_dialogs/analog_inputs.h"
+#include "wizard/assistants/wiring_dialogs/analog_outputs.h"
+#include "wizard/assistants/wiring_dialogs/digital_settings.h"
 #include "wizard/motor/standstill.h"
 #include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
@@ -36,7 +39,10 @@ CPageMacroAssistant::CPageMacroAssistant() : CPageMacroAssistant(kMacroRows, QSt
 }
 
 CPageMacroAssistant::CPageMacroAssistant(const PageRows& rows, QString helpTopic)
-    : CRowPage(rows, std::move(helpTopic)) {}
+    : CRowPage(rows, std::move(helpTopic)) {
+    for (const TerminalKind kind : kTerminalKinds)
+        Handle(EditParametersId(kind), ControlEvent::Clicked, [this, kind] { EditTerminals(kind); });
+}
 
 QWidget* CPageMacroAssistant::CreateControl(const ControlLayout& control) {
     QWidget* drawn = CConnectionOverview::MakeControl(control.id, this);
@@ -101,6 +107,40 @@ bool CPageMacroAssistant::BindDependentRows(CParameterGroup* root, CReadOnce& re
     }
     ShowView();
     return bound;
+}
+
+/// The settings of a kind of terminals, in a dialog that applies them itself.
+void CPageMacroAssistant::EditTerminals(TerminalKind kind) {
+    CParameterGroup* root = GetPageParameterRoot(GetSheet());
+    if (!root)
+        return;
+    const auto edit = [this, root](auto&& dialog, std::initializer_list<TerminalKind> kinds) {
+        dialog.SetParameterRoot(root);
+        dialog.OpenAt(*this, CDialog::Place::Over);
+        dialog.DoModal();
+        ShowEdited(kinds);
+    };
+    if (kind == TerminalKind::AnalogueInput)
+        edit(CDialogAISettings(), {kind});
+    else if (kind == TerminalKind::AnalogueOutput)
+        edit(CDialogAOSettings(), {kind});
+    else
+        edit(CDialogDIDOSettings(), {TerminalKind::DigitalOutput, TerminalKind::DigitalInput});
+}
+
+/// What a dialog may have changed; the macro's rows show some of the same parameters.
+void CPageMacroAssistant::ShowEdited(std::initializer_list<TerminalKind> kinds) {
+    CParameterGroup* root = GetSheet()->IsClosing() ? nullptr : GetPageParameterRoot(GetSheet());
+    if (!root)
+        return;
+    const CWaitCursor wait;
+    const FailurePass pass;
+    CReadOnce reads;
+    for (std::size_t position = 1; position < GetRows().size(); ++position)
+        if (CRow& row = GetRows()[position]; row.GetParameter() && !row.IsChanged())
+            reads.Know(row.GetParameter(), row.Reread());
+    for (const TerminalKind kind : kinds)
+        m_overview.Show(kind, root, reads);
 }
 
 /// Another macro was chosen, or the drive's own again.

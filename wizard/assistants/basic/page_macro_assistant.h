@@ -33,6 +33,8 @@ private:
     CRow& GetMacroRow() { return GetRows()[0]; }
     bool IsMacroChosen() { return HasMacro() && GetMacroRow().IsChanged(); }
 
+    void EditTerminals(TerminalKind kind);
+    void ShowEdited(std::initializer_list<TerminalKind> kinds);
     void ChooseMacro();
     bool LoadMacro(CParameterGroup* root);
     void ShowDescription();

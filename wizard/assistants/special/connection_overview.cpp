@@ -1,6 +1,7 @@
 #include "wizard/assistants/special/connection_overview.h"
 
 #include "hostlib/tolvbo32/parameter.h"
+#include "wizard/assistants/wiring_dialogs/digital_lines.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/read_once.h"
 #include "wizard/platform/control_text.h"
@@ -18,10 +19,6 @@ namespace {
 const QString kUnknown = QStringLiteral("?");
 constexpr int kNoteIds[] = {kIdAttention, kIdNoteText, kIdNoteApply, kIdNoteOr, kIdNoteClose};
 
-/// 10.25 to 10.32.
-constexpr quint16 DIInversionRegister(int number) {
-    return static_cast<quint16>(1024 + number);
-}
 /// 15.01 and 15.06.
 constexpr quint16 AOIndexRegister(int number) {
     return static_cast<quint16>(1496 + 5 * number);
@@ -93,7 +90,7 @@ void CConnectionOverview::ShowInputs(TerminalKind kind, CParameterGroup* root, C
     const bool digital = kind == TerminalKind::DigitalInput;
     const CSelectorList selectors(digital ? InputKind::Digital : InputKind::Analogue, root, reads);
     for (int number = 1; number <= TerminalCount(kind); ++number) {
-        CParameter* inversion = digital ? FindParameter(root, DIInversionRegister(number)) : nullptr;
+        CParameter* inversion = digital ? FindParameter(root, InversionRegister(number)) : nullptr;
         const bool inverted = reads.Read(inversion) && inversion->GetActualValue() == 1;
         ShowTerminal(kind, number, selectors.UseOf(number).text, inverted);
     }
