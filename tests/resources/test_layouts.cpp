@@ -8,6 +8,7 @@
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/module_resources.h"
 #include "wizard/resources/page_rows.h"
+#include "wizard/resources/terminal_overview.h"
 #include "wizard/texts/wizard_directory.h"
 #include "wizard/texts/wizard_text_store.h"
 
@@ -97,12 +98,49 @@ std::vector<LayoutRow> RowsOf(int layout) {
     return rows;
 }
 
+/// Registers of the rows that depend on the macro.
+QStringList DependentRegisters() {
+    QStringList all, registers;
+    for (quint16 macro = 0; macro < 20; ++macro)
+        if (CWizardTextStore::Instance().GetMacroDependentRegisters(macro, registers))
+            all += registers;
+    return all;
+}
+
+void ShowLongest(QWidget* control, const QStringList& texts) {
+    if (control)
+        SetControlText(control, *std::ranges::max_element(texts, {}, [control](const QString& text) {
+                           return control->fontMetrics().horizontalAdvance(text);
+                       }));
+}
+
+/// Shows the longest names that the terminals can have.
+void NameTerminals(CWindow& window) {
+    CWizardTextStore& texts = CWizardTextStore::Instance();
+    QStringList names[] = {{}, texts.GetDOList().texts, {}, texts.GetAOList().texts};
+    for (const auto& [kind, table] : {std::pair{TerminalKind::DigitalInput, &texts.GetDIConnections()},
+                                      {TerminalKind::AnalogueInput, &texts.GetAIConnections()}})
+        for (const quint16 selector : table->Selectors())
+            for (const int entry : table->EntriesOf(selector))
+                names[int(kind)].append((*table)[entry].name);
+    for (const TerminalKind kind : kTerminalKinds)
+        for (int number = 1; number <= TerminalCount(kind); ++number)
+            ShowLongest(window.GetDlgItem(ConnectionTextId(kind, number)), names[int(kind)]);
+}
+
 /// Fills the labels of the rows as a load does.
 void NameRows(CWindow& window) {
     SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
-    for (const auto& [layout, row] : RowsOf(window.GetLayoutNumber()))
-        SetControlText(window.GetDlgItem(IdsOf(row).label),
-                       (row.numbered ? QString::number(row.reg) + ' ' : QString()) + ShownName(row));
+    for (const auto& [layout, row] : RowsOf(window.GetLayoutNumber())) {
+        QStringList texts;
+        for (const QString& reg : row.reg == 0 ? DependentRegisters() : QStringList(QString::number(row.reg))) {
+            RowDef shown = row;
+            shown.reg = reg.toUShort();
+            texts.append((row.numbered ? reg + ' ' : QString()) + ShownName(shown));
+        }
+        ShowLongest(window.GetDlgItem(IdsOf(row).label), texts);
+    }
+    NameTerminals(window);
 }
 
 /// Whether a screen reader has to call a control something; one that a page makes itself is named there.
@@ -119,6 +157,14 @@ QString NameOf(QWidget& control) {
 
 bool IsDigit(const QWidget* control) {
     return std::ranges::find(kStepIconIds, control->objectName().toInt()) != std::end(kStepIconIds);
+}
+
+/// An edit and the drop-down in its place.
+bool IsEditOfList(const CWindow& window, const QWidget* edit, const QWidget* list) {
+    return std::ranges::any_of(RowsOf(window.GetLayoutNumber()), [&](const LayoutRow& row) {
+        const RowIds ids = IdsOf(row.row);
+        return ids.list != 0 && window.GetDlgItem(ids.value) == edit && window.GetDlgItem(ids.list) == list;
+    });
 }
 
 class Layouts : public testing::TestWithParam<int> {
@@ -152,9 +198,7 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
                 const bool framed = qobject_cast<const QGroupBox*>(control) || qobject_cast<const QGroupBox*>(other);
                 // The digits' fields touch; the digits in them are smaller.
                 const bool digits = IsDigit(control) && IsDigit(other);
-                // An edit and the drop-down in its place.
-                const QVariant reg = control->property("register");
-                const bool oneRow = reg.isValid() && reg == other->property("register");
+                const bool oneRow = IsEditOfList(window, control, other) || IsEditOfList(window, other, control);
                 if (other < control && !framed && !digits && !oneRow) {
                     EXPECT_FALSE(control->geometry().intersects(other->geometry()))
                         << name << " and " << other->objectName().toStdString();
@@ -205,8 +249,8 @@ TEST_P(Layouts, NamesItsRowsForScreenReadersAndHasThemInTabOrder) {
     ASSERT_TRUE(window.Create());
     QStringList expected;
     for (const auto& [layout, row] : RowsOf(GetParam())) {
-        const auto* label = window.GetControl<QLabel>(LabelId(row.reg));
-        QWidget* value = window.GetDlgItem(ValueId(row.reg));
+        const auto* label = window.GetControl<QLabel>(IdsOf(row).label);
+        QWidget* value = window.GetDlgItem(IdsOf(row).value);
         ASSERT_TRUE(label && value) << row.reg;
         EXPECT_EQ(value->property("register").toInt(), row.reg);
         if (row.kind == RowKind::Display)
@@ -239,7 +283,11 @@ TEST_P(Layouts, HasNoRowThatNoTableBinds) {
 // The drive description is the home of a parameter's name, the text file that of its tool tip.
 TEST_F(Layouts, EveryRowHasItsTextsOnce) {
     SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
+    for (const QString& reg : DependentRegisters())
+        EXPECT_NE(CWizardTextStore::Instance().GetToolTip(reg.toUShort()), "") << reg.toStdString();
     for (const auto& [layout, row] : RowsOf(0)) {
+        if (row.reg == 0)
+            continue;
         EXPECT_TRUE(DriveNames().contains(row.reg)) << row.reg;
         EXPECT_NE(CWizardTextStore::Instance().GetToolTip(row.reg), "") << row.reg;
         EXPECT_TRUE(!*row.label || row.label == ShownName(row)) << row.label << " in " << layout;
@@ -267,8 +315,8 @@ TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 1.0).size(), size) << picture;
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 2.0).deviceIndependentSize(), QSizeF(size)) << picture;
     }
-    for (const int picture : {10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022, 10023, 10024, 10025, 10026,
-                              10031, 10032, 10034, 10046, 10047})
+    for (const int picture : {10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022, 10023, 10024, 10025,
+                              10026, 10031, 10032, 10034, 10035, 10036, 10037, 10038, 10039, 10046, 10047})
         EXPECT_FALSE(m_resources.GetPicture(picture, {}, 1.0).isNull()) << picture;
     EXPECT_TRUE(m_resources.GetPicture(1, {}, 1.0).isNull());
 }

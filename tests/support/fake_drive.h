@@ -98,6 +98,9 @@ ParameterDescription List(quint16 reg, const QString& name, std::vector<std::pai
 /// The ten parameters of the name plate page, without the ones in `missing`.
 std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& missing = {});
 
+/// What the overview of the terminals and the dialogs behind it ask for, and the macro.
+std::vector<ParameterDescription> TerminalParameters();
+
 /// Those and what the pages of the other steps ask for when they become active.
 std::vector<ParameterDescription> WizardParameters();
 

@@ -10,10 +10,10 @@ namespace krt550 {
 namespace {
 
 constexpr int kTop = 4;
-constexpr int kHeight = 108; // of what lies above the overview
+constexpr int kHeight = 107; // of what lies above the overview
 
-constexpr RowColumns kDependentColumns{.label = 207,
-                                       .labelWidth = 128,
+constexpr RowColumns kDependentColumns{.label = 179,
+                                       .labelWidth = 156,
                                        .value = 337,
                                        .valueWidth = 48,
                                        .unit = 389,
@@ -29,6 +29,7 @@ constexpr RowDef DependentRow(int k) {
     const int id = kIdFirstDependentRow + 10 * k;
     return {
         .kind = RowKind::EditOrList,
+        .label = "Macro dependent parameter",
         .hidden = true,
         .ids = {.label = id, .value = id + 1, .unit = id + 2, .minimum = id + 3, .maximum = id + 4, .list = id + 5}};
 }
@@ -46,27 +47,27 @@ QString Caption(const RowGroupDef& group) {
 }
 
 void AddMacro(CLayoutBuilder& layout) {
-    constexpr int kX = 13, kWidth = 178;
-    layout.Group(0, {7, kTop, 190, kHeight}, Caption(kGroups[0]));
+    constexpr int kX = 13, kWidth = 151;
+    layout.Group(0, {7, kTop, 163, kHeight}, Caption(kGroups[0]));
     layout.Add({.id = LabelId(9908),
-                .rect = {kX, kTop + 9, kWidth, 10},
+                .rect = {kX, kTop + 11, kWidth, 10},
                 .text = QString::fromLatin1(kMacro[0].label),
                 .buddy = ValueId(9908)});
-    layout.Add({.id = ValueId(9908), .kind = ControlKind::DropDown, .rect = {kX, kTop + 20, kWidth, 14}, .reg = 9908});
+    layout.Add({.id = ValueId(9908), .kind = ControlKind::DropDown, .rect = {kX, kTop + 21, kWidth, 14}, .reg = 9908});
     layout.Add({.id = kIdMacroDescriptionLabel,
-                .rect = {kX, kTop + 38, 122, 10},
+                .rect = {kX, kTop + 40, 100, 10},
                 .text = QStringLiteral("Description of selected macro:"),
                 .buddy = kIdMacroDescription});
     layout.Add({.id = kIdMacroView,
                 .kind = ControlKind::PushButton,
-                .rect = {kX + kWidth - 50, kTop + 36, 50, 14},
+                .rect = {kX + kWidth - 48, kTop + 38, 48, 14},
                 .text = StringTableText(14).value_or(QString())});
     layout.Add(
-        {.id = kIdMacroDescription, .kind = ControlKind::MultilineText, .rect = {kX, kTop + 52, kWidth, kHeight - 55}});
+        {.id = kIdMacroDescription, .kind = ControlKind::MultilineText, .rect = {kX, kTop + 54, kWidth, kHeight - 57}});
 }
 
 void AddDependentRows(CLayoutBuilder& layout) {
-    layout.Group(1, {201, kTop, 297, kHeight}, Caption(kGroups[1]));
+    layout.Group(1, {173, kTop, 325, kHeight}, Caption(kGroups[1]));
     layout.Headings(1, kTop + 10, kDependentColumns);
     int y = kTop + 21;
     for (const RowDef& row : kDependent) {
@@ -83,7 +84,7 @@ DialogLayout MacroLayout() {
     CLayoutBuilder layout(101, kPageWidth, kPageHeight);
     AddMacro(layout);
     AddDependentRows(layout);
-    AddTerminalOverview(layout, {.top = kTop + kHeight + 3, .line = 9, .header = 15, .pictures = 0});
+    AddTerminalOverview(layout, {.top = kTop + kHeight + 2, .line = 9, .header = 14, .pictures = 0});
     return layout.BottomRow(true).Take();
 }
 

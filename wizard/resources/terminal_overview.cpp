@@ -11,7 +11,7 @@ constexpr int kLeft = 7;
 constexpr int kWidth = 244;
 constexpr int kColumnGap = 3;
 constexpr int kGroupGap = 2;
-constexpr int kFrameTop = 9;
+constexpr int kFrameTop = 11;
 constexpr int kFrameBottom = 2;
 constexpr int kTextHeight = 9;
 constexpr int kMargin = 5;
@@ -186,7 +186,7 @@ void AddNote(CLayoutBuilder& layout, int x, int y) {
         const char16_t* text;
         bool bold;
     } words[] = {{kIdAttention, 46, u"Attention:", true},
-                 {kIdNoteText, 116, u"Activate new values by pressing", false},
+                 {kIdNoteText, 112, u"Activate new values by pressing", false},
                  {kIdNoteApply, 22, u"Apply", false},
                  {kIdNoteOr, 11, u"or", false},
                  {kIdNoteClose, 24, u"Close", false}};

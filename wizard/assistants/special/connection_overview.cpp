@@ -38,7 +38,14 @@ bool IsDrawn(int id) {
 } // namespace
 
 QWidget* CConnectionOverview::MakeControl(int id, QWidget* parent) {
-    return IsDrawn(id) ? new CColorStatic(parent) : nullptr;
+    if (!IsDrawn(id))
+        return nullptr;
+    auto* text = new CColorStatic(parent);
+    // The frame behind it has a shade of its own.
+    QPalette palette;
+    palette.setColor(QPalette::Button, Qt::transparent);
+    text->setPalette(palette);
+    return text;
 }
 
 void CConnectionOverview::Dress() {
