@@ -53,7 +53,8 @@ constexpr RowDef kInput1[] = {ModeRow(1303), SettingRow(1301), SettingRow(1302),
 constexpr RowDef kInput2[] = {ModeRow(1307), SettingRow(1305), SettingRow(1306), SettingRow(1308), TerminalRow(504)};
 constexpr RowDef kInput3[] = {ModeRow(1311), SettingRow(1309), SettingRow(1310), SettingRow(1312), TerminalRow(505)};
 constexpr RowDef kInput4[] = {ModeRow(1315), SettingRow(1313), SettingRow(1314), SettingRow(1316), TerminalRow(506)};
-constexpr RowGroupDef kGroups[] = {kSpeedScalingGroup,
+constexpr RowDef kScaling[] = {SpeedScalingRow(-1)};
+constexpr RowGroupDef kGroups[] = {SpeedScalingGroup(kScaling),
                                    {.caption = "AI1", .headings = false, .rows = kInput1},
                                    {.caption = "AI2", .headings = false, .rows = kInput2},
                                    {.caption = "AI3", .headings = false, .rows = kInput3},
@@ -93,7 +94,7 @@ constinit const PageRows kAnalogueInputRows{.layout = 59, .groups = kGroups};
 
 DialogLayout AnalogueInputsLayout() {
     CLayoutBuilder layout(59, kPageWidth, kPageHeight, QStringLiteral("AI settings"));
-    AddSpeedScaling(layout);
+    AddSpeedScaling(layout, kGroups[0]);
     static constexpr int kPictures[] = {10013, 10015, 10016};
     AddChannelPictures(layout, kPictures, kBottom);
     for (int input = 1; input <= kAnalogueInputs; ++input)
