@@ -1,30 +1,29 @@
-// Layouts 59, the settings of the analogue inputs, and 143, the picker of what one of them feeds.
+// Layout 59: the settings of the analogue inputs.
 #include "wizard/resources/analogue_parts.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/layouts.h"
 #include "wizard/resources/page_rows.h"
-#include "wizard/resources/string_table.h"
 
 namespace krt550 {
 namespace {
 
 constexpr RowColumns kColumns{.label = 121,
-                              .labelWidth = 104,
-                              .value = 226,
+                              .labelWidth = 91,
+                              .value = 213,
                               .valueWidth = 50,
-                              .unit = 279,
+                              .unit = 266,
                               .unitWidth = 22,
                               .minimum = 0,
                               .maximum = 0,
                               .limitWidth = 0};
-constexpr int kListWidth = 75;
+constexpr int kListWidth = 109;
 /// Columns of the actual values, in a frame beside the rows.
-constexpr RowColumns kActualColumns{.label = 312,
-                                    .labelWidth = 72,
-                                    .value = 385,
-                                    .valueWidth = 78,
-                                    .unit = 464,
-                                    .unitWidth = 26,
+constexpr RowColumns kActualColumns{.label = 298,
+                                    .labelWidth = 64,
+                                    .value = 364,
+                                    .valueWidth = 80,
+                                    .unit = 446,
+                                    .unitWidth = 40,
                                     .minimum = 0,
                                     .maximum = 0,
                                     .limitWidth = 0};
@@ -63,7 +62,7 @@ static_assert(IsSound(kGroups));
 void AddInput(CLayoutBuilder& layout, int input, int top) {
     const RowGroupDef& group = kGroups[input];
     layout.Group(input, {kChannelX, top, kChannelWidth, kHeight}, QString::fromLatin1(group.caption));
-    layout.Add({.id = ChannelId(input, kChannelConnection), .rect = {308, top + 10, 134, 14}, .bold = true});
+    layout.Add({.id = ChannelId(input, kChannelConnection), .rect = {328, top + 10, 114, 14}, .bold = true});
     layout.Add({.id = ChannelId(input, kChannelEdit),
                 .kind = ControlKind::PushButton,
                 .rect = {446, top + 9, 46, 14},
@@ -75,7 +74,7 @@ void AddInput(CLayoutBuilder& layout, int input, int top) {
         y += kRowStep;
     }
     const int frame = top + 27;
-    layout.Add({.id = ChannelId(input, kChannelFrame), .kind = ControlKind::GroupBox, .rect = {306, frame, 186, 39}});
+    layout.Add({.id = ChannelId(input, kChannelFrame), .kind = ControlKind::GroupBox, .rect = {292, frame, 200, 39}});
     layout.Row(group.rows.back(), frame + 6, kActualColumns, 0);
     const int converted = frame + 21;
     layout.Add({.id = ChannelId(input, kChannelConvertedLabel),
@@ -99,25 +98,6 @@ DialogLayout AnalogueInputsLayout() {
     for (int input = 1; input <= kAnalogueInputs; ++input)
         AddInput(layout, input, kTop + (input - 1) * (kHeight + kGap));
     return layout.DialogButtons(299).Take();
-}
-
-DialogLayout AnalogueInputConnectionsLayout() {
-    CLayoutBuilder layout(143, 166, 169, QStringLiteral("AI Settings"));
-    layout.Add({.id = kIdConnectionList,
-                .kind = ControlKind::CheckList,
-                .rect = {7, 7, 152, 134},
-                .name = QStringLiteral("Functions of the input")});
-    layout.Add({.id = kIdCloseDialog,
-                .kind = ControlKind::DefaultButton,
-                .rect = {56, 148, 50, 14},
-                .text = QStringLiteral("OK"),
-                .mnemonic = true});
-    layout.Add({.id = kIdCancelDialog,
-                .kind = ControlKind::PushButton,
-                .rect = {109, 148, 50, 14},
-                .text = StringTableText(36).value_or(QString()),
-                .mnemonic = true});
-    return layout.Take();
 }
 
 } // namespace krt550
