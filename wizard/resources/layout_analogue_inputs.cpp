@@ -1,9 +1,8 @@
-// Layouts 59, the settings of the analogue inputs, and 143, the picker of what one of them feeds.
+// Layout 59: the settings of the analogue inputs.
 #include "wizard/resources/analogue_parts.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/layouts.h"
 #include "wizard/resources/page_rows.h"
-#include "wizard/resources/string_table.h"
 
 namespace krt550 {
 namespace {
@@ -100,25 +99,6 @@ DialogLayout AnalogueInputsLayout() {
     for (int input = 1; input <= kAnalogueInputs; ++input)
         AddInput(layout, input, kTop + (input - 1) * (kHeight + kGap));
     return layout.DialogButtons(299).Take();
-}
-
-DialogLayout AnalogueInputConnectionsLayout() {
-    CLayoutBuilder layout(143, 166, 169, QStringLiteral("AI Settings"));
-    layout.Add({.id = kIdConnectionList,
-                .kind = ControlKind::CheckList,
-                .rect = {7, 7, 152, 134},
-                .name = QStringLiteral("Functions of the input")});
-    layout.Add({.id = kIdCloseDialog,
-                .kind = ControlKind::DefaultButton,
-                .rect = {56, 148, 50, 14},
-                .text = QStringLiteral("OK"),
-                .mnemonic = true});
-    layout.Add({.id = kIdCancelDialog,
-                .kind = ControlKind::PushButton,
-                .rect = {109, 148, 50, 14},
-                .text = StringTableText(36).value_or(QString()),
-                .mnemonic = true});
-    return layout.Take();
 }
 
 } // namespace krt550

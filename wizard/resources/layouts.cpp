@@ -20,11 +20,23 @@ struct FullLayout {
 };
 
 constexpr FullLayout kFullLayouts[] = {
-    {59, AnalogueInputsLayout},       {140, AnalogueOutputsLayout},  {143, AnalogueInputConnectionsLayout},
-    {100, NamePlateLayout},           {103, FieldCurrentLayout},     {104, ArmatureLayout},
-    {107, StartPageLayout},           {110, SpeedFeedbackLayout},    {111, SpeedControllerLayout},
-    {112, FieldWeakeningLayout},      {122, DiagnosisLayout},        {10056, SpeedGeneralTabLayout},
-    {10057, SpeedFiltersTabLayout},   {10058, SpeedLimitsTabLayout}, {10062, TachoManualLayout},
+    {59, AnalogueInputsLayout},
+    {140, AnalogueOutputsLayout},
+    {143, AnalogueInputConnectionsLayout},
+    {141, DigitalTerminalsLayout},
+    {142, DigitalInputConnectionsLayout},
+    {100, NamePlateLayout},
+    {103, FieldCurrentLayout},
+    {104, ArmatureLayout},
+    {107, StartPageLayout},
+    {110, SpeedFeedbackLayout},
+    {111, SpeedControllerLayout},
+    {112, FieldWeakeningLayout},
+    {122, DiagnosisLayout},
+    {10056, SpeedGeneralTabLayout},
+    {10057, SpeedFiltersTabLayout},
+    {10058, SpeedLimitsTabLayout},
+    {10062, TachoManualLayout},
     {10063, SpeedFeedbackAutoLayout},
 };
 

@@ -17,6 +17,8 @@ DialogLayout SpeedControllerLayout();          ///< 111
 DialogLayout FieldWeakeningLayout();           ///< 112
 DialogLayout DiagnosisLayout();                ///< 122
 DialogLayout AnalogueOutputsLayout();          ///< 140
+DialogLayout DigitalTerminalsLayout();         ///< 141
+DialogLayout DigitalInputConnectionsLayout();  ///< 142
 DialogLayout AnalogueInputConnectionsLayout(); ///< 143
 
 /// Tabs.
