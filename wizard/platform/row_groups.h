@@ -79,6 +79,7 @@ struct PageRows {
     int layout = 0;
     std::span<const RowGroupDef> groups = {};
     UpdateWhen update = UpdateWhen::AllRead;
+    std::span<const quint16> others = {}; ///< registers whose controls the window binds itself
 };
 
 constexpr bool HasUnit(const RowDef& row) {

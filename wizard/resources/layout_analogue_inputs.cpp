@@ -1,9 +1,8 @@
-// Layouts 59, the settings of the analogue inputs, and 143, the picker of what one of them feeds.
+// Layout 59: the settings of the analogue inputs.
 #include "wizard/resources/analogue_parts.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/layouts.h"
 #include "wizard/resources/page_rows.h"
-#include "wizard/resources/string_table.h"
 
 namespace krt550 {
 namespace {
@@ -53,7 +52,8 @@ constexpr RowDef kInput1[] = {ModeRow(1303), SettingRow(1301), SettingRow(1302),
 constexpr RowDef kInput2[] = {ModeRow(1307), SettingRow(1305), SettingRow(1306), SettingRow(1308), TerminalRow(504)};
 constexpr RowDef kInput3[] = {ModeRow(1311), SettingRow(1309), SettingRow(1310), SettingRow(1312), TerminalRow(505)};
 constexpr RowDef kInput4[] = {ModeRow(1315), SettingRow(1313), SettingRow(1314), SettingRow(1316), TerminalRow(506)};
-constexpr RowGroupDef kGroups[] = {kSpeedScalingGroup,
+constexpr RowDef kScaling[] = {SpeedScalingRow(-1)};
+constexpr RowGroupDef kGroups[] = {SpeedScalingGroup(kScaling),
                                    {.caption = "AI1", .headings = false, .rows = kInput1},
                                    {.caption = "AI2", .headings = false, .rows = kInput2},
                                    {.caption = "AI3", .headings = false, .rows = kInput3},
@@ -93,31 +93,12 @@ constinit const PageRows kAnalogueInputRows{.layout = 59, .groups = kGroups};
 
 DialogLayout AnalogueInputsLayout() {
     CLayoutBuilder layout(59, kPageWidth, kPageHeight, QStringLiteral("AI settings"));
-    AddSpeedScaling(layout);
+    AddSpeedScaling(layout, kGroups[0]);
     static constexpr int kPictures[] = {10013, 10015, 10016};
     AddChannelPictures(layout, kPictures, kBottom);
     for (int input = 1; input <= kAnalogueInputs; ++input)
         AddInput(layout, input, kTop + (input - 1) * (kHeight + kGap));
     return layout.DialogButtons(299).Take();
-}
-
-DialogLayout AnalogueInputConnectionsLayout() {
-    CLayoutBuilder layout(143, 166, 169, QStringLiteral("AI Settings"));
-    layout.Add({.id = kIdConnectionList,
-                .kind = ControlKind::CheckList,
-                .rect = {7, 7, 152, 134},
-                .name = QStringLiteral("Functions of the input")});
-    layout.Add({.id = kIdCloseDialog,
-                .kind = ControlKind::DefaultButton,
-                .rect = {56, 148, 50, 14},
-                .text = QStringLiteral("OK"),
-                .mnemonic = true});
-    layout.Add({.id = kIdCancelDialog,
-                .kind = ControlKind::PushButton,
-                .rect = {109, 148, 50, 14},
-                .text = StringTableText(36).value_or(QString()),
-                .mnemonic = true});
-    return layout.Take();
 }
 
 } // namespace krt550

@@ -1,4 +1,4 @@
-// The pickers of what one input is connected to.
+// Layouts 142 and 143: the pickers of what a digital and an analogue input are connected to.
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/layout_parts.h"
 #include "wizard/resources/layouts.h"
@@ -25,6 +25,10 @@ DialogLayout PickerLayout(int number, const QString& caption) {
 
 DialogLayout DigitalInputConnectionsLayout() {
     return PickerLayout(142, QStringLiteral("DI settings"));
+}
+
+DialogLayout AnalogueInputConnectionsLayout() {
+    return PickerLayout(143, QStringLiteral("AI Settings"));
 }
 
 } // namespace krt550

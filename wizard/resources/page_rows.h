@@ -18,12 +18,13 @@ extern const PageRows kSpeedFeedbackAutoRows;
 extern const PageRows kTachoManualRows;
 extern const PageRows kAnalogueInputRows;
 extern const PageRows kAnalogueOutputRows;
+extern const PageRows kDigitalTerminalRows;
 
 /// All of them.
 inline constexpr const PageRows* kAllPageRows[] = {
-    &kNamePlateRows,       &kMacroRows,         &kFieldCurrentRows,   &kArmatureRows,    &kFieldWeakeningRows,
-    &kSpeedControllerRows, &kSpeedGeneralRows,  &kSpeedFiltersRows,   &kSpeedLimitsRows, &kSpeedFeedbackAutoRows,
-    &kTachoManualRows,     &kAnalogueInputRows, &kAnalogueOutputRows,
+    &kNamePlateRows,       &kMacroRows,         &kFieldCurrentRows,   &kArmatureRows,        &kFieldWeakeningRows,
+    &kSpeedControllerRows, &kSpeedGeneralRows,  &kSpeedFiltersRows,   &kSpeedLimitsRows,     &kSpeedFeedbackAutoRows,
+    &kTachoManualRows,     &kAnalogueInputRows, &kAnalogueOutputRows, &kDigitalTerminalRows,
 };
 
 } // namespace krt550

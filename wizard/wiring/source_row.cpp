@@ -7,6 +7,7 @@
 #include "wizard/params/validation.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
+#include "wizard/platform/terminal_registers.h"
 #include "wizard/platform/window.h"
 #include "wizard/wiring/index_choices.h"
 #include "wizard/wiring/selector_list.h"
@@ -36,7 +37,7 @@ bool Reported(const CParameter& parameter, bool success) {
 } // namespace
 
 CSourceRow::CSourceRow(CWindow& window, int number, const SourceRowIds& ids)
-    : m_window(window), m_indexRegister(IndexRegister(number)), m_bitRegister(BitRegister(number)), m_ids(ids) {
+    : m_window(window), m_indexRegister(DOIndexRegister(number)), m_bitRegister(DOBitRegister(number)), m_ids(ids) {
     m_window.Handle(ids.choice, ControlEvent::Selected, [this] { Chosen(); });
     for (const int id : {ids.index, ids.bit}) {
         m_window.Handle(id, ControlEvent::Changed, [this] { Edited(); });

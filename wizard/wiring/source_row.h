@@ -1,5 +1,6 @@
 #pragma once
 
+#include "wizard/platform/terminal_registers.h"
 #include "wizard/texts/text_records.h"
 
 #include <QString>
@@ -25,9 +26,8 @@ struct SourceRowIds {
 /// what is written, the drop-down fills them.
 class CSourceRow {
 public:
-    /// Registers of digital output `number` (1 to 8): index and bit.
-    static constexpr quint16 IndexRegister(int number) { return static_cast<quint16>(1399 + 2 * number); }
-    static constexpr quint16 BitRegister(int number) { return static_cast<quint16>(1400 + 2 * number); }
+    static constexpr quint16 IndexRegister(int number) { return DOIndexRegister(number); }
+    static constexpr quint16 BitRegister(int number) { return DOBitRegister(number); }
 
     /// Sets the window's handlers for the row's controls. `window` outlives the row.
     CSourceRow(CWindow& window, int number, const SourceRowIds& ids);

@@ -36,24 +36,34 @@ bool CDialogConnections::OnInitDialog() {
 void CDialogConnections::FillList() {
     auto* list = GetControl<QListWidget>(kIdConnectionList);
     const QSignalBlocker quiet(list);
-    for (int item = 0; item < m_picker->Count(); ++item) {
+    for (int item = 0; item < m_picker->Count(); ++item)
         AddCheckEntry(list, m_picker->Name(item), m_picker->IsTicked(item));
+    ShowItems();
+}
+
+void CDialogConnections::ShowItems() {
+    const auto* list = GetControl<QListWidget>(kIdConnectionList);
+    const QSignalBlocker quiet(list);
+    for (int item = 0; item < m_picker->Count(); ++item) {
         QListWidgetItem* entry = list->item(item);
+        const bool canChange = m_picker->CanChange(item);
+        entry->setCheckState(m_picker->IsTicked(item) ? Qt::Checked : Qt::Unchecked);
+        entry->setFlags(entry->flags().setFlag(Qt::ItemIsUserCheckable, canChange));
+        entry->setForeground(list->palette().brush(canChange ? QPalette::Active : QPalette::Disabled, QPalette::Text));
         entry->setToolTip(m_picker->Hint(item));
-        if (!m_picker->CanChange(item))
-            entry->setFlags(entry->flags() & ~Qt::ItemIsUserCheckable);
+        entry->setData(Qt::AccessibleDescriptionRole, m_picker->Hint(item));
     }
 }
 
 /// One tick may take another one away.
 void CDialogConnections::Ticked() {
-    auto* list = GetControl<QListWidget>(kIdConnectionList);
-    const QSignalBlocker quiet(list);
+    const auto* list = GetControl<QListWidget>(kIdConnectionList);
     for (int item = 0; item < m_picker->Count(); ++item)
-        if (const bool ticked = list->item(item)->checkState() == Qt::Checked; ticked != m_picker->IsTicked(item))
+        if (const bool ticked = list->item(item)->checkState() == Qt::Checked; ticked != m_picker->IsTicked(item)) {
             m_picker->Tick(item, ticked);
-    for (int item = 0; item < m_picker->Count(); ++item)
-        list->item(item)->setCheckState(m_picker->IsTicked(item) ? Qt::Checked : Qt::Unchecked);
+            break; // what follows from it is shown below
+        }
+    ShowItems();
 }
 
 CDialogAIConnections::CDialogAIConnections(QWidget* opener, int input, CParameterGroup* root,

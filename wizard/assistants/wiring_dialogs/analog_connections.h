@@ -26,6 +26,7 @@ protected:
 
 private:
     void FillList();
+    void ShowItems();
     void Ticked();
 
     InputKind m_kind;

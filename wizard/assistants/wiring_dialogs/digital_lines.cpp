@@ -1,13 +1,13 @@
 #include "wizard/assistants/wiring_dialogs/digital_lines.h"
 
 #include "wizard/platform/dialog_layout.h"
+#include "wizard/platform/terminal_registers.h"
 #include "wizard/platform/tool_tip.h"
 #include "wizard/platform/window.h"
 #include "wizard/resources/digital_terminals.h"
 #include "wizard/shell/color_static.h"
 #include "wizard/shell/grey_check_box.h"
 #include "wizard/texts/wizard_text_store.h"
-#include "wizard/wiring/source_row.h"
 
 namespace krt550 {
 namespace {
@@ -40,13 +40,13 @@ void AttachToolTips(CWindow& window, DigitalGroup group, int number) {
         SetToolTip(window.GetDlgItem(DigitalId(group, number, control)), CWizardTextStore::Instance().GetToolTip(reg));
     };
     if (group == DigitalGroup::Inputs) {
-        attach(kDigitalInvert, InversionRegister(number));
+        attach(kDigitalInvert, DIInversionRegister(number));
         attach(kDigitalStatus, kInputStates);
         return;
     }
     for (const DigitalControl control : {kDigitalName, kDigitalChoice, kDigitalIndex, kDigitalInvert})
-        attach(control, CSourceRow::IndexRegister(number));
-    attach(kDigitalBit, CSourceRow::BitRegister(number));
+        attach(control, DOIndexRegister(number));
+    attach(kDigitalBit, DOBitRegister(number));
     attach(kDigitalStatus, kOutputStates);
 }
 

@@ -11,10 +11,6 @@ struct ControlLayout;
 
 /// How the settings of digital inputs and outputs look.
 
-/// Registers behind a line.
-constexpr quint16 InversionRegister(int input) { ///< 10.25 to 10.32
-    return static_cast<quint16>(1024 + input);
-}
 inline constexpr quint16 kInputStates = 805;  ///< bit k - 1: DIk
 inline constexpr quint16 kOutputStates = 806; ///< bit k - 1: DOk
 

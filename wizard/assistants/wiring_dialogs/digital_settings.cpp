@@ -11,6 +11,7 @@
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/push_button.h"
+#include "wizard/platform/terminal_registers.h"
 #include "wizard/platform/wait_cursor.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/texts/context_help.h"
@@ -110,7 +111,7 @@ void CDialogDIDOSettings::LoadInputs() {
     m_selectors = CSelectorList(InputKind::Digital, m_root, reads);
     for (int number = 1; number <= kDigitalTerminals; ++number) {
         ShowConnection(number);
-        CParameter* inversion = FindInTree(m_root, InversionRegister(number));
+        CParameter* inversion = FindInTree(m_root, DIInversionRegister(number));
         const bool read = reads.Read(inversion);
         m_inversions[At(number)] = read ? inversion : nullptr;
         auto* tick = GetControl<QAbstractButton>(InputId(number, kDigitalInvert));
@@ -144,8 +145,8 @@ void CDialogDIDOSettings::WriteInversion(int number) {
     const bool ticked = GetControl<QAbstractButton>(InputId(number, kDigitalInvert))->isChecked();
     const quint16 word = ticked ? 1 : 0;
     if (inversion->GetActualValue() != word)
-        SetAndWriteParameter(m_root, InversionRegister(number), word);
-    UnmarkChanged(InversionRegister(number));
+        SetAndWriteParameter(m_root, DIInversionRegister(number), word);
+    UnmarkChanged(DIInversionRegister(number));
 }
 
 void CDialogDIDOSettings::EditConnections(int number) {
@@ -167,9 +168,9 @@ void CDialogDIDOSettings::InversionClicked(int number) {
     const CParameter* inversion = m_inversions[At(number)];
     const bool ticked = GetControl<QAbstractButton>(InputId(number, kDigitalInvert))->isChecked();
     if (inversion && ticked != (inversion->GetActualValue() == 1))
-        MarkChanged(InversionRegister(number));
+        MarkChanged(DIInversionRegister(number));
     else
-        UnmarkChanged(InversionRegister(number));
+        UnmarkChanged(DIInversionRegister(number));
 }
 
 void CDialogDIDOSettings::OutputChanged(int number) {
@@ -217,7 +218,7 @@ void CDialogDIDOSettings::OnTimer(int id) {
 /// The marks of this dialog's rows; those of the page behind it stay.
 void CDialogDIDOSettings::Forget() const {
     for (int number = 1; number <= kDigitalTerminals; ++number)
-        UnmarkChanged(InversionRegister(number));
+        UnmarkChanged(DIInversionRegister(number));
     for (const auto& output : m_outputs)
         output->Unmark();
 }
