@@ -1,10 +1,10 @@
 #include "wizard/assistants/special/connection_overview.h"
 
 #include "hostlib/tolvbo32/parameter.h"
-#include "wizard/assistants/wiring_dialogs/digital_lines.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/read_once.h"
 #include "wizard/platform/control_text.h"
+#include "wizard/platform/terminal_registers.h"
 #include "wizard/platform/tool_tip.h"
 #include "wizard/platform/window.h"
 #include "wizard/shell/color_static.h"
@@ -97,7 +97,7 @@ void CConnectionOverview::ShowInputs(TerminalKind kind, CParameterGroup* root, C
     const bool digital = kind == TerminalKind::DigitalInput;
     const CSelectorList selectors(digital ? InputKind::Digital : InputKind::Analogue, root, reads);
     for (int number = 1; number <= TerminalCount(kind); ++number) {
-        CParameter* inversion = digital ? FindParameter(root, InversionRegister(number)) : nullptr;
+        CParameter* inversion = digital ? FindParameter(root, DIInversionRegister(number)) : nullptr;
         const bool inverted = reads.Read(inversion) && inversion->GetActualValue() == 1;
         ShowTerminal(kind, number, selectors.UseOf(number).text, inverted);
     }
