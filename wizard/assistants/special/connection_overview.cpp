@@ -9,7 +9,6 @@
 #include "wizard/platform/window.h"
 #include "wizard/shell/color_static.h"
 #include "wizard/wiring/selector_list.h"
-#include "wizard/wiring/source_row.h"
 
 #include <algorithm>
 
@@ -18,11 +17,6 @@ namespace {
 
 const QString kUnknown = QStringLiteral("?");
 constexpr int kNoteIds[] = {kIdAttention, kIdNoteText, kIdNoteApply, kIdNoteOr, kIdNoteClose};
-
-/// 15.01 and 15.06.
-constexpr quint16 AOIndexRegister(int number) {
-    return static_cast<quint16>(1496 + 5 * number);
-}
 
 bool IsDrawn(int id) {
     for (const TerminalKind kind : kTerminalKinds) {
@@ -106,8 +100,8 @@ void CConnectionOverview::ShowInputs(TerminalKind kind, CParameterGroup* root, C
 void CConnectionOverview::ShowOutputs(TerminalKind kind, CParameterGroup* root, CReadOnce& reads) {
     const bool digital = kind == TerminalKind::DigitalOutput;
     for (int number = 1; number <= TerminalCount(kind); ++number) {
-        CParameter* index = FindParameter(root, digital ? CSourceRow::IndexRegister(number) : AOIndexRegister(number));
-        CParameter* bit = digital ? FindParameter(root, CSourceRow::BitRegister(number)) : nullptr;
+        CParameter* index = FindParameter(root, digital ? DOIndexRegister(number) : AOIndexRegister(number));
+        CParameter* bit = digital ? FindParameter(root, DOBitRegister(number)) : nullptr;
         const bool indexRead = reads.Read(index);
         const bool known = indexRead && (!digital || reads.Read(bit));
         const quint16 word = known ? index->GetActualValue() : quint16{0};

@@ -85,12 +85,12 @@ bool CDialogAOSettings::Bind(QString& errors) {
 }
 
 bool CDialogAOSettings::HasActualValues() const {
-    const bool has = FindInTree(GetRoot(), kSpeedScaling) || std::ranges::any_of(kOutputs, [this](const auto& output) {
-                         return FindInTree(GetRoot(), output.terminal);
-                     });
-    if (!has)
-        ShowMessageBox(LoadText(kNothingToUpdate), MessageIcon::None);
-    return has;
+    const auto has = [this](quint16 reg) { return FindInTree(GetRoot(), reg) != nullptr; };
+    return has(kSpeedScaling) || std::ranges::any_of(kOutputs, has, &OutputRegisters::terminal);
+}
+
+void CDialogAOSettings::TellNoActualValues() {
+    ShowMessageBox(LoadText(kNothingToUpdate), MessageIcon::None);
 }
 
 bool CDialogAOSettings::ShowActualValues() {

@@ -23,6 +23,7 @@ protected:
     void Applied(bool written) override;
     void Empty() override;
     bool HasActualValues() const override;
+    void TellNoActualValues() override;
     void Unmark() override;
 
 private:

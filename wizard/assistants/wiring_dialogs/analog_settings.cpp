@@ -43,6 +43,8 @@ bool CDialogAnalogSettings::OnInitDialog() {
         ShowMessageBox(errors, MessageIcon::Stop);
     if (HasActualValues())
         m_updateTimer = StartParameterUpdate(*this, m_timerKey);
+    else
+        TellNoActualValues();
     return true;
 }
 

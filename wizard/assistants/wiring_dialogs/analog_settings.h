@@ -29,8 +29,10 @@ protected:
     virtual void Applied(bool written) = 0;
     /// Without a root.
     virtual void Empty();
-    /// Whether the drive has something that the dialog's timer could refresh, having said so if that is told.
+    /// Whether the drive has something that the dialog's timer could refresh.
     virtual bool HasActualValues() const = 0;
+    /// When it has not.
+    virtual void TellNoActualValues() {}
     /// Forgets what was changed.
     virtual void Unmark() { m_rows.Unmark(); }
 
