@@ -191,8 +191,10 @@ bool FaultMatrix::RunCase(int n) {
     EXPECT_EQ(Robot::Front(), nullptr) << "a window was left";
     EXPECT_EQ(drive.violations.join("; ").toStdString(), "");
     CheckRemains(drive, "when the wizard had closed");
-    if (GetDisturbance().fails == 0 || GetDisturbance().fails == 1)
+    // More than one failure may take the way back as well.
+    if (GetDisturbance().fails == 0 || GetDisturbance().fails == 1) {
         EXPECT_TRUE(drive.IsNamedMacroLoaded());
+    }
     CheckReport(clerk);
     if (HasFailure())
         std::printf("    repeat with: KRT550_FAULT_CASE=%d, disturbed call: %s, boxes: %s\n", n,

@@ -3,6 +3,7 @@
 #include "tests/support/message_boxes.h"
 #include "tests/support/robot.h"
 
+#include "hostlib/tolvbo32/clock.h"
 #include "hostlib/tolvbo32/drive_description.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/resources/control_ids.h"
@@ -83,6 +84,8 @@ protected:
         return rows;
     }
 
+    CSteppedClock m_clock; // or a slow machine would come to the cyclic update
+    ClockScope m_clockScope{m_clock};
     FakeDrive m_drive{ShippedParameters()};
     MessageBoxes m_boxes;
 };
@@ -116,7 +119,7 @@ TEST_F(MacroAssistant, ShowsWhatEveryTerminalIsConnectedTo) {
     for (const int page : {101, 134}) {
         m_boxes.Expect("Reading parameter 14.05 DO3 index failed: simulated failure");
         Open(page == 101 ? 164 : 171, page, [&] {
-            EXPECT_EQ(Connection(DigitalInput, 6), "-");
+            EXPECT_EQ(Connection(DigitalInput, 4), "-");
             EXPECT_EQ(Connection(DigitalInput, 7), "On / start button");
             EXPECT_EQ(Connection(DigitalInput, 8), "Multiple connections");
             EXPECT_TRUE(IsInverted(DigitalInput, 8) && !IsInverted(DigitalInput, 7));
@@ -151,7 +154,7 @@ TEST_F(MacroAssistant, LoadsAMacroWithApplyAndNotBefore) {
         m_drive.TakeLog();
         m_drive.onCall = [this](const QString& call) {
             if (call == "write 9907=1")
-                m_drive.words[1010] = 1;
+                m_drive.words[1010] = 1, m_drive.words[1015] = 0;
         };
         Robot::Press(kIdApply);
         EXPECT_EQ(m_drive.TakeLog({"write", "refresh", "read 801"}),
@@ -252,11 +255,10 @@ TEST_F(MacroAssistant, ShowsItsRowsInTheAdvancedViewOnly) {
 TEST_F(MacroAssistant, TheTerminalsAloneAreChangedInTheirDialogsOnly) {
     OpenTerminals([&] {
         m_drive.TakeLog();
-        m_drive.words[1005] = 3;
-        m_drive.words[1006] = 0;
+        m_drive.words[1005] = 4;
         Robot::Press(kIdApply);
         EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList());
-        EXPECT_EQ(Connection(DigitalInput, 3), "On / start button") << "as it is now";
+        EXPECT_EQ(Connection(DigitalInput, 4), "On / start button") << "as it is now";
         m_drive.hasRoot = false;
         for (const TerminalKind kind : kTerminalKinds)
             Robot::Press(EditParametersId(kind));
