@@ -142,6 +142,9 @@ TEST_F(SpecialPages, WorkWithoutWhatTheDriveLacks) {
                 for (const int id : c.disabled)
                     EXPECT_FALSE(Robot::IsEnabled(id)) << id;
                 EXPECT_TRUE(Robot::IsEnabled(c.working)) << c.working;
+                if (c.box == kConfigurable) {
+                    EXPECT_EQ(Robot::Text(ConfigurableLabelId(1)), "2201 Acceleration time") << "what is missing";
+                }
                 LetAnUpdatePass();
                 EXPECT_EQ(m_drive->TakeLog({"write"}), QStringList());
             },

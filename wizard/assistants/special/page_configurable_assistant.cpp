@@ -1,6 +1,7 @@
 #include "wizard/assistants/special/page_configurable_assistant.h"
 
 #include "wizard/assistants/special/row_help_dialog.h"
+#include "wizard/params/changed_registers.h"
 #include "wizard/params/failure_pass.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/dialog_layout.h"
@@ -84,7 +85,10 @@ void CPageConfigurableAssistant::ReportLoadErrors(const QString& errors) {
 }
 
 bool CPageConfigurableAssistant::ApplyParameters() {
-    // A value that was refused stays in its row, to be corrected.
+    // Where nothing was typed nothing is told again of a file or a row that is missing. A value that was refused stays
+    // in its row, to be corrected.
+    if (!AnyChanged())
+        return true;
     return WriteRows() && (!GetPageParameterRoot(GetSheet()) || LoadParameters());
 }
 
