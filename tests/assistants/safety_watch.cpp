@@ -26,9 +26,15 @@ bool MakesMoreAlive(const QString& call) {
            (call.startsWith("write 9906=") && call != "write 9906=0");
 }
 
+std::vector<ParameterDescription> AllParameters() {
+    std::vector<ParameterDescription> parameters = FeedbackDrive::Parameters();
+    AddRowsOfAllPages(parameters);
+    return parameters;
+}
+
 } // namespace
 
-WatchedDrive::WatchedDrive() {
+WatchedDrive::WatchedDrive() : FeedbackDrive(AllParameters()) {
     onCall = [this](const QString& call) { Judge(call); };
 }
 

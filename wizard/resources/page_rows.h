@@ -15,11 +15,20 @@ extern const PageRows kSpeedFiltersRows;
 extern const PageRows kSpeedLimitsRows;
 extern const PageRows kSpeedFeedbackAutoRows;
 extern const PageRows kTachoManualRows;
+extern const PageRows kProtectionRows;
+extern const PageRows kLimitRows;
+extern const PageRows k12PulseCommonRows;
+extern const PageRows k12PulseProtectionRows;
+extern const PageRows kEStopRows;
+extern const PageRows kFieldExciterRows;
+extern const PageRows kConfigurableRows;
 
 /// All of them.
 inline constexpr const PageRows* kAllPageRows[] = {
-    &kNamePlateRows,    &kFieldCurrentRows, &kArmatureRows,    &kFieldWeakeningRows,    &kSpeedControllerRows,
-    &kSpeedGeneralRows, &kSpeedFiltersRows, &kSpeedLimitsRows, &kSpeedFeedbackAutoRows, &kTachoManualRows,
+    &kNamePlateRows,    &kFieldCurrentRows, &kArmatureRows,      &kFieldWeakeningRows,    &kSpeedControllerRows,
+    &kSpeedGeneralRows, &kSpeedFiltersRows, &kSpeedLimitsRows,   &kSpeedFeedbackAutoRows, &kTachoManualRows,
+    &kProtectionRows,   &kLimitRows,        &k12PulseCommonRows, &k12PulseProtectionRows, &kEStopRows,
+    &kFieldExciterRows, &kConfigurableRows,
 };
 
 } // namespace krt550
