@@ -89,6 +89,24 @@ void ApplySpeedController() {
     PressIfThere(kNext);
 }
 
+/// Changes rows of a specific assistant on each of its tabs, applies them and goes on.
+void ApplySpecial(int box, std::initializer_list<int> edits) {
+    constexpr int kView = 170;
+    PressIfThere(kView);
+    PressIfThere(box);
+    PressIfThere(kNext);
+    int tab = 0;
+    for (const int id : edits) {
+        if (tab > 0)
+            ShowTab(tab);
+        if (Robot::Find(id) && Robot::IsEnabled(id))
+            Robot::Type(id, "22");
+        ++tab;
+    }
+    PressIfThere(kApply);
+    PressIfThere(kNext);
+}
+
 void TurnByHand() {
     PressIfThere(167);
     PressIfThere(kNext);
@@ -179,6 +197,19 @@ const Procedure kProcedures[] = {
      .connects = {{1005, 0}, {1006, 1}, {1026, 1}, {1401, 801}, {1402, 2}}},
     {.name = "AnalogueInputs", .act = EditAnalogueInputs, .step = 0, .connects = {{1101, 0}, {2503, 1}}},
     {.name = "AnalogueOutputs", .act = EditAnalogueOutputs, .step = 0, .connects = {{1501, 104}}},
+    {"ApplyProtections",
+     [] {
+         ApplySpecial(173, {ValueId(3013), ValueId(2014)});
+     },
+     0, 1, 0, true},
+    {"Apply12Pulse",
+     [] {
+         ApplySpecial(178, {ValueId(9401), ValueId(4702)});
+     },
+     0, 1, 0, true},
+    {"ApplyEStop", [] { ApplySpecial(174, {733}); }, 0},
+    {"ApplyFieldExciter", [] { ApplySpecial(176, {192}); }, 0},
+    {"ApplyConfigurable", [] { ApplySpecial(180, {ConfigurableValueId(1)}); }, 0},
     {"Step5Encoder", [] { Tune(167); }, 5, 1, 0, true},
     {"Step5Tacho", [] { Tune(167); }, 5, 2, kStartRun, true},
     {"Step5TachoNext", [] { Tune(167); }, 5, 2, kNext, true},

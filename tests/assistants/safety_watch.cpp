@@ -26,9 +26,22 @@ bool MakesMoreAlive(const QString& call) {
            (call.startsWith("write 9906=") && call != "write 9906=0");
 }
 
+/// What a macro, a selector of the procedures' texts or a setting of a terminal stands in.
+bool IsConnection(quint16 reg) {
+    const auto isIn = [reg](int first, int last) { return reg >= first && reg <= last; };
+    return reg == 9908 || reg == 1005 || reg == 1006 || reg == 1101 || reg == 2503 || isIn(1025, 1032) ||
+           isIn(1301, 1316) || isIn(1401, 1416) || isIn(1501, 1510);
+}
+
+std::vector<ParameterDescription> AllParameters() {
+    std::vector<ParameterDescription> parameters = FeedbackDrive::Parameters();
+    AddRowsOfAllPages(parameters);
+    return parameters;
+}
+
 } // namespace
 
-WatchedDrive::WatchedDrive() {
+WatchedDrive::WatchedDrive() : FeedbackDrive(AllParameters()) {
     onCall = [this](const QString& call) { Judge(call); };
 }
 
@@ -38,7 +51,7 @@ void WatchedDrive::HoldConnections(const std::vector<std::pair<quint16, quint16>
         words[reg] = word;
     m_connections.clear();
     for (const auto& [reg, word] : words)
-        if (reg == 9908 || (reg > 1000 && reg < 1600) || reg == 2503)
+        if (IsConnection(reg))
             m_connections[reg] = {word};
     for (const auto& [reg, word] : wanted)
         m_connections[reg].insert(word);

@@ -89,10 +89,13 @@ class FaultMatrix : public testing::TestWithParam<Case> {
 protected:
     FaultMatrix() {
         // With update periods, so that passes become due in the middle of everything.
-        static const WizardFiles files(QByteArray(kConnectionTexts) +
-                                       "SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\nUPDATE\t1\t150\nUPDATE\t2\t150"
-                                       "\nUPDATE\t8\t150\nUPDATE\t101\t150\nUPDATE\t102\t150\nUPDATE\t3\t150\n"
-                                       "UPDATE\t4\t150\nUPDATE\t5\t150\nUPDATE\t6\t150\nUPDATE\t7\t150\n");
+        static const WizardFiles files(
+            QByteArray(kConnectionTexts) +
+                "SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\nUPDATE\t1\t150\nUPDATE\t2\t150\n"
+                "UPDATE\t3\t150\nUPDATE\t4\t150\nUPDATE\t5\t150\nUPDATE\t6\t150\nUPDATE\t7\t150\n"
+                "UPDATE\t8\t150\nUPDATE\t9\t150\nUPDATE\t10\t150\nUPDATE\t12\t150\nUPDATE\t14\t150\n"
+                "UPDATE\t16\t150\nUPDATE\t101\t150\nUPDATE\t102\t150\nENABLESTART\t12\t9912\t0,1\n",
+            "NAME\tPage\nCAP\t1\t2201\t5\t\t\tHelp\nCAP\t2\t2202\nCAP\t21\t2104\t1\n");
         m_wizardPath = files.WizardPath();
         EnsureStepStates();
     }

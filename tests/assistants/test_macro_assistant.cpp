@@ -130,7 +130,7 @@ TEST_F(MacroAssistant, ShowsWhatEveryTerminalIsConnectedTo) {
             EXPECT_EQ(Connection(DigitalOutput, 3), "?");
             EXPECT_EQ(Connection(AnalogueOutput, 1), "Speed actual");
             EXPECT_EQ(Connection(AnalogueOutput, 2), "Other (9999)");
-            EXPECT_EQ(Robot::Find(kIdAttention) != nullptr, page == 101);
+            EXPECT_EQ(Robot::Find(kIdNoteAttention) != nullptr, page == 101);
         });
     }
 }

@@ -22,6 +22,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStyle>
 
 #include <algorithm>
 #include <map>
@@ -31,8 +32,9 @@
 namespace krt550 {
 namespace {
 
-constexpr int kLayouts[] = {59,  100, 101, 103, 104, 107, 110, 111, 112, 122,   133,   134,   135,   136,
-                            137, 138, 139, 140, 141, 142, 143, 146, 147, 10056, 10057, 10058, 10062, 10063};
+constexpr int kLayouts[] = {59,  100, 101, 103, 104, 107,   110,   111,   112,   122,   133,
+                            134, 135, 136, 137, 138, 139,   140,   141,   142,   143,   144,
+                            145, 146, 147, 149, 150, 10000, 10056, 10057, 10058, 10062, 10063};
 
 class CLayoutWindow : public CWindow {
 public:
@@ -49,6 +51,10 @@ protected:
 int NeededWidth(const QWidget* control) {
     if (const auto* label = qobject_cast<const QLabel*>(control); label && !label->wordWrap())
         return label->fontMetrics().horizontalAdvance(label->text());
+    // The style has its own ideas of how wide a button is at least.
+    if (const auto* button = qobject_cast<const QPushButton*>(control))
+        return button->fontMetrics().horizontalAdvance(button->text()) +
+               2 * button->style()->pixelMetric(QStyle::PM_ButtonMargin);
     if (const auto* button = qobject_cast<const QAbstractButton*>(control); button && !button->text().isEmpty())
         return button->sizeHint().width();
     if (const auto* group = qobject_cast<const QGroupBox*>(control))
@@ -133,11 +139,14 @@ void NameRows(CWindow& window) {
     SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
     for (const auto& [layout, row] : RowsOf(window.GetLayoutNumber())) {
         QStringList texts;
-        for (const QString& reg : row.reg == 0 ? DependentRegisters() : QStringList(QString::number(row.reg))) {
-            RowDef shown = row;
-            shown.reg = reg.toUShort();
-            texts.append((row.numbered ? reg + ' ' : QString()) + ShownName(shown));
-        }
+        if (row.reg == 0 && layout != kMacroRows.layout) // what stands in a text file
+            texts.append(QStringLiteral("2201 Acceleration time"));
+        else
+            for (const QString& reg : row.reg == 0 ? DependentRegisters() : QStringList(QString::number(row.reg))) {
+                RowDef shown = row;
+                shown.reg = reg.toUShort();
+                texts.append((row.numbered ? reg + ' ' : QString()) + ShownName(shown));
+            }
         ShowLongest(window.GetDlgItem(IdsOf(row).label), texts);
     }
     NameTerminals(window);
@@ -234,7 +243,8 @@ TEST_P(Layouts, FramesAreApartOrInsideEachOtherAndCutNothing) {
 
 TEST_P(Layouts, HasEachShortcutOnce) {
     // A tab stands on its page together with the page's own buttons.
-    static const std::map<int, int> kPages = {{10062, 110}, {10063, 110}, {10056, 111}, {10057, 111}, {10058, 111}};
+    static const std::map<int, int> kPages = {{10062, 110}, {10063, 110}, {10056, 111}, {10057, 111}, {10058, 111},
+                                              {144, 133},   {145, 133},   {149, 139},   {150, 139}};
     std::vector<int> shown = {GetParam()};
     if (const auto page = kPages.find(GetParam()); page != kPages.end())
         shown.push_back(page->second);
@@ -298,7 +308,7 @@ TEST_F(Layouts, EveryRowHasItsTextsOnce) {
     for (const QString& reg : DependentRegisters())
         EXPECT_NE(CWizardTextStore::Instance().GetToolTip(reg.toUShort()), "") << reg.toStdString();
     for (const auto& [layout, row] : RowsOf(0)) {
-        if (row.reg == 0)
+        if (row.reg == 0) // from a text file
             continue;
         EXPECT_TRUE(DriveNames().contains(row.reg)) << row.reg;
         EXPECT_NE(CWizardTextStore::Instance().GetToolTip(row.reg), "") << row.reg;
@@ -327,8 +337,9 @@ TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 1.0).size(), size) << picture;
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 2.0).deviceIndependentSize(), QSizeF(size)) << picture;
     }
-    for (const int picture : {10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022, 10023, 10024, 10025,
-                              10026, 10031, 10032, 10034, 10035, 10036, 10037, 10038, 10039, 10046, 10047})
+    for (const int picture :
+         {10012, 10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022, 10023, 10024, 10025, 10026, 10028,
+          10029, 10031, 10032, 10034, 10035, 10036, 10037, 10038, 10039, 10046, 10047, 10049, 10050, 10051})
         EXPECT_FALSE(m_resources.GetPicture(picture, {}, 1.0).isNull()) << picture;
     EXPECT_TRUE(m_resources.GetPicture(1, {}, 1.0).isNull());
 }

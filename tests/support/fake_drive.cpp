@@ -146,6 +146,21 @@ std::vector<ParameterDescription> TerminalParameters() {
     return parameters;
 }
 
+void AddRowsOfAllPages(std::vector<ParameterDescription>& parameters) {
+    const auto add = [&parameters](quint16 reg, bool list) {
+        if (reg == 0 || std::ranges::find(parameters, reg, &ParameterDescription::reg) != parameters.end())
+            return;
+        const QString name = QStringLiteral("Parameter %1").arg(reg);
+        parameters.push_back(list ? List(reg, name, {{0, "Off"}, {1, "On"}}) : Number(reg, name, 0, 0, 10000));
+    };
+    for (const PageRows* page : kAllPageRows)
+        for (const RowGroupDef& group : page->groups)
+            for (const RowDef& row : group.rows)
+                add(row.reg, row.kind == RowKind::List);
+    for (const int reg : {418, 419})
+        add(static_cast<quint16>(reg), false);
+}
+
 std::vector<ParameterDescription> WizardParameters() {
     std::vector<ParameterDescription> parameters = NamePlateParameters();
     std::ranges::move(TerminalParameters(), std::back_inserter(parameters));
@@ -156,6 +171,7 @@ std::vector<ParameterDescription> WizardParameters() {
         parameters.push_back(Number(static_cast<quint16>(reg), QStringLiteral("Speed %1").arg(reg), 0, 0, 0));
     parameters.push_back(List(4401, "Field control mode", {{0, "Constant"}, {1, "Weakening"}}));
     parameters.push_back(List(9912, "Exciter", {{0, "None"}, {1, "On-board"}}));
+    AddRowsOfAllPages(parameters);
     return parameters;
 }
 

@@ -101,7 +101,10 @@ std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& m
 /// What the overview of the terminals and the dialogs behind it ask for, and the macro.
 std::vector<ParameterDescription> TerminalParameters();
 
-/// Those and what the pages of the other steps ask for when they become active.
+/// Adds what the rows of all pages show, and what the pages ask for besides, as far as it is not there.
+void AddRowsOfAllPages(std::vector<ParameterDescription>& parameters);
+
+/// Those of the name plate page, and what all other pages ask for when they become active.
 std::vector<ParameterDescription> WizardParameters();
 
 } // namespace krt550

@@ -94,8 +94,13 @@ bool CRow::BindControls(CParameterGroup* root, QString& errors) {
 
 /// Binding has shown register and name, or the name alone.
 void CRow::ShowLabel() {
-    if (!m_parameter)
+    const bool givenAtRunTime = m_definition.reg == 0 && m_register != 0; // and so the layout's label says nothing
+    if (!m_parameter) {
+        if (givenAtRunTime)
+            SetControlText(Control(m_ids.label),
+                           (QString::number(m_register) + QLatin1Char(' ') + m_caption).trimmed());
         return;
+    }
     const bool display = m_definition.kind == RowKind::Display;
     if (m_caption.isEmpty() && m_definition.numbered != display)
         return;
@@ -107,6 +112,12 @@ void CRow::ShowLabel() {
 void CRow::Unbind() {
     m_parameter = nullptr;
     m_read = false;
+    Empty();
+    Unmark();
+}
+
+void CRow::Clear() {
+    UnregisterForUpdate(m_parameter, GetValueControl());
     Empty();
     Unmark();
 }

@@ -28,7 +28,8 @@ public:
     quint16 GetRegister() const { return m_register; }
     /// Gives the row another register before it is bound again; with 0 it stays empty and disabled.
     void SetRegister(quint16 reg);
-    /// Shown behind the register in place of the parameter's name, from the next binding on; empty: the name.
+    /// Shown behind the register in place of the parameter's name, from the next binding on, also when the drive lacks
+    /// the parameter; empty: the name.
     void SetCaption(const QString& caption) { m_caption = caption; }
     /// Called after the user has changed the row, and after a choice that takes the change back.
     void SetChangeHandler(std::function<void()> handler) { m_onChange = std::move(handler); }
@@ -44,6 +45,8 @@ public:
     bool Bind(CParameterGroup* root, QString& errors);
     /// Without a drive: no parameter, nothing shown, nothing to type into.
     void Unbind();
+    /// Shows nothing and takes nothing until it is bound again: the parameter means nothing at present.
+    void Clear();
     /// Writes what the user changed, or with `force` whatever stands there, and reads it back. False when something was
     /// refused (shown): the row stays changed.
     bool Write(bool force = false);

@@ -52,8 +52,41 @@ enum ControlId : int {
     kIdStepUpLabel = 60363,
     kIdStepDownLabel = 60364,
     kIdSpeedScalingGroup = 60401, ///< of the settings of analogue inputs and outputs
-    kIdConnectionList = 60402     ///< of a connection picker
+    kIdConnectionList = 60402,    ///< of a connection picker
+    // Tabs of the protection and limit assistant and of the 12-pulse assistant.
+    kIdProtectionTabs = 940,
+    kId12PulseTabs = 995,
+    // Of the E-stop assistant: the proposed delays of its relays.
+    kIdEStopDelayLabel = 60371,
+    kIdEStopDelay = 957,
+    kIdEStopDelayUnit = 958,
+    kIdDisconnectDelayLabel = 60372,
+    kIdDisconnectDelay = 961,
+    kIdDisconnectDelayUnit = 962,
+    // Of the field exciter assistant.
+    kIdExciterType = 972,
+    kIdAttention = 8270,
+    kIdAttentionText = 60381,
+    kIdLinkStatusLabel = 60382,
+    kIdLinkStatus = 970,
+    // Of the configurable assistant, and of the window with a row's help.
+    kIdConfigurableGroup = 60391,
+    kIdHelpText = 60392
 };
+
+/// Rows of the configurable assistant: 1 to 20 edits on the left, 21 to 40 drop-downs on the right.
+inline constexpr int kConfigurableRowCount = 40;
+inline constexpr int kConfigurableEdits = 20;
+/// Ids of the controls of its row n.
+constexpr int ConfigurableLabelId(int n) {
+    return 60800 + n;
+}
+constexpr int ConfigurableValueId(int n) {
+    return 60850 + n;
+}
+constexpr int ConfigurableHelpId(int n) {
+    return 60900 + n;
+}
 
 /// Controls of one analogue input or output, from the id of its first one.
 enum ChannelControl : int {

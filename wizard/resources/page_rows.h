@@ -19,12 +19,21 @@ extern const PageRows kTachoManualRows;
 extern const PageRows kAnalogueInputRows;
 extern const PageRows kAnalogueOutputRows;
 extern const PageRows kDigitalTerminalRows;
+extern const PageRows kProtectionRows;
+extern const PageRows kLimitRows;
+extern const PageRows k12PulseCommonRows;
+extern const PageRows k12PulseProtectionRows;
+extern const PageRows kEStopRows;
+extern const PageRows kFieldExciterRows;
+extern const PageRows kConfigurableRows;
 
 /// All of them.
 inline constexpr const PageRows* kAllPageRows[] = {
-    &kNamePlateRows,       &kMacroRows,         &kFieldCurrentRows,   &kArmatureRows,        &kFieldWeakeningRows,
-    &kSpeedControllerRows, &kSpeedGeneralRows,  &kSpeedFiltersRows,   &kSpeedLimitsRows,     &kSpeedFeedbackAutoRows,
-    &kTachoManualRows,     &kAnalogueInputRows, &kAnalogueOutputRows, &kDigitalTerminalRows,
+    &kNamePlateRows,       &kMacroRows,         &kFieldCurrentRows,      &kArmatureRows,        &kFieldWeakeningRows,
+    &kSpeedControllerRows, &kSpeedGeneralRows,  &kSpeedFiltersRows,      &kSpeedLimitsRows,     &kSpeedFeedbackAutoRows,
+    &kTachoManualRows,     &kAnalogueInputRows, &kAnalogueOutputRows,    &kDigitalTerminalRows, &kProtectionRows,
+    &kLimitRows,           &k12PulseCommonRows, &k12PulseProtectionRows, &kEStopRows,           &kFieldExciterRows,
+    &kConfigurableRows,
 };
 
 } // namespace krt550

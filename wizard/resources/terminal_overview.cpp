@@ -185,7 +185,7 @@ void AddNote(CLayoutBuilder& layout, int x, int y) {
         int width;
         const char16_t* text;
         bool bold;
-    } words[] = {{kIdAttention, 46, u"Attention:", true},
+    } words[] = {{kIdNoteAttention, 46, u"Attention:", true},
                  {kIdNoteText, 112, u"Activate new values by pressing", false},
                  {kIdNoteApply, 22, u"Apply", false},
                  {kIdNoteOr, 11, u"or", false},

@@ -46,7 +46,7 @@ constexpr int LegendInvertedId(TerminalKind kind) {
 }
 
 /// The note that new values take effect with Apply: its words, from left to right.
-enum NoteId : int { kIdAttention = 61400, kIdNoteText, kIdNoteApply, kIdNoteOr, kIdNoteClose };
+enum NoteId : int { kIdNoteAttention = 61400, kIdNoteText, kIdNoteApply, kIdNoteOr, kIdNoteClose };
 
 /// Where the overview lies on a page, and how far its lines are apart [dialog units].
 struct OverviewStyle {

@@ -16,7 +16,7 @@ namespace krt550 {
 namespace {
 
 const QString kUnknown = QStringLiteral("?");
-constexpr int kNoteIds[] = {kIdAttention, kIdNoteText, kIdNoteApply, kIdNoteOr, kIdNoteClose};
+constexpr int kNoteIds[] = {kIdNoteAttention, kIdNoteText, kIdNoteApply, kIdNoteOr, kIdNoteClose};
 
 bool IsDrawn(int id) {
     for (const TerminalKind kind : kTerminalKinds) {
@@ -46,7 +46,7 @@ void CConnectionOverview::Dress() {
     for (const int id : kNoteIds)
         if (auto* word = m_window.GetControl<CColorStatic>(id))
             word->SetLook(StaticLook::Neutral);
-    if (auto* attention = m_window.GetControl<CColorStatic>(kIdAttention))
+    if (auto* attention = m_window.GetControl<CColorStatic>(kIdNoteAttention))
         attention->SetBoldFont();
     for (const int id : {kIdNoteApply, kIdNoteClose})
         if (auto* word = m_window.GetControl<CColorStatic>(id))
