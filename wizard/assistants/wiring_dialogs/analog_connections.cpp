@@ -42,7 +42,7 @@ void CDialogConnections::FillList() {
 }
 
 void CDialogConnections::ShowItems() {
-    const auto* list = GetControl<QListWidget>(kIdConnectionList);
+    auto* list = GetControl<QListWidget>(kIdConnectionList);
     const QSignalBlocker quiet(list);
     for (int item = 0; item < m_picker->Count(); ++item) {
         QListWidgetItem* entry = list->item(item);
