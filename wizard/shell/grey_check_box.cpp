@@ -8,7 +8,7 @@ void CGreyCheckBox::SetGrey(bool grey) {
     QPalette colours;
     if (grey) {
         colours = palette();
-        colours.setColor(QPalette::Window, kLightGrey);
+        colours.setColor(backgroundRole(), kLightGrey);
         colours.setColor(QPalette::WindowText, Qt::black);
     }
     setPalette(colours);

@@ -1,18 +1,15 @@
 #include "wizard/wiring/status_bits.h"
 
 #include "hostlib/tolvbo32/parameter.h"
-#include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 
 namespace krt550 {
 
-bool ShowStatusBits(CParameter* parameter, std::span<QWidget* const> statics) {
-    const bool read = ReadParameter(parameter);
+void ShowStatusBits(const CParameter* parameter, bool read, std::span<QWidget* const> statics) {
     for (std::size_t bit = 0; bit < statics.size(); ++bit) {
-        const bool set = read && (parameter->GetValue() >> bit & 1) != 0;
-        SetControlText(statics[bit], !read ? QString() : set ? QStringLiteral("1") : QStringLiteral("0"));
+        const QString state = parameter && read ? QString::number(parameter->GetActualValue() >> bit & 1) : QString();
+        SetControlText(statics[bit], state);
     }
-    return read || !parameter;
 }
 
 } // namespace krt550

@@ -8,8 +8,8 @@ namespace krt550 {
 
 class CParameter;
 
-/// Reads a status parameter once and shows its bits, the lowest first, as "1" or "0" in these statics; a null static is
-/// passed over. When the read fails (shown) or without a parameter they are blank. False when the read failed.
-bool ShowStatusBits(CParameter* parameter, std::span<QWidget* const> statics);
+/// Shows the bits of a status parameter that was read, the lowest first, as "1" or "0" in these statics; a null static
+/// is passed over. All blank when it was not read, or without a parameter.
+void ShowStatusBits(const CParameter* parameter, bool read, std::span<QWidget* const> statics);
 
 } // namespace krt550

@@ -48,7 +48,7 @@ CDialogDIDOSettings::CDialogDIDOSettings() : CDialog(141) {
         const SourceRowIds ids{OutputId(number, kDigitalChoice), OutputId(number, kDigitalIndex),
                                OutputId(number, kDigitalBit), OutputId(number, kDigitalInvert)};
         m_outputs.push_back(std::make_unique<CSourceRow>(*this, number, ids));
-        m_outputs.back()->SetChangeHandler([this, number] { OutputChanged(number); });
+        m_outputs.back()->SetChangeHandler([this] { ShowStates(); });
     }
     Handle(DigitalId(DigitalGroup::Outputs, kDigitalView), ControlEvent::Clicked, [this] { ToggleView(); });
     Handle(kIdApply, ControlEvent::Clicked, [this] {
@@ -98,19 +98,20 @@ void CDialogDIDOSettings::Load() {
     Forget();
     LoadInputs();
     LoadOutputs(errors);
-    const bool shown = ShowStates();
+    const bool statesRead = ReadStates();
+    ShowStates();
     if (!errors.isEmpty())
         ShowMessageBox(errors, MessageIcon::Stop);
-    if (m_timer == 0 && shown)
+    if (m_timer == 0 && statesRead)
         m_timer = StartParameterUpdate(*this, kUpdateKey);
 }
 
 void CDialogDIDOSettings::LoadInputs() {
     CReadOnce reads;
-    m_inputStates = FindParameter(m_root, kInputStates);
+    m_inputStates.parameter = FindParameter(m_root, kInputStates);
     m_selectors = CSelectorList(InputKind::Digital, m_root, reads);
+    ShowConnections();
     for (int number = 1; number <= kDigitalTerminals; ++number) {
-        ShowConnection(number);
         CParameter* inversion = FindInTree(m_root, DIInversionRegister(number));
         const bool read = reads.Read(inversion);
         m_inversions[At(number)] = read ? inversion : nullptr;
@@ -121,7 +122,7 @@ void CDialogDIDOSettings::LoadInputs() {
 }
 
 void CDialogDIDOSettings::LoadOutputs(QString& errors) {
-    m_outputStates = FindParameter(m_root, kOutputStates);
+    m_outputStates.parameter = FindParameter(m_root, kOutputStates);
     const IndexList sources = CWizardTextStore::Instance().GetDOList();
     for (const auto& output : m_outputs)
         output->Bind(m_root, sources, errors);
@@ -131,11 +132,10 @@ void CDialogDIDOSettings::Write() {
     const FailurePass pass;
     for (int number = 1; number <= kDigitalTerminals; ++number)
         WriteInversion(number);
-    for (int number = 1; number <= kDigitalTerminals; ++number)
-        WriteConnections(m_root, InputKind::Digital, number, m_changes[At(number)]);
+    m_picked.Write(m_root);
     for (const auto& output : m_outputs)
         output->Write();
-    m_changes.fill({});
+    m_picked.Clear();
 }
 
 void CDialogDIDOSettings::WriteInversion(int number) {
@@ -150,18 +150,18 @@ void CDialogDIDOSettings::WriteInversion(int number) {
 }
 
 void CDialogDIDOSettings::EditConnections(int number) {
-    CDialogDIConnections picker(GetDlgItem(InputId(number, kDigitalEdit)), number, m_root, m_changes[At(number)]);
+    CDialogDIConnections picker(GetDlgItem(InputId(number, kDigitalEdit)), number, m_root, m_picked.Of(number));
     if (picker.DoModal() != kIdCloseDialog)
         return;
-    m_changes[At(number)] = picker.GetChange();
-    ShowConnection(number);
-    ShowWaitingOrState(InputId(number, kDigitalStatus), !m_changes[At(number)].IsEmpty());
+    m_picked.Pick(number, picker.GetChange());
+    ShowConnections();
+    ShowStates();
 }
 
-void CDialogDIDOSettings::ShowConnection(int number) {
-    const bool waiting = !m_changes[At(number)].IsEmpty();
-    SetControlText(GetDlgItem(InputId(number, kDigitalConnection)),
-                   waiting ? kWaiting : m_selectors.UseOf(number).text);
+void CDialogDIDOSettings::ShowConnections() {
+    for (int number = 1; number <= kDigitalTerminals; ++number)
+        SetControlText(GetDlgItem(InputId(number, kDigitalConnection)),
+                       m_picked.IsWaiting(number) ? kWaiting : m_selectors.UseOf(number).text);
 }
 
 void CDialogDIDOSettings::InversionClicked(int number) {
@@ -173,38 +173,42 @@ void CDialogDIDOSettings::InversionClicked(int number) {
         UnmarkChanged(DIInversionRegister(number));
 }
 
-void CDialogDIDOSettings::OutputChanged(int number) {
-    ShowWaitingOrState(OutputId(number, kDigitalStatus), m_outputs[At(number)]->IsChanged());
-}
-
-void CDialogDIDOSettings::ShowWaitingOrState(int status, bool waiting) {
-    if (waiting)
-        SetControlText(GetDlgItem(status), kWaiting);
-    else
-        Refresh();
-}
-
-/// Shows the states but those of terminals that wait for Apply. False when one could not be read.
-bool CDialogDIDOSettings::ShowStates() {
+/// False when a state could not be read.
+bool CDialogDIDOSettings::ReadStates() {
     const FailurePass pass;
+    bool success = true;
+    for (States* states : {&m_inputStates, &m_outputStates}) {
+        states->read = ReadParameter(states->parameter);
+        success = success && (states->read || !states->parameter);
+    }
+    return success;
+}
+
+/// "?" at terminals that wait for Apply.
+void CDialogDIDOSettings::ShowStates() {
     std::array<QWidget*, kDigitalTerminals> inputs{};
     std::array<QWidget*, kDigitalTerminals> outputs{};
+    const auto take = [this](QWidget*& shown, int id, bool waiting) {
+        if (waiting)
+            SetControlText(GetDlgItem(id), kWaiting);
+        else
+            shown = GetDlgItem(id);
+    };
     for (int number = 1; number <= kDigitalTerminals; ++number) {
-        const std::size_t at = At(number);
-        if (m_changes[at].IsEmpty())
-            inputs[at] = GetDlgItem(InputId(number, kDigitalStatus));
-        if (!m_outputs[at]->IsChanged())
-            outputs[at] = GetDlgItem(OutputId(number, kDigitalStatus));
+        take(inputs[At(number)], InputId(number, kDigitalStatus), m_picked.IsWaiting(number));
+        take(outputs[At(number)], OutputId(number, kDigitalStatus), m_outputs[At(number)]->IsChanged());
     }
-    const bool inputsRead = ShowStatusBits(m_inputStates, inputs);
-    return ShowStatusBits(m_outputStates, outputs) && inputsRead;
+    ShowStatusBits(m_inputStates.parameter, m_inputStates.read, inputs);
+    ShowStatusBits(m_outputStates.parameter, m_outputStates.read, outputs);
 }
 
 void CDialogDIDOSettings::Refresh() {
     if (m_refreshing || AreBoxesHeld())
         return;
     const QScopedValueRollback<bool> refreshing(m_refreshing, true);
-    if (!ShowStates())
+    const bool read = ReadStates();
+    ShowStates();
+    if (!read)
         StopFailedUpdate(*this, m_timer);
 }
 

@@ -2,7 +2,7 @@
 
 #include "wizard/platform/dialog.h"
 #include "wizard/resources/digital_terminals.h"
-#include "wizard/wiring/connection_picker.h"
+#include "wizard/wiring/pending_connections.h"
 #include "wizard/wiring/source_row.h"
 
 #include <array>
@@ -36,10 +36,9 @@ private:
     void WriteInversion(int number);
     void EditConnections(int number);
     void InversionClicked(int number);
-    void OutputChanged(int number);
-    void ShowWaitingOrState(int status, bool waiting);
-    void ShowConnection(int number);
-    bool ShowStates();
+    void ShowConnections();
+    bool ReadStates();
+    void ShowStates();
     void Refresh();
     void ToggleView();
     void Forget() const;
@@ -47,11 +46,16 @@ private:
     CParameterGroup* m_root = nullptr;
     bool m_basic = true;
     CSelectorList m_selectors{InputKind::Digital};
-    std::array<ConnectionChange, kDigitalTerminals> m_changes;
+    CPendingConnections m_picked{InputKind::Digital};
     std::array<CParameter*, kDigitalTerminals> m_inversions{}; ///< null: missing or not read
     std::vector<std::unique_ptr<CSourceRow>> m_outputs;
-    CParameter* m_inputStates = nullptr;
-    CParameter* m_outputStates = nullptr;
+    /// A status parameter, one bit for each terminal.
+    struct States {
+        CParameter* parameter = nullptr;
+        bool read = false;
+    };
+    States m_inputStates;
+    States m_outputStates;
     int m_timer = 0;
     bool m_refreshing = false; ///< a box about a failure lets the timer run
 };
