@@ -110,9 +110,9 @@ void ShowDigitalOutputs(CRegisterFile& registers) {
         const int bit = static_cast<int>(registers.GetNumber(place + 1, 0));
         if (index == 0 || bit < 0 || bit > 15)
             continue;
-        const bool set = (registers.GetWord(static_cast<quint16>(std::abs(index))) >> bit & 1) != 0;
-        if (set != (index < 0)) // a negative index inverts
-            outputs |= static_cast<quint16>(1U << i);
+        const unsigned word = registers.GetWord(static_cast<quint16>(std::abs(index)));
+        const unsigned inverted = index < 0 ? 1 : 0; // a negative index inverts
+        outputs |= static_cast<quint16>((((word >> bit) & 1U) ^ inverted) << i);
     }
     registers.SetWord(reg::kDigitalOutputs, outputs);
 }

@@ -25,7 +25,7 @@ CTerminalCommands::Wish CTerminalCommands::ReadSwitches(const CDigitalInputs& in
 
 CTerminalCommands::Wish CTerminalCommands::ReadButtons(const CDigitalInputs& inputs, const TerminalView& view) {
     const bool button = inputs.IsClosed(InputFunction::On);
-    const bool pressed = button && !std::exchange(m_startButton, button);
+    const bool pressed = !std::exchange(m_startButton, button) && button;
     const bool stop = !inputs.IsGood(InputFunction::Run) || view.inhibited || !view.commands;
     m_started = !stop && (m_started || pressed);
     return {m_started || JogOf(inputs) != 0, m_started};

@@ -6,7 +6,6 @@
 #include "wizard/assistants/wiring_dialogs/analog_outputs.h"
 #include "wizard/assistants/wiring_dialogs/digital_settings.h"
 #include "wizard/motor/standstill.h"
-#include "wizard/params/cyclic_update.h"
 #include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/parameter_rows.h"
@@ -166,11 +165,10 @@ void CPageMacroAssistant::ShowDescription() {
 
 /// What depends on the macro is known again once that is loaded; settings made before would be lost with it.
 void CPageMacroAssistant::ShowUnknown() {
-    ClearUpdateList(); // or the timer would show again what is not known
     m_overview.ShowUnknown();
     m_overview.EnableSettings(false);
     for (std::size_t position = 1; position < GetRows().size(); ++position) {
-        GetRows()[position].Unbind();
+        GetRows()[position].Clear();
         SetControlText(GetDlgItem(GetRows()[position].GetLabelId()), QStringLiteral("?"));
     }
 }
