@@ -9,7 +9,7 @@
 namespace krt550 {
 namespace {
 
-constexpr int kRowHeight = 14;
+constexpr int kFirstPictureId = 60011;
 
 } // namespace
 
@@ -29,6 +29,19 @@ CLayoutBuilder& CLayoutBuilder::Group(int k, const DialogRect& rect, const QStri
     return Add({.id = GroupId(k), .kind = ControlKind::GroupBox, .rect = rect, .text = caption});
 }
 
+CLayoutBuilder& CLayoutBuilder::Pictures(std::span<const int> pictures) {
+    constexpr DialogRect kRoom{7, 6, 102, 272};
+    constexpr int kGap = 6;
+    const int count = static_cast<int>(pictures.size());
+    const int height = (kRoom.height - kGap * (count - 1)) / count;
+    for (int i = 0; i < count; ++i)
+        Add({.id = kFirstPictureId + i,
+             .kind = ControlKind::Picture,
+             .rect = {kRoom.x, kRoom.y + i * (height + kGap), kRoom.width, height},
+             .picture = pictures[static_cast<std::size_t>(i)]});
+    return *this;
+}
+
 CLayoutBuilder& CLayoutBuilder::Headings(int k, int y, const RowColumns& columns) {
     const auto heading = [&](int id, int x, int width, int text) {
         Add({.id = id, .rect = {x, y, width, 10}, .text = StringTableText(text).value_or(QString())});
@@ -40,19 +53,21 @@ CLayoutBuilder& CLayoutBuilder::Headings(int k, int y, const RowColumns& columns
     return *this;
 }
 
-CLayoutBuilder& CLayoutBuilder::Row(const RowDef& row, int y, const RowColumns& columns, int listWidth) {
+CLayoutBuilder& CLayoutBuilder::Row(const RowDef& row, int y, const RowColumns& columns, int listWidth, int height) {
     const RowIds ids = IdsOf(row);
     const bool display = row.kind == RowKind::Display;
-    const QString label = *row.label ? QString::fromLatin1(row.label) : row.reg ? QString::number(row.reg) : QString();
+    const char* text = *row.caption ? row.caption : row.label;
+    const QString label = *text ? QString::fromLatin1(text) : row.reg ? QString::number(row.reg) : QString();
     const auto part = [&](int id, ControlKind kind, int x, int width) {
         const bool value = id == ids.value || id == ids.list;
         if (id != 0)
             Add({.id = id,
                  .kind = kind,
-                 .rect = {x, y, width, kRowHeight},
+                 .rect = {x, y, width, height},
                  .text = id == ids.label ? label : QString(),
                  .buddy = id == ids.label && !display ? ids.value : 0,
-                 .reg = value ? row.reg : quint16{0}});
+                 .reg = value ? row.reg : quint16{0},
+                 .name = id == ids.list ? label : QString()});
     };
     const bool wide = row.kind == RowKind::List || (display && !HasUnit(row));
     const ControlKind valueKind = display                     ? ControlKind::Label
@@ -88,6 +103,21 @@ CLayoutBuilder& CLayoutBuilder::BottomRow(bool withDigits, int resetX) {
     button(kIdBack, 343, 34);
     button(kIdNext, 393, 33, ControlKind::DefaultButton);
     button(kIdCancelPage, 448, 36);
+    return *this;
+}
+
+CLayoutBuilder& CLayoutBuilder::DialogButtons(int y) {
+    const auto button = [&](int id, int x, int text, ControlKind kind = ControlKind::PushButton) {
+        Add({.id = id,
+             .kind = kind,
+             .rect = {x, y, 50, 14},
+             .text = StringTableText(text).value_or(QString()),
+             .mnemonic = id != kIdCloseDialog}); // Alt+C is Cancel, as on the pages
+    };
+    button(kIdHelp, 18, 30);
+    button(kIdApply, 338, 32, ControlKind::DefaultButton);
+    button(kIdCloseDialog, 393, 35);
+    button(kIdCancelDialog, 448, 36);
     return *this;
 }
 
