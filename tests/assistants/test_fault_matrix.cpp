@@ -1,6 +1,6 @@
-// Every procedure with something in its way at every call to the host: the n-th call fails, or somebody wants out at it.
-// n runs from 1 until a run does not come to it. A watch judges every call and every box, what a procedure leaves behind
-// is judged when it ends, and again when the wizard has closed. One case alone:
+// Every procedure with something in its way at every call to the host: the n-th call fails, or somebody wants out at
+// it. n runs from 1 until a run does not come to it. A watch judges every call and every box, what a procedure leaves
+// behind is judged when it ends, and again when the wizard has closed. One case alone:
 //   KRT550_FAULT_CASE=n test_fault_matrix --gtest_filter=<the test that failed>
 // KRT550_FAULT_STRIDE=k takes every k-th call only.
 #include "tests/assistants/procedures.h"
@@ -24,7 +24,7 @@ namespace {
 /// What happens at the n-th call.
 struct Disturbance {
     const char* name;
-    int fails = 0;          ///< so many calls, from the n-th on; negative: all
+    int fails = 0;           ///< so many calls, from the n-th on; negative: all
     void (*act)() = nullptr; ///< what a person does
     bool isEnd = false;      ///< and wants to be out
     bool atBox = false;      ///< not at the call, but at the message box that the failure brings
@@ -84,8 +84,9 @@ class FaultMatrix : public testing::TestWithParam<Case> {
 protected:
     FaultMatrix() {
         // With update periods, so that passes become due in the middle of everything.
-        static const WizardFiles files("SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\nUPDATE\t1\t150\nUPDATE\t3\t150\n"
-                                       "UPDATE\t4\t150\nUPDATE\t5\t150\nUPDATE\t6\t150\nUPDATE\t7\t150\n");
+        static const WizardFiles files(
+            "SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\nUPDATE\t1\t150\nUPDATE\t3\t150\n"
+            "UPDATE\t4\t150\nUPDATE\t5\t150\nUPDATE\t6\t150\nUPDATE\t7\t150\n");
         m_wizardPath = files.WizardPath();
         EnsureStepStates();
     }

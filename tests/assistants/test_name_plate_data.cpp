@@ -1,6 +1,7 @@
 #include "tests/shell/wizard_fixture.h"
 
 #include "hostlib/tolvbo32/clock.h"
+#include "wizard/params/cyclic_update.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/resources/page_rows.h"
 
@@ -120,12 +121,18 @@ TEST_F(NamePlateData, FollowsTheDriveWhileShownAndOnlyThen) {
         m_drive.words[9904] = 1234;
         clock.WaitForEvents(5);
         EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(ValueId(9904)) == "1234"; }));
+        const auto endPass = [&] {
+            while (IsUpdatePassOn())
+                clock.WaitForEvents(0);
+        };
         const auto readsInAPeriod = [&, this] {
+            endPass();
             m_drive.TakeLog();
             const qint64 end = clock.Now() + 5;
             while (clock.Now() < end)
                 clock.WaitForEvents(end - clock.Now());
             Robot::Drain();
+            endPass();
             return m_drive.TakeLog({"read 9904"}).size();
         };
         EXPECT_EQ(readsInAPeriod(), 1);

@@ -5,9 +5,11 @@
 #include "hostlib/tolvbo32/parameter_group.h"
 #include "wizard/motor/make_safe.h"
 #include "wizard/motor/motor_state.h"
+#include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/message_queue.h"
 #include "wizard/platform/modal_frame.h"
+#include "wizard/platform/timer_hold.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,13 +18,8 @@ namespace krt550 {
 namespace {
 
 /// Bits of 8.01 that deny a start: the drive is ready to run, or runs, on another source's command.
+constexpr quint16 kStatusRegister = 801;
 constexpr quint16 kStartDeniedBits = 2 | 4;
-
-bool IsDeniedByStatus(CHostDrive& drive) {
-    CParameterGroup* root = GetParameterRoot(&drive);
-    CParameter* status = root ? root->FindChildByRegister(QStringLiteral("801")) : nullptr;
-    return status && ReadParameter(status) && (status->GetValue() & kStartDeniedBits) != 0;
-}
 
 } // namespace
 
@@ -47,26 +44,54 @@ bool CMotorRun::IsWanted() {
     return !m_aborted && !IsMotorStopping();
 }
 
+bool CMotorRun::Look() {
+    const TimerHold hold;
+    DrainMessageQueue();
+    return IsWanted();
+}
+
 bool CMotorRun::Wait(qint64 milliseconds) {
+    const TimerHold hold;
     return WaitInEventLoop(milliseconds, [this] { return IsWanted(); });
 }
 
+bool CMotorRun::PassCycle(qint64 milliseconds) {
+    if (!Wait(milliseconds))
+        return false;
+    ServeDueTimers([this] { return Look(); });
+    return IsWanted();
+}
+
+bool CMotorRun::IsDeniedByStatus() {
+    CParameterGroup* root = GetParameterRoot(&m_drive);
+    CParameter* status = root ? FindInTree(root, kStatusRegister) : nullptr;
+    return status && ReadParameter(status) && (status->GetValue() & kStartDeniedBits) != 0;
+}
+
+// Whoever aborts it in between has gone the way out, or the run's end does.
 bool CMotorRun::IsPermitted() {
-    if (!IsWanted())
+    EndUpdatePass(); // what it has read ahead is older than the run
+    if (!Look())
         return false;
     m_drive.RefreshState();
-    if (m_drive.IsLocalControlActive() || IsDeniedByStatus(m_drive) || !IsWanted())
+    if (!Look() || m_drive.IsLocalControlActive() || IsDeniedByStatus() || !Look())
         return false;
     TakeLocalControl();
+    if (!Look())
+        return false;
     m_drive.RefreshState();
     const bool permitted = m_drive.IsLocalControlActive();
+    if (!Look())
+        return false;
     GetMotorState().holdsControl = !m_drive.ReleaseLocalControl() && permitted;
+    if (!Look())
+        return false;
     m_drive.RefreshState();
-    return permitted && IsWanted();
+    return permitted && Look();
 }
 
 bool CMotorRun::Start(quint16 mode, int settleMs) {
-    if (!m_serviceMode || !IsWanted())
+    if (!m_serviceMode || !Look())
         return false;
     GoLive();
     GetMotorState().serviceMode = m_serviceMode;
@@ -74,12 +99,14 @@ bool CMotorRun::Start(quint16 mode, int settleMs) {
     if (!WriteParameter(m_serviceMode) || !Wait(settleMs))
         return false;
     m_drive.RefreshState();
-    if (!m_drive.IsLocalControlActive() && !TakeLocalControl())
+    if (!Look() || (!m_drive.IsLocalControlActive() && !TakeLocalControl()))
         return false;
     GetMotorState().holdsControl = true;
-    CloseContactor();
-    StartMotor();
-    return IsWanted();
+    if (Look())
+        CloseContactor();
+    if (Look())
+        StartMotor();
+    return Look();
 }
 
 bool CMotorRun::TakeLocalControl() {
@@ -116,7 +143,7 @@ bool CMotorRun::OpenContactor() {
 }
 
 bool CMotorRun::Read(CParameter* parameter) {
-    if (!parameter)
+    if (!parameter || !Look())
         return false;
     const bool read = parameter->ReadFromDrive();
     if (!read && std::ranges::find(m_unread, parameter) == m_unread.end())
@@ -139,9 +166,9 @@ void CMotorRun::GoLive() {
 bool CMotorRun::MakeSafe(ServiceModeEnd modeEnd, bool keepsControl) {
     const bool isLive = GetMotorState().serviceMode || IsMotorUnderControl();
     const bool stopsAtOnce = modeEnd != ServiceModeEnd::First;
-    const bool safe = !isLive || krt550::MakeSafe(&m_drive, {.modeEnd = modeEnd,
-                                                             .stopsAtOnce = stopsAtOnce,
-                                                             .keepsControl = keepsControl});
+    const bool safe =
+        !isLive ||
+        krt550::MakeSafe(&m_drive, {.modeEnd = modeEnd, .stopsAtOnce = stopsAtOnce, .keepsControl = keepsControl});
     if (!IsMotorStopping())
         Tell();
     return safe;

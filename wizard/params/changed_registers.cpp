@@ -39,8 +39,4 @@ UpdatingScope::~UpdatingScope() {
     g_updating = false;
 }
 
-bool UpdatingScope::IsActive() {
-    return g_updating;
-}
-
 } // namespace krt550

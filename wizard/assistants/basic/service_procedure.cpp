@@ -35,6 +35,12 @@ bool StartConditionHolds(int step, CParameterGroup* root) {
     return store.StartConditionHolds(static_cast<quint16>(step), registers, values);
 }
 
+void AddStartConditionReads(int step, std::vector<quint16>& registers) {
+    QList<quint16> condition;
+    if (CWizardTextStore::Instance().GetStartConditionRegisters(static_cast<quint16>(step), condition))
+        registers.insert(registers.end(), condition.begin(), condition.end());
+}
+
 bool AskPermission(CMotorRun& run) {
     if (run.IsPermitted())
         return true;

@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+#include <vector>
+
 class QWidget;
 
 namespace krt550 {
@@ -16,6 +18,9 @@ enum class MessageIcon;
 
 /// Whether the text file's start condition of a step holds with the values that the drive has now.
 bool StartConditionHolds(int step, CParameterGroup* root);
+
+/// Adds the registers that the start condition of a step reads.
+void AddStartConditionReads(int step, std::vector<quint16>& registers);
 
 /// How a run ended.
 enum class Ending {
