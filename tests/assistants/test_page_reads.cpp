@@ -61,6 +61,10 @@ TEST(PageReads, AreOneForEachSpeedInAPassOfStep5AndNoneOnceItIsLeft) {
         drive.words[5003] = 1;
         EXPECT_TRUE(pass() && pass());
         EXPECT_EQ(Robot::Text(kIdShownSpeed), "Parameter 103");
+        Robot::Press(kBack);
+        Robot::Press(kNext);
+        EXPECT_TRUE(pass() && pass());
+        EXPECT_EQ(log.count("read 218"), 1) << "one timer, however often the page is entered";
         Robot::Press(kCancel);
         drive.TakeLog();
         const qint64 left = clock.Now();
