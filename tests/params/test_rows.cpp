@@ -22,7 +22,7 @@ TEST_F(Rows, ShowNameValueUnitAndLimits) {
     for (const int id : {LabelId(999), ValueId(999), kSlotIds.value, kSlotIds.list})
         EXPECT_FALSE(IsShown(id)) << id;
     m_drive.words[301] = 3;
-    UpdateParameters(m_window, m_window.timer);
+    Pass();
     EXPECT_EQ(Text(ValueId(301)), "Three") << "a display follows the drive where the table says so";
 }
 
