@@ -88,10 +88,11 @@ void CDialogAnalogSettings::Refresh() {
     if (m_refreshing)
         return;
     const QScopedValueRollback<bool> refreshing(m_refreshing, true);
-    bool shown = false;
+    bool shown = true;
     {
         const FailurePass pass;
-        shown = ShowActualValues();
+        for (const auto& show : ActualValues())
+            shown = show() && shown;
     }
     if (shown)
         UpdateParameters(*this, m_updateTimer);
