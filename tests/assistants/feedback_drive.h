@@ -8,7 +8,8 @@ namespace krt550 {
 /// adapted 50.03; in mode 14 it stays where it is. A stop ends either.
 class FeedbackDrive : public TuningDrive {
 public:
-    FeedbackDrive() : TuningDrive(Parameters()) {
+    explicit FeedbackDrive(std::vector<ParameterDescription> parameters = Parameters())
+        : TuningDrive(std::move(parameters)) {
         words[8827] = 10000;
         words[5003] = 3;
         faultBufferError = 0;

@@ -94,6 +94,9 @@ TEST_F(PresetControls, OfferTheirThreeCommandsOnARightClick) {
     EXPECT_EQ(m_presetWindow.asked, 1);
     Choose(m_edit, "Set value and apply");
     EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 101=45", "read 101"})) << "forced: the row was not marked";
+    m_combo.setCurrentText("Fast"); // which the drive calls "On"
+    Choose(m_combo, "Set value and apply");
+    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 201=2", "read 201"}));
 }
 
 } // namespace

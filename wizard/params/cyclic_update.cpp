@@ -55,6 +55,13 @@ void RegisterForUpdate(CParameter* parameter, const QWidget* control) {
         g_updateList.push_back(pair);
 }
 
+void UnregisterForUpdate(const CParameter* parameter, const QWidget* control) {
+    if (control)
+        std::erase_if(g_updateList, [parameter, id = control->objectName().toInt()](const UpdatePair& pair) {
+            return pair.parameter == parameter && pair.controlId == id;
+        });
+}
+
 void ClearUpdateList() {
     std::vector<UpdatePair>().swap(g_updateList);
 }

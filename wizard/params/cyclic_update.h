@@ -14,6 +14,9 @@ class CWindow;
 /// Adds (parameter, control id) to the module-wide update list unless that pair is there. Does nothing for null.
 void RegisterForUpdate(CParameter* parameter, const QWidget* control);
 
+/// Takes the pair off the list: the control is to show something else, or nothing.
+void UnregisterForUpdate(const CParameter* parameter, const QWidget* control);
+
 void ClearUpdateList();
 
 /// Starts the window's timer with id = key when the wizard text file gives a period > 0 for the key.

@@ -18,6 +18,16 @@
 
 namespace krt550 {
 
+std::optional<quint16> WordOfChoice(const CParameter& parameter, const QString& text, TextSource source) {
+    quint16 word = 0;
+    if (FindValueOfText(source, parameter.GetRegister(), text, word))
+        return word;
+    for (const auto& [value, entry] : parameter.GetDescription().values)
+        if (entry.compare(text, Qt::CaseInsensitive) == 0)
+            return value;
+    return std::nullopt;
+}
+
 QString ParameterName(const CParameter& parameter) {
     const QString name = CWizardTextStore::Instance().GetParameterName(parameter.GetRegister());
     return name.isEmpty() ? parameter.GetName() : name;

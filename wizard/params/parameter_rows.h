@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class QComboBox;
 class QLineEdit;
 class QWidget;
@@ -52,6 +54,10 @@ bool IsNumeric(const CParameter& parameter);
 
 /// Name of a parameter: the wizard text file's, or the drive's own.
 QString ParameterName(const CParameter& parameter);
+
+/// Value of a value-list parameter that a text of its drop-down stands for.
+std::optional<quint16> WordOfChoice(const CParameter& parameter, const QString& text,
+                                    TextSource source = TextSource::WizardFile);
 
 /// Shows a value's text in an edit, a static or a drop-down.
 void ShowValueText(QWidget* control, const QString& text);

@@ -21,17 +21,17 @@ constexpr int kNoValueListMessage = 229;
 
 } // namespace
 
-void CPresetHolder::RunMenu(QWidget& control, const QPoint& position, const std::function<void()>& toPreset) {
+void CPresetHolder::RunMenu(QWidget& control, const QPoint& position) {
     switch (TrackPopupMenu(kPresetMenu, position, &control)) {
     case kCommandPreset:
-        toPreset();
+        ChangeToPreset();
         break;
     case kCommandPresetAll:
         if (auto* owner = dynamic_cast<CPresetOwner*>(control.parentWidget()))
             owner->SetAllToPresets();
         break;
     case kCommandSetAndApply:
-        WriteRow(m_parameter, &control, true);
+        WriteRow(m_parameter, &control, true, TextSource::ConfigurableFile);
         break;
     default:
         break;
@@ -52,7 +52,7 @@ void CPresetComboBox::ChangeToPreset() {
 }
 
 void CPresetComboBox::contextMenuEvent(QContextMenuEvent* event) {
-    RunMenu(*this, event->globalPos(), [this] { ChangeToPreset(); });
+    RunMenu(*this, event->globalPos());
 }
 
 void CPresetEdit::ChangeToPreset() {
@@ -61,7 +61,7 @@ void CPresetEdit::ChangeToPreset() {
 }
 
 void CPresetEdit::contextMenuEvent(QContextMenuEvent* event) {
-    RunMenu(*this, event->globalPos(), [this] { ChangeToPreset(); });
+    RunMenu(*this, event->globalPos());
 }
 
 } // namespace krt550

@@ -3,8 +3,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include <functional>
-
 namespace krt550 {
 
 class CParameter;
@@ -22,12 +20,14 @@ class CPresetHolder {
 public:
     void SetPreset(const QString& preset) { m_preset = preset; }
     void SetParameter(CParameter* parameter) { m_parameter = parameter; }
+    /// Puts the preset into the control and marks the row changed; nothing is written. Does nothing when the control is
+    /// disabled or there is no preset.
+    virtual void ChangeToPreset() = 0;
 
 protected:
     ~CPresetHolder() = default;
-    /// Opens the popup menu of the presets for `control` and carries the chosen command out; `toPreset` is the first
-    /// one.
-    void RunMenu(QWidget& control, const QPoint& position, const std::function<void()>& toPreset);
+    /// Opens the popup menu of the presets for `control` and carries the chosen command out.
+    void RunMenu(QWidget& control, const QPoint& position);
 
     QString m_preset;
     CParameter* m_parameter = nullptr;
@@ -39,8 +39,8 @@ class CPresetComboBox : public QComboBox, public CPresetHolder {
 
 public:
     using QComboBox::QComboBox;
-    /// Sets parameter object and selection to the preset and marks the row changed; nothing is written.
-    void ChangeToPreset();
+    /// Also sets the parameter object.
+    void ChangeToPreset() override;
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -52,7 +52,7 @@ class CPresetEdit : public QLineEdit, public CPresetHolder {
 
 public:
     using QLineEdit::QLineEdit;
-    void ChangeToPreset();
+    void ChangeToPreset() override;
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;

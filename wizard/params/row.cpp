@@ -6,10 +6,12 @@
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/parameter_rows.h"
 #include "wizard/params/validation.h"
+#include "wizard/platform/control_factory.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/window.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 
@@ -31,6 +33,9 @@ void CRow::SetRegister(quint16 reg) {
     Unmark();
     m_register = reg;
     m_parameter = nullptr;
+    for (const int id : {m_ids.value, m_ids.list})
+        if (QWidget* control = Control(id))
+            control->setProperty("register", reg != 0 ? QVariant(int(reg)) : QVariant());
 }
 
 QWidget* CRow::Control(int id) const {
@@ -55,6 +60,8 @@ bool CRow::Bind(CParameterGroup* root, QString& errors) {
         SetControlText(Control(m_ids.label), QString());
     }
     ShowLabel();
+    if (auto* label = m_window.GetControl<QLabel>(m_ids.label); label && m_ids.list != 0)
+        NameControl(*label, GetValueControl());
     ShowOrHide();
     Unmark();
     return success;
@@ -87,8 +94,13 @@ bool CRow::BindControls(CParameterGroup* root, QString& errors) {
 
 /// Binding has shown register and name, or the name alone.
 void CRow::ShowLabel() {
-    if (!m_parameter)
+    const bool givenAtRunTime = m_definition.reg == 0 && m_register != 0; // and so the layout's label says nothing
+    if (!m_parameter) {
+        if (givenAtRunTime)
+            SetControlText(Control(m_ids.label),
+                           (QString::number(m_register) + QLatin1Char(' ') + m_caption).trimmed());
         return;
+    }
     const bool display = m_definition.kind == RowKind::Display;
     if (m_caption.isEmpty() && m_definition.numbered != display)
         return;
@@ -100,6 +112,12 @@ void CRow::ShowLabel() {
 void CRow::Unbind() {
     m_parameter = nullptr;
     m_read = false;
+    Empty();
+    Unmark();
+}
+
+void CRow::Clear() {
+    UnregisterForUpdate(m_parameter, GetValueControl());
     Empty();
     Unmark();
 }
@@ -138,6 +156,12 @@ bool CRow::Reread() {
     ShowValueText(GetValueControl(), FormatValueText(m_parameter, m_source));
     Unmark();
     return true;
+}
+
+void CRow::TakeBack(quint16 word) {
+    m_read = m_parameter->SetValue(word, false) && m_parameter->WriteToDrive(0);
+    m_former = m_read ? FormatValueText(m_parameter, m_source) : QString();
+    MarkChanged(m_register);
 }
 
 void CRow::Enter(const QString& text) {
@@ -188,7 +212,7 @@ void CRow::Selected() {
     if (!IsChanged())
         m_former = m_read ? FormatValueText(m_parameter, m_source) : QString();
     if (!m_former.isEmpty() && dropDown->currentText().compare(m_former, Qt::CaseInsensitive) == 0)
-        Unmark();
+        TakenBack();
     else
         Changed();
 }
@@ -198,6 +222,13 @@ void CRow::Changed() {
         return;
     MarkChanged(m_register);
     if (m_onChange && IsChanged())
+        m_onChange();
+}
+
+void CRow::TakenBack() {
+    const bool was = IsChanged();
+    Unmark();
+    if (m_onChange && was)
         m_onChange();
 }
 

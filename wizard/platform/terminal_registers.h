@@ -15,5 +15,9 @@ constexpr quint16 DOIndexRegister(int number) {
 constexpr quint16 DOBitRegister(int number) {
     return static_cast<quint16>(1400 + 2 * number);
 }
+/// Signal of analogue output `number`: 15.01 and 15.06.
+constexpr quint16 AOIndexRegister(int number) {
+    return static_cast<quint16>(1496 + 5 * number);
+}
 
 } // namespace krt550

@@ -2,13 +2,9 @@
 
 #include "wizard/resources/layout_parts.h"
 
-#include <span>
-
 /// What the layouts of the autotuning pages have in common. Measures in dialog units.
 namespace krt550 {
 
-/// The pictures on the left, evenly spread.
-void AddAutotuningPictures(CLayoutBuilder& layout, std::span<const int> pictures);
 /// Height of the frame around Start, progress bar and Diagnosis, and where they stand in it.
 inline constexpr int kAutotuningRunHeight = 30;
 inline constexpr int kAutotuningRunY = 11;

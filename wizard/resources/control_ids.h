@@ -15,6 +15,11 @@ enum ControlId : int {
     kIdStepsDoneGroup = 60001,
     kIdPageTitle = 60002,
     kIdStepsDoneLabel = 163,
+    // Of the macro assistant.
+    kIdMacroView = 60041, ///< the basic or the advanced view
+    kIdMacroDescriptionLabel = 60042,
+    kIdMacroDescription = 60043,
+    kIdFirstDependentRow = 61500, ///< label of the first row; the next row is 10 further
     // Of the autotuning pages.
     kIdAutotuningLabel = 60201,
     kIdAutotuningStart = 60202,
@@ -47,8 +52,41 @@ enum ControlId : int {
     kIdStepUpLabel = 60363,
     kIdStepDownLabel = 60364,
     kIdSpeedScalingGroup = 60401, ///< of the settings of analogue inputs and outputs
-    kIdConnectionList = 60402     ///< of a connection picker
+    kIdConnectionList = 60402,    ///< of a connection picker
+    // Tabs of the protection and limit assistant and of the 12-pulse assistant.
+    kIdProtectionTabs = 940,
+    kId12PulseTabs = 995,
+    // Of the E-stop assistant: the proposed delays of its relays.
+    kIdEStopDelayLabel = 60371,
+    kIdEStopDelay = 957,
+    kIdEStopDelayUnit = 958,
+    kIdDisconnectDelayLabel = 60372,
+    kIdDisconnectDelay = 961,
+    kIdDisconnectDelayUnit = 962,
+    // Of the field exciter assistant.
+    kIdExciterType = 972,
+    kIdAttention = 8270,
+    kIdAttentionText = 60381,
+    kIdLinkStatusLabel = 60382,
+    kIdLinkStatus = 970,
+    // Of the configurable assistant, and of the window with a row's help.
+    kIdConfigurableGroup = 60391,
+    kIdHelpText = 60392
 };
+
+/// Rows of the configurable assistant: 1 to 20 edits on the left, 21 to 40 drop-downs on the right.
+inline constexpr int kConfigurableRowCount = 40;
+inline constexpr int kConfigurableEdits = 20;
+/// Ids of the controls of its row n.
+constexpr int ConfigurableLabelId(int n) {
+    return 60800 + n;
+}
+constexpr int ConfigurableValueId(int n) {
+    return 60850 + n;
+}
+constexpr int ConfigurableHelpId(int n) {
+    return 60900 + n;
+}
 
 /// Controls of one analogue input or output, from the id of its first one.
 enum ChannelControl : int {
@@ -70,6 +108,9 @@ constexpr int ChannelId(int number, ChannelControl control) {
 /// From the label of one of the values that the speed feedback assistant shows to its value and its unit.
 inline constexpr int kShownValue = 1;
 inline constexpr int kShownUnit = 2;
+
+/// Rows of the macro assistant for the parameters that depend on the macro.
+inline constexpr int kDependentRows = 6;
 
 /// Ids of the digits of steps 1 to 7, in order.
 inline constexpr int kStepIconIds[7] = {151, 152, 157, 153, 154, 155, 156};

@@ -21,9 +21,9 @@ constexpr int kListWidth = 160;
 constexpr RowColumns kActualColumns{.label = 402,
                                     .labelWidth = 84,
                                     .value = 402,
-                                    .valueWidth = 50,
-                                    .unit = 456,
-                                    .unitWidth = 30,
+                                    .valueWidth = 34,
+                                    .unit = 440,
+                                    .unitWidth = 46,
                                     .minimum = 0,
                                     .maximum = 0,
                                     .limitWidth = 0};
@@ -59,7 +59,8 @@ constexpr RowDef TerminalRow(quint16 reg) {
 }
 constexpr RowDef kOutput1[] = {IndexRow(1, 1501), ModeRow(1503), SettingRow(1504), SettingRow(1505), TerminalRow(511)};
 constexpr RowDef kOutput2[] = {IndexRow(2, 1506), ModeRow(1508), SettingRow(1509), SettingRow(1510), TerminalRow(512)};
-constexpr RowGroupDef kGroups[] = {kSpeedScalingGroup,
+constexpr RowDef kScaling[] = {SpeedScalingRow(2)};
+constexpr RowGroupDef kGroups[] = {SpeedScalingGroup(kScaling),
                                    {.caption = "AO1", .headings = false, .rows = kOutput1},
                                    {.caption = "AO2", .headings = false, .rows = kOutput2}};
 static_assert(IsSound(kGroups));
@@ -100,7 +101,7 @@ constinit const PageRows kAnalogueOutputRows{.layout = 140, .groups = kGroups};
 
 DialogLayout AnalogueOutputsLayout() {
     CLayoutBuilder layout(140, kPageWidth, kButtons + 14 + 13, QStringLiteral("AO settings"));
-    AddSpeedScaling(layout);
+    AddSpeedScaling(layout, kGroups[0]);
     static constexpr int kPictures[] = {10017, 10018, 10019};
     AddChannelPictures(layout, kPictures, kBottom);
     for (int output = 1; output <= kAnalogueOutputs; ++output)

@@ -57,7 +57,7 @@ static_assert(IsSound(kFieldGroups) && IsSound(kArmatureGroups) && IsSound(kWeak
 
 DialogLayout Build(const PageRows& rows, const char* runCaption, std::span<const int> pictures) {
     CLayoutBuilder layout(rows.layout, kPageWidth, kPageHeight);
-    AddAutotuningPictures(layout, pictures);
+    layout.Pictures(pictures);
     CRowStack stack(layout, rows, kPageStyle, kRowsTop, kRowsBottom, kAutotuningRunHeight + kPageStyle.gap);
     stack.AddGroup();
     const int run = stack.AddFrame(kAutotuningRunHeight, QString::fromLatin1(runCaption));

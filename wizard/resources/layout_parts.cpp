@@ -9,7 +9,7 @@
 namespace krt550 {
 namespace {
 
-constexpr int kRowHeight = 14;
+constexpr int kFirstPictureId = 60011;
 
 } // namespace
 
@@ -29,6 +29,19 @@ CLayoutBuilder& CLayoutBuilder::Group(int k, const DialogRect& rect, const QStri
     return Add({.id = GroupId(k), .kind = ControlKind::GroupBox, .rect = rect, .text = caption});
 }
 
+CLayoutBuilder& CLayoutBuilder::Pictures(std::span<const int> pictures) {
+    constexpr DialogRect kRoom{7, 6, 102, 272};
+    constexpr int kGap = 6;
+    const int count = static_cast<int>(pictures.size());
+    const int height = (kRoom.height - kGap * (count - 1)) / count;
+    for (int i = 0; i < count; ++i)
+        Add({.id = kFirstPictureId + i,
+             .kind = ControlKind::Picture,
+             .rect = {kRoom.x, kRoom.y + i * (height + kGap), kRoom.width, height},
+             .picture = pictures[static_cast<std::size_t>(i)]});
+    return *this;
+}
+
 CLayoutBuilder& CLayoutBuilder::Headings(int k, int y, const RowColumns& columns) {
     const auto heading = [&](int id, int x, int width, int text) {
         Add({.id = id, .rect = {x, y, width, 10}, .text = StringTableText(text).value_or(QString())});
@@ -40,7 +53,7 @@ CLayoutBuilder& CLayoutBuilder::Headings(int k, int y, const RowColumns& columns
     return *this;
 }
 
-CLayoutBuilder& CLayoutBuilder::Row(const RowDef& row, int y, const RowColumns& columns, int listWidth) {
+CLayoutBuilder& CLayoutBuilder::Row(const RowDef& row, int y, const RowColumns& columns, int listWidth, int height) {
     const RowIds ids = IdsOf(row);
     const bool display = row.kind == RowKind::Display;
     const char* text = *row.caption ? row.caption : row.label;
@@ -50,7 +63,7 @@ CLayoutBuilder& CLayoutBuilder::Row(const RowDef& row, int y, const RowColumns& 
         if (id != 0)
             Add({.id = id,
                  .kind = kind,
-                 .rect = {x, y, width, kRowHeight},
+                 .rect = {x, y, width, height},
                  .text = id == ids.label ? label : QString(),
                  .buddy = id == ids.label && !display ? ids.value : 0,
                  .reg = value ? row.reg : quint16{0},

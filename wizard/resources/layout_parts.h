@@ -11,17 +11,20 @@ namespace krt550 {
 inline constexpr int kPageWidth = 505;
 inline constexpr int kPageHeight = 326;
 
+/// Height of a row's controls.
+inline constexpr int kRowHeight = 14;
+
 /// Columns of the parameter rows of a page: left edges and widths in dialog units.
 struct RowColumns {
     int label;
     int labelWidth;
     int value;
     int valueWidth;
-    int unit;
-    int unitWidth;
-    int minimum;
-    int maximum;
-    int limitWidth;
+    int unit = 0;
+    int unitWidth = 0;
+    int minimum = 0;
+    int maximum = 0;
+    int limitWidth = 0;
 };
 
 /// Columns of a page with pictures on its left.
@@ -63,6 +66,29 @@ inline constexpr RowGroupStyle kPageStyle{.columns = kPageColumns,
 inline constexpr int kRowsTop = 4;
 inline constexpr int kRowsBottom = 279;
 
+/// Pages that are nothing but tabs beside pictures: where the tabs begin, size of a tab, and the rows on it.
+inline constexpr DialogRect kTabsPlaceholder{119, 6, 379, 10};
+inline constexpr int kWideTabWidth = 376;
+inline constexpr int kWideTabHeight = 250;
+inline constexpr RowGroupStyle kWideTabStyle{.columns = {.label = 8,
+                                                         .labelWidth = 154,
+                                                         .value = 164,
+                                                         .valueWidth = 52,
+                                                         .unit = 220,
+                                                         .unitWidth = 28,
+                                                         .minimum = 251,
+                                                         .maximum = 312,
+                                                         .limitWidth = 57},
+                                             .x = 2,
+                                             .width = 371,
+                                             .listWidth = 204,
+                                             .headings = 10,
+                                             .firstRow = 21,
+                                             .firstRowAlone = 12,
+                                             .step = 17,
+                                             .bottom = 3,
+                                             .gap = 3};
+
 /// Builds the layout of a page from parts.
 class CLayoutBuilder {
 public:
@@ -71,10 +97,12 @@ public:
     CLayoutBuilder& Add(ControlLayout control);
     /// Group box number `k` of the page, with its caption.
     CLayoutBuilder& Group(int k, const DialogRect& rect, const QString& caption);
+    /// The pictures on the left of a page, evenly spread from top to bottom.
+    CLayoutBuilder& Pictures(std::span<const int> pictures);
     /// Headings "Actual", "Unit", "Min", "Max" of group `k`.
     CLayoutBuilder& Headings(int k, int y, const RowColumns& columns);
     /// The controls of one row, all hidden ones included.
-    CLayoutBuilder& Row(const RowDef& row, int y, const RowColumns& columns, int listWidth);
+    CLayoutBuilder& Row(const RowDef& row, int y, const RowColumns& columns, int listWidth, int height = kRowHeight);
     /// Bottom row of every page; the digits of the steps only where `withDigits`.
     CLayoutBuilder& BottomRow(bool withDigits, int resetX = 266);
 

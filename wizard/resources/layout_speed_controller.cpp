@@ -69,7 +69,7 @@ constinit const PageRows kSpeedLimitsRows{.layout = 10058, .groups = kLimitGroup
 DialogLayout SpeedControllerLayout() {
     static constexpr int kPictures[] = {10024, 10025, 10026};
     CLayoutBuilder layout(111, kPageWidth, kPageHeight);
-    AddAutotuningPictures(layout, kPictures);
+    layout.Pictures(kPictures);
     const int above = kSheetHeight + kPageStyle.gap;
     CRowStack stack(layout, kSpeedControllerRows, kPageStyle, kSheetTop, kRowsBottom,
                     above + kRunHeight + kPageStyle.gap);

@@ -100,7 +100,11 @@ constexpr Entry kStrings[] = {
     {298, u"Serial communication assistant"},
     {303, u"Configurable assistant"},
     {308, u"Autotuning field reversal successful"},
+    {314, u"OK"},
+    {320, u"Fault"},
     {351, u"Other can not be selected from dropdown list. Use advanced view to set other value."},
+    {352, u"Protections"},
+    {353, u"Common"},
     {358, u"Error while updating parameters\n Stopping parameter update."},
     {359, u"Unable to stop parameter update."},
     {360, u"Parameters that should be updated did not found\nCan not start parameter update!"},
@@ -143,6 +147,8 @@ constexpr Entry kStrings[] = {
     {2008, u"The drive did not close its main contactor."},
     {2009, u"The drive did not start the motor."},
     {2010, u"The drive did not give local control."},
+    {2011, u"The macro was not loaded: the drive is switched on, or the motor may turn.\n\nStop the motor, take the on and "
+           u"run commands away from terminals and fieldbus, and apply again."},
 };
 
 static_assert(std::is_sorted(std::begin(kStrings), std::end(kStrings),

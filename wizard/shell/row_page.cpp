@@ -51,7 +51,7 @@ bool CRowPage::LoadParameters() {
     if (!errors.isEmpty())
         ReportLoadErrors(errors);
     StopParameterUpdate(*this, m_updateTimer);
-    if (m_rows.StartsUpdate(bound, errors))
+    if (StartsUpdate(bound, errors))
         m_updateTimer = StartParameterUpdate(*this, GetStepNumber());
     return bound;
 }
@@ -78,6 +78,8 @@ void CRowPage::OnTimer(int id) {
 
 void CRowPage::UpdateValues() {
     UpdateParameters(*this, m_updateTimer, m_rows.GetSource());
+    if (m_updateTimer != 0 && !RefreshValues())
+        StopFailedUpdate(*this, m_updateTimer);
     if (m_tabs)
         m_tabs->Update(m_updateTimer);
 }

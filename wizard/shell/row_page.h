@@ -32,8 +32,12 @@ protected:
 
     /// Writes what was changed: the rows, then the tabs in their order; each is attempted.
     virtual bool WriteRows();
-    /// What the update timer does: the rows, then the tab in front.
+    /// Whether a load that went so starts the update timer.
+    virtual bool StartsUpdate(bool bound, const QString& errors) const { return m_rows.StartsUpdate(bound, errors); }
+    /// What the update timer does: the rows, what RefreshValues reads, then the tab in front.
     virtual void UpdateValues();
+    /// Re-reads, at every update, what is no row of the update list; false stops the update. Says itself what failed.
+    virtual bool RefreshValues() { return true; }
 
     /// Puts tabs onto the page, at its control `placeholderId` moved by `offset` pixels. For the constructor, followed
     /// by an AddTab for each of them.
@@ -45,6 +49,7 @@ protected:
     void OnDestroy() override { OnButtonCancel(); }
 
     CRowTable& GetRows() { return m_rows; }
+    const CRowTable& GetRows() const { return m_rows; }
 
 private:
     CRowTable m_rows;

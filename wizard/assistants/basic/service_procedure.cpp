@@ -1,16 +1,12 @@
 #include "wizard/assistants/basic/service_procedure.h"
 
-#include "hostlib/tolvbo32/parameter.h"
-#include "hostlib/tolvbo32/parameter_group.h"
 #include "wizard/diagnosis/diagnosis_dialog.h"
 #include "wizard/diagnosis/fault_record.h"
 #include "wizard/motor/motor_run.h"
-#include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
 #include "wizard/shell/sheet_wizard.h"
-#include "wizard/texts/wizard_text_store.h"
 
 namespace krt550 {
 namespace {
@@ -19,21 +15,6 @@ constexpr int kFailureText = 243;
 constexpr int kStartDeniedText = 574;
 
 } // namespace
-
-bool StartConditionHolds(int step, CParameterGroup* root) {
-    CWizardTextStore& store = CWizardTextStore::Instance();
-    QList<quint16> registers;
-    if (!store.GetStartConditionRegisters(static_cast<quint16>(step), registers))
-        return true;
-    QList<quint16> values;
-    for (const quint16 reg : registers) {
-        CParameter* parameter = FindParameter(root, reg);
-        if (!ReadParameter(parameter))
-            return false;
-        values.append(parameter->GetValue());
-    }
-    return store.StartConditionHolds(static_cast<quint16>(step), registers, values);
-}
 
 bool AskPermission(CMotorRun& run) {
     if (run.IsPermitted())

@@ -8,14 +8,10 @@ namespace krt550 {
 
 class CHostDrive;
 class CMotorRun;
-class CParameterGroup;
 class CSheetWizard;
 enum class MessageIcon;
 
 // What the autotuning runs and the speed feedback test have in common.
-
-/// Whether the text file's start condition of a step holds with the values that the drive has now.
-bool StartConditionHolds(int step, CParameterGroup* root);
 
 /// How a run ended.
 enum class Ending {

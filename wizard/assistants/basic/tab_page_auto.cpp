@@ -9,6 +9,7 @@
 #include "wizard/motor/motor_run.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
+#include "wizard/params/start_condition.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/focus.h"
 #include "wizard/platform/message_box.h"

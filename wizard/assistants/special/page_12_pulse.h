@@ -1,15 +1,31 @@
 #pragma once
 
-#include "wizard/shell/plain_page.h"
+#include "wizard/shell/row_page.h"
+#include "wizard/shell/wizard_tab_page.h"
 
 namespace krt550 {
 
-/// 12-pulse operation. Without rows so far.
-class CPage12Pulse : public CPlainPage {
+/// A tab that says at once which of its parameters the drive lacks.
+class CTabPage12Pulse : public CRowTabPage {
     Q_OBJECT
 
 public:
-    CPage12Pulse() : CPlainPage(139, QStringLiteral("14.htm")) {}
+    using CRowTabPage::CRowTabPage;
+
+protected:
+    void ReportLoadErrors(const QString& errors) override;
+};
+
+/// What two converters that feed one motor with twelve pulses have to know of each other: two tabs.
+class CPage12Pulse : public CRowPage {
+    Q_OBJECT
+
+public:
+    CPage12Pulse();
+
+private:
+    CTabPage12Pulse m_common;
+    CTabPage12Pulse m_protections;
 };
 
 } // namespace krt550

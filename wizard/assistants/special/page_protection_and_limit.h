@@ -1,15 +1,24 @@
 #pragma once
 
-#include "wizard/shell/plain_page.h"
+#include "wizard/shell/row_page.h"
+#include "wizard/shell/wizard_tab_page.h"
 
 namespace krt550 {
 
-/// Protections and limits. Without rows so far.
-class CPageProtectionAndLimit : public CPlainPage {
+/// Levels at which the drive trips, its reactions, and its limits: two tabs.
+class CPageProtectionAndLimit : public CRowPage {
     Q_OBJECT
 
 public:
-    CPageProtectionAndLimit() : CPlainPage(133, QStringLiteral("9.htm")) {}
+    CPageProtectionAndLimit();
+
+protected:
+    /// The limits first: no protection is set up against a limit that has still to come.
+    bool WriteRows() override;
+
+private:
+    CRowTabPage m_protections;
+    CRowTabPage m_limits;
 };
 
 } // namespace krt550

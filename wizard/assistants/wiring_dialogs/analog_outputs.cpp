@@ -85,20 +85,23 @@ bool CDialogAOSettings::Bind(QString& errors) {
 }
 
 bool CDialogAOSettings::HasActualValues() const {
-    const bool has = FindInTree(GetRoot(), kSpeedScaling) || std::ranges::any_of(kOutputs, [this](const auto& output) {
-                         return FindInTree(GetRoot(), output.terminal);
-                     });
-    if (!has)
-        ShowMessageBox(LoadText(kNothingToUpdate), MessageIcon::None);
-    return has;
+    const auto has = [this](quint16 reg) { return FindInTree(GetRoot(), reg) != nullptr; };
+    return has(kSpeedScaling) || std::ranges::any_of(kOutputs, has, &OutputRegisters::terminal);
 }
 
-bool CDialogAOSettings::ShowActualValues() {
-    bool shown = true;
+void CDialogAOSettings::TellNoActualValues() {
+    ShowMessageBox(LoadText(kNothingToUpdate), MessageIcon::None);
+}
+
+/// Beside an index that was changed nothing is known.
+CDialogAnalogSettings::Steps CDialogAOSettings::ActualValues() {
+    Steps steps;
     for (std::size_t output = 0; output < m_outputs.size(); ++output)
-        if (!m_outputs[output].index->IsChanged())
-            shown = ShowActualValue(kOutputs[output].terminal) && shown;
-    return ShowActualValue(kSpeedScaling) && shown;
+        steps.push_back([this, output] {
+            return m_outputs[output].index->IsChanged() || ShowActualValue(kOutputs[output].terminal);
+        });
+    steps.push_back([this] { return ShowActualValue(kSpeedScaling); });
+    return steps;
 }
 
 bool CDialogAOSettings::Write() {

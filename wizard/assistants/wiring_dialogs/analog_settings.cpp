@@ -43,6 +43,8 @@ bool CDialogAnalogSettings::OnInitDialog() {
         ShowMessageBox(errors, MessageIcon::Stop);
     if (HasActualValues())
         m_updateTimer = StartParameterUpdate(*this, m_timerKey);
+    else
+        TellNoActualValues();
     return true;
 }
 
@@ -86,10 +88,11 @@ void CDialogAnalogSettings::Refresh() {
     if (m_refreshing)
         return;
     const QScopedValueRollback<bool> refreshing(m_refreshing, true);
-    bool shown = false;
+    bool shown = true;
     {
         const FailurePass pass;
-        shown = ShowActualValues();
+        for (const auto& show : ActualValues())
+            shown = show() && shown;
     }
     if (shown)
         UpdateParameters(*this, m_updateTimer);

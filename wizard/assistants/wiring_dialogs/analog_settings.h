@@ -3,6 +3,9 @@
 #include "wizard/params/row_table.h"
 #include "wizard/platform/dialog.h"
 
+#include <functional>
+#include <vector>
+
 namespace krt550 {
 
 /// The settings of the analogue inputs or outputs: rows that follow the drive, Apply, Close and Cancel. The dialog
@@ -23,14 +26,17 @@ protected:
     virtual bool Bind(QString& errors) = 0;
     /// Writes what was changed, each attempted; true when all succeeded.
     virtual bool Write() = 0;
-    /// Reads the actual values from the drive and shows them; false when one could not be read (shown).
-    virtual bool ShowActualValues() = 0;
+    /// Each reads one actual value from the drive, at most, and shows it; false when it could not be read (shown).
+    using Steps = std::vector<std::function<bool()>>;
+    virtual Steps ActualValues() = 0;
     /// After an Apply.
     virtual void Applied(bool written) = 0;
     /// Without a root.
     virtual void Empty();
-    /// Whether the drive has something that the dialog's timer could refresh, having said so if that is told.
+    /// Whether the drive has something that the dialog's timer could refresh.
     virtual bool HasActualValues() const = 0;
+    /// When it has not.
+    virtual void TellNoActualValues() {}
     /// Forgets what was changed.
     virtual void Unmark() { m_rows.Unmark(); }
 

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "hostlib/tolvbo32/clock.h"
+#include "tests/assistants/shipped_drive.h"
+#include "tests/shell/wizard_fixture.h"
+
+#include <QComboBox>
+#include <QTabBar>
+#include <QTest>
+
+namespace krt550 {
+
+/// The specific assistants with the drive's parameters and the text files as they are shipped.
+class SpecialFixture : public testing::Test {
+protected:
+    SpecialFixture() { SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data")); }
+
+    /// Runs the script on a drive, with the page of this check box of the start page in front.
+    void OnPage(int box, const std::function<void()>& script, const std::set<quint16>& missing = {}) {
+        MakeDrive(missing);
+        RunWizardWith(*m_drive, [&] {
+            Robot::Press(kView);
+            Robot::Press(box);
+            Robot::Press(kNext);
+            script();
+        });
+    }
+    void MakeDrive(const std::set<quint16>& missing = {}) {
+        m_drive = std::make_unique<FakeDrive>(ShippedParameters(missing));
+        m_drive->wizardPath = QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550Wizard.so");
+        if (m_prepare)
+            m_prepare(*m_drive);
+    }
+    /// Leaves the page and comes back.
+    static void Reenter() {
+        Robot::Press(kBack);
+        Robot::Press(kNext);
+    }
+    static void ShowTab(int index) {
+        auto* tabs = Robot::Front()->findChild<QTabBar*>();
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+    }
+    static void Enter(int id, const QString& text) {
+        if (qobject_cast<QComboBox*>(Robot::Control(id)))
+            Robot::Choose(id, text);
+        else
+            Robot::Type(id, text);
+    }
+    /// Lets a bit more than one update of the page pass.
+    void LetAnUpdatePass() {
+        const qint64 end = m_clock.Now() + 1100;
+        while (m_clock.Now() < end)
+            m_clock.WaitForEvents(end - m_clock.Now());
+        Robot::Drain();
+    }
+
+    CSteppedClock m_clock;
+    ClockScope m_clockScope{m_clock};
+    std::function<void(FakeDrive&)> m_prepare;
+    std::unique_ptr<FakeDrive> m_drive;
+    MessageBoxes m_boxes;
+};
+
+} // namespace krt550
