@@ -89,12 +89,11 @@ public:
 
     void AddOutput() {
         const quint16 index = DOIndexRegister(m_number);
-        AddName();
+        AddName(DigitalId(m_group, m_number, kDigitalChoice)); // or nobody hears whose source a choice is
         Add({.id = kDigitalChoice,
              .kind = ControlKind::DropDown,
              .rect = {kSourceX, 0, kSourceWidth, 0},
-             .reg = index,
-             .name = QStringLiteral("Source of ") + m_name});
+             .reg = index});
         Add({.id = kDigitalIndex,
              .kind = ControlKind::Edit,
              .rect = {kSourceX, 0, kBitX - kSourceX, 0},
@@ -109,7 +108,9 @@ public:
     }
 
 private:
-    void AddName() { Add({.id = kDigitalName, .rect = {kNameX, 0, kNameWidth, 0}, .text = m_name}); }
+    void AddName(int buddy = 0) {
+        Add({.id = kDigitalName, .rect = {kNameX, 0, kNameWidth, 0}, .text = m_name, .buddy = buddy});
+    }
 
     void AddInvertAndStatus(quint16 inversion) {
         Add({.id = kDigitalInvert,
