@@ -5,7 +5,9 @@
 #include "drive/register_file.h"
 #include "drive/registers.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 
 namespace krt550 {
@@ -68,14 +70,20 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
     registers.SetWord(reg::kBridgeUsed, state.bridge > 0 ? 1 : state.bridge < 0 ? 2 : 0);
 }
 
-void ShowDigitalInputs(const WiredInputs& wired, CRegisterFile& registers) {
-    constexpr quint16 kInputs = 8;
-    unsigned inputs = (wired.converterFan ? 1U : 0) | (wired.motorFan ? 2U : 0) | (wired.contactor ? 4U : 0) |
-                      (wired.emergencyFree ? 16U : 0);
-    for (quint16 i = 0; i < kInputs; ++i)
-        if (registers.GetWord(reg::kInvertFirstInput + i) != 0)
-            inputs ^= 1U << i;
-    registers.SetWord(reg::kDigitalInputs, static_cast<quint16>(inputs));
+void ShowLimits(const MotorState& state, const DriveSettings& settings, double limit, CRegisterFile& registers) {
+    const double high = std::min(settings.torqueHigh, limit);
+    const double low = std::max(settings.torqueLow, -limit);
+    registers.SetNumber(reg::kTorqueHighUsed, high * 100);
+    registers.SetNumber(reg::kTorqueLowUsed, low * 100);
+    constexpr double kNear = 0.001; // of rated torque and current
+    const double current = state.currentReference / settings.ratedCurrent;
+    const bool bits[] = {state.torqueReference >= high - kNear, state.torqueReference <= low + kNear,
+                         current >= settings.currentHigh / settings.ratedCurrent - kNear,
+                         current <= settings.currentLow / settings.ratedCurrent + kNear};
+    unsigned word = 0;
+    for (unsigned i = 0; i < std::size(bits); ++i)
+        word |= bits[i] && state.bridge ? 1U << i : 0;
+    registers.SetWord(reg::kLimitWord, static_cast<quint16>(word));
 }
 
 void ShowLinkNodes(CRegisterFile& registers) {
@@ -102,9 +110,9 @@ void ShowDigitalOutputs(CRegisterFile& registers) {
         const int bit = static_cast<int>(registers.GetNumber(place + 1, 0));
         if (index == 0 || bit < 0 || bit > 15)
             continue;
-        const bool set = (registers.GetWord(static_cast<quint16>(std::abs(index))) >> bit & 1) != 0;
-        if (set != (index < 0)) // a negative index inverts
-            outputs |= static_cast<quint16>(1U << i);
+        const unsigned word = registers.GetWord(static_cast<quint16>(std::abs(index)));
+        const unsigned inverted = index < 0 ? 1 : 0; // a negative index inverts
+        outputs |= static_cast<quint16>((((word >> bit) & 1U) ^ inverted) << i);
     }
     registers.SetWord(reg::kDigitalOutputs, outputs);
 }

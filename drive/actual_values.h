@@ -19,14 +19,8 @@ struct ActualValues {
 void ShowActualValues(const MotorState& state, const ActualValues& values, const DriveSettings& settings,
                       CRegisterFile& registers);
 
-/// What is wired to the digital inputs at the works.
-struct WiredInputs {
-    bool converterFan = false;  ///< acknowledge, input 1
-    bool motorFan = false;      ///< acknowledge, input 2
-    bool contactor = false;     ///< acknowledge, input 3
-    bool emergencyFree = false; ///< nobody has pressed the emergency stop, input 5
-};
-void ShowDigitalInputs(const WiredInputs& wired, CRegisterFile& registers);
+/// Shows the torque limits in effect, with `limit` (relative) beside the parameters', and which limits are reached.
+void ShowLimits(const MotorState& state, const DriveSettings& settings, double limit, CRegisterFile& registers);
 
 /// Shows the nodes that answer on the link: the converter, and an exciter that is not on its board.
 void ShowLinkNodes(CRegisterFile& registers);

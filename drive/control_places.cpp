@@ -1,22 +1,24 @@
 #include "drive/control_places.h"
 
 #include "drive/control_word.h"
+#include "drive/digital_inputs.h"
 #include "drive/register_file.h"
 #include "drive/registers.h"
 
 namespace krt550 {
-namespace {
 
-constexpr quint16 kDriveToDrive = 2;
-
-} // namespace
-
-bool CControlPlaces::IsByLink(const CRegisterFile& registers) const {
-    return m_place == ControlPlace::Remote && registers.GetWord(reg::kCommandSource) == kDriveToDrive;
+CommandSource ChooseSource(const CDigitalInputs& inputs, const CRegisterFile& registers) {
+    const auto chosen = static_cast<CommandSource>(
+        registers.GetWord(reg::kCommandSource, static_cast<quint16>(CommandSource::Fieldbus)));
+    if (!inputs.IsConnected(InputFunction::Automatic))
+        return chosen;
+    if (!inputs.IsClosed(InputFunction::Automatic))
+        return CommandSource::Terminals;
+    return chosen == CommandSource::Link ? chosen : CommandSource::Fieldbus;
 }
 
 bool CControlPlaces::IsByBus(const CRegisterFile& registers) const {
-    return m_place == ControlPlace::Remote && !IsByLink(registers) &&
+    return IsRemoteBy(CommandSource::Fieldbus) &&
            (registers.GetWord(reg::kControlWord) & control::kByOverridingControl);
 }
 
@@ -71,8 +73,9 @@ quint16 CControlPlaces::GetWord(const CRegisterFile& registers) const {
 quint16 CControlPlaces::GivenWord(const CRegisterFile& registers) const {
     if (IsLocal())
         return m_word;
-    const bool counts = m_place == ControlPlace::Remote && (IsByBus(registers) || IsByLink(registers));
-    return counts ? registers.GetWord(reg::kControlWord) : control::kIdle;
+    if (IsByTerminals())
+        return m_terminalWord;
+    return IsByBus(registers) || IsByLink() ? registers.GetWord(reg::kControlWord) : control::kIdle;
 }
 
 } // namespace krt550

@@ -27,22 +27,22 @@ double HeldToBridge(double current, Conduction conduction) {
 
 } // namespace
 
-double CDcMotor::GetFluxConstant() const {
+void CDcMotor::SetFieldCurrent(double current) {
+    m_fieldCurrent = current;
+    if (std::abs(current) > m_data.remanenceField)
+        m_magnetised = current < 0 ? -1 : 1;
     const double flux = m_data.magnetisation.IsEmpty()
-                            ? m_data.mutualInductance * m_fieldCurrent
-                            : std::copysign(m_data.magnetisation(std::abs(m_fieldCurrent)), m_fieldCurrent);
-    const double bare = 1 - std::abs(m_fieldCurrent) / std::max(m_data.remanenceField, 1e-9);
-    const double remanence = bare > 0 ? m_data.remanence * bare * bare : 0;
-    return m_polarity * (flux + m_magnetised * remanence);
+                            ? m_data.mutualInductance * current
+                            : std::copysign(m_data.magnetisation(std::abs(current)), current);
+    const double bare = 1 - std::abs(current) / std::max(m_data.remanenceField, 1e-9);
+    m_flux = flux + (bare > 0 ? m_magnetised * m_data.remanence * bare * bare : 0);
 }
 
 void CDcMotor::Step(double seconds, const ArmatureSupply& armature, double fieldVoltage) {
     const double fieldExcess = fieldVoltage - m_data.fieldResistance * m_fieldCurrent;
-    m_fieldCurrent =
-        m_fieldBroken ? 0
-                      : AfterStep(m_fieldCurrent, fieldExcess, m_data.fieldResistance, m_data.fieldInductance, seconds);
-    if (std::abs(m_fieldCurrent) > m_data.remanenceField)
-        m_magnetised = m_fieldCurrent < 0 ? -1 : 1;
+    SetFieldCurrent(m_fieldBroken ? 0
+                                  : AfterStep(m_fieldCurrent, fieldExcess, m_data.fieldResistance,
+                                              m_data.fieldInductance, seconds));
     StepArmature(seconds, armature);
     StepShaft(seconds);
 }
@@ -78,7 +78,7 @@ void CDcMotor::StepShaft(double seconds) {
 
 void CDcMotor::Rest(double seconds) {
     m_armatureCurrent = 0;
-    m_fieldCurrent *= std::exp(-m_data.fieldResistance / m_data.fieldInductance * seconds);
+    SetFieldCurrent(m_fieldCurrent * std::exp(-m_data.fieldResistance / m_data.fieldInductance * seconds));
 }
 
 bool CDcMotor::IsAtRest() const {

@@ -39,11 +39,14 @@ struct ArmatureSupply {
 /// longer than the electrical time constants. 0.1 ms suits the speed loops of all motors here.
 class CDcMotor {
 public:
-    explicit CDcMotor(MotorData data = {}) : m_data(std::move(data)) {}
+    explicit CDcMotor(MotorData data = {}) : m_data(std::move(data)) { SetFieldCurrent(0); }
 
     const MotorData& GetData() const { return m_data; }
     /// Other constants from now on, the state stays.
-    void SetData(const MotorData& data) { m_data = data; }
+    void SetData(const MotorData& data) {
+        m_data = data;
+        SetFieldCurrent(m_fieldCurrent);
+    }
     /// Torque against positive rotation [N*m]; a hanging load turns a motor that nothing holds.
     void SetLoad(double torque) { m_load = torque; }
     double GetLoad() const { return m_load; }
@@ -67,11 +70,12 @@ public:
     double GetArmatureCurrent() const { return m_armatureCurrent; }            ///< ia [A]
     double GetFieldCurrent() const { return m_fieldCurrent; }                  ///< if [A]
     double GetSpeed() const { return m_speed; }                                ///< w [rad/s]
-    double GetFluxConstant() const;                                            ///< k [V*s]
+    double GetFluxConstant() const { return m_polarity * m_flux; }             ///< k [V*s]
     double GetEmf() const { return GetFluxConstant() * m_speed; }              ///< [V]
     double GetTorque() const { return GetFluxConstant() * m_armatureCurrent; } ///< [N*m]
 
 private:
+    void SetFieldCurrent(double current);
     double GetFriction() const { return m_data.coulombFriction + m_brake; }
     void StepArmature(double seconds, const ArmatureSupply& armature);
     void StepShaft(double seconds);
@@ -86,6 +90,7 @@ private:
     bool m_armatureBroken = false;
     double m_armatureCurrent = 0;
     double m_fieldCurrent = 0;
+    double m_flux = 0; ///< that the field current makes, whatever the polarity [V*s]
     double m_speed = 0;
 };
 

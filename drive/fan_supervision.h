@@ -17,7 +17,9 @@ public:
     bool IsMotorFanLost() const { return m_fans[0].lost; }
     bool IsConverterFanLost() const { return m_fans[1].lost; }
 
-    Findings Step(double seconds, bool contactorClosed, const CRegisterFile& registers);
+    /// `acknowledged` by the motor fan's and the converter fan's input.
+    Findings Step(double seconds, bool contactorClosed, const std::array<bool, 2>& acknowledged,
+                  const CRegisterFile& registers);
 
 private:
     struct Fan {

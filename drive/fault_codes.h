@@ -34,11 +34,12 @@ inline constexpr quint16 kFaultLink = 118;
 inline constexpr quint16 kFaultPhaseMissing = 119;
 inline constexpr quint16 kFaultPhaseOrder = 120;
 inline constexpr quint16 kFaultRipple = 121;
+inline constexpr quint16 kFaultAnalogInput = 122;
 inline constexpr quint16 kFirstFault = 101;
 /// An alarm's code is that of the fault that it could have been, and this.
 inline constexpr quint16 kAlarmOffset = 4000;
 
-inline constexpr std::array<FaultCode, 21> kFaultCodes = {{
+inline constexpr std::array<FaultCode, 22> kFaultCodes = {{
     {kFaultOvercurrent, "armature overcurrent"},
     {kFaultOvervoltage, "armature overvoltage"},
     {kFaultMains, "mains voltage lost"},
@@ -60,6 +61,7 @@ inline constexpr std::array<FaultCode, 21> kFaultCodes = {{
     {kFaultPhaseMissing, "mains phase missing"},
     {kFaultPhaseOrder, "mains phases in the wrong order"},
     {kFaultRipple, "armature current ripple"},
+    {kFaultAnalogInput, "analogue input below its range"},
 }};
 
 /// "fault 110 (external trip)".

@@ -25,9 +25,9 @@ public:
         m_closed = next;
         return moved;
     }
-    /// Lets `milliseconds` pass under `command`.
-    void Wait(qint64 milliseconds, bool command) { m_astray = m_closed == command ? 0 : m_astray + milliseconds; }
-    /// For how long it has not been where it shall be [ms].
+    /// Lets `milliseconds` pass; `follows`: its acknowledge agrees with its command.
+    void Wait(qint64 milliseconds, bool follows) { m_astray = follows ? 0 : m_astray + milliseconds; }
+    /// For how long it has not seemed to be where it shall be [ms].
     qint64 GetAstray() const { return m_astray; }
 
 private:

@@ -13,11 +13,19 @@ public:
     explicit CMonotoneCurve(std::vector<std::pair<double, double>> points);
 
     double operator()(double x) const;
-    bool IsEmpty() const { return m_points.empty(); }
+    bool IsEmpty() const { return m_pieces.empty(); }
 
 private:
-    std::vector<std::pair<double, double>> m_points;
-    std::vector<double> m_slopes;
+    /// From `start` on: y + d*(slope + d*(second + d*third)) with d = x - start.
+    struct Piece {
+        double start = 0;
+        double y = 0;
+        double slope = 0;
+        double second = 0;
+        double third = 0;
+    };
+
+    std::vector<Piece> m_pieces; ///< one a point; the last one goes on straight
 };
 
 } // namespace krt550

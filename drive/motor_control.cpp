@@ -72,9 +72,9 @@ double CMotorControl::ReferenceFor(const MotorCommand& command, const DriveSetti
         const double flux = std::max(kLeastFlux, settings.fluxOfField(field));
         const double rated = settings.ratedCurrent / flux;
         const bool borrowed = command.guide == SpeedGuide::Emf && settings.speedSource != SpeedSource::Emf;
-        m_state.torqueReference =
-            m_speedControl.Step(kStep, command.speed, m_state.signals.used, settings.currentHigh / rated,
-                                settings.currentLow / rated, settings, borrowed ? settings.emfFilter : 0);
+        m_state.torqueReference = m_speedControl.Step(kStep, command.speed, m_state.signals.used,
+                                                      settings.currentHigh / rated, settings.currentLow / rated,
+                                                      settings, borrowed ? settings.emfFilter : 0, command.torque);
         m_state.speedReference = m_speedControl.GetReferenceUsed();
         wanted = std::copysign(m_state.torqueReference * rated, m_state.torqueReference * m_motor.GetFieldCurrent());
     }

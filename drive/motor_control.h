@@ -38,6 +38,7 @@ struct MotorCommand {
     ArmatureMode armature = ArmatureMode::Blocked;
     double current = 0; ///< [A]
     double speed = 0;   ///< [rad/s]
+    TorqueWindow torque;
     SpeedGuide guide = SpeedGuide::Chosen;
     double firingAngle = 0; ///< of a pulse [rad]
     FieldMode field = FieldMode::Off;

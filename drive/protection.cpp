@@ -35,33 +35,27 @@ Findings CProtection::Step(double seconds, const MotorState& state, const Surrou
     m_mainsGap = Lasting(m_mainsGap, around.driving && around.mains < levels.mains, seconds);
     const bool leaks = m_leaking > 0 && m_leaking >= levels.earthDelay;
     const bool hot = levels.thermal && m_rise > levels.thermalRise;
-    const struct {
-        bool now;
-        quint16 code;
-        Reaction reaction;
-    } causes[] = {
-        {m_feedbackMissing > kFeedbackDelay, kFaultFeedback, Reaction::Trip},
-        {current > levels.current, kFaultOvercurrent, Reaction::Trip},
-        {levels.currentRise > 0 && rise > levels.currentRise, kFaultCurrentRise, Reaction::Trip},
-        {around.driving && std::abs(state.armatureVoltage) > levels.voltage, kFaultOvervoltage, Reaction::Trip},
-        {m_mainsGap > levels.longestGap, kFaultMains, Reaction::Trip},
-        {around.driving && around.phaseMissing, kFaultPhaseMissing, Reaction::Trip},
-        {around.driving && around.phaseOrderWrong, kFaultPhaseOrder, Reaction::Trip},
-        {m_rippling > kRippleDelay, kFaultRipple, Reaction::Trip},
-        {IsFieldLost(seconds, state, around, settings, levels), kFaultFieldLoss, Reaction::Trip},
-        {std::abs(state.fieldCurrent) > levels.fieldMost * settings.ratedFieldCurrent, kFaultFieldOvercurrent,
-         Reaction::Trip},
-        {std::abs(state.signals.used) > levels.speed, kFaultOverspeed, Reaction::Trip},
-        {IsStalled(seconds, state, settings, levels), kFaultStall, Reaction::Trip},
-        {leaks, kFaultEarth, levels.earth},
-        {hot, kFaultOvertemperature, Reaction::Trip},
-        {levels.thermal && m_rise > levels.thermalAlarm, kFaultOvertemperature, Reaction::Alarm},
-        {around.driving && around.mains < levels.mainsAlarm, kFaultMains, Reaction::Alarm},
-    };
     Findings found;
-    for (const auto& cause : causes)
-        if (cause.now)
-            found.Add(cause.code, cause.reaction);
+    const auto look = [&found](bool now, quint16 code, Reaction reaction = Reaction::Trip) {
+        if (now)
+            found.Add(code, reaction);
+    };
+    look(m_feedbackMissing > kFeedbackDelay, kFaultFeedback);
+    look(current > levels.current, kFaultOvercurrent);
+    look(levels.currentRise > 0 && rise > levels.currentRise, kFaultCurrentRise);
+    look(around.driving && std::abs(state.armatureVoltage) > levels.voltage, kFaultOvervoltage);
+    look(m_mainsGap > levels.longestGap, kFaultMains);
+    look(around.driving && around.phaseMissing, kFaultPhaseMissing);
+    look(around.driving && around.phaseOrderWrong, kFaultPhaseOrder);
+    look(m_rippling > kRippleDelay, kFaultRipple);
+    look(IsFieldLost(seconds, state, around, settings, levels), kFaultFieldLoss);
+    look(std::abs(state.fieldCurrent) > levels.fieldMost * settings.ratedFieldCurrent, kFaultFieldOvercurrent);
+    look(std::abs(state.signals.used) > levels.speed, kFaultOverspeed);
+    look(IsStalled(seconds, state, settings, levels), kFaultStall);
+    look(leaks, kFaultEarth, levels.earth);
+    look(hot, kFaultOvertemperature);
+    look(levels.thermal && m_rise > levels.thermalAlarm, kFaultOvertemperature, Reaction::Alarm);
+    look(around.driving && around.mains < levels.mainsAlarm, kFaultMains, Reaction::Alarm);
     return found;
 }
 

@@ -2,6 +2,8 @@
 
 #include "drive/speed_ramp.h"
 
+#include <array>
+
 namespace krt550 {
 
 class CRegisterFile;
@@ -26,15 +28,17 @@ public:
     /// Where the ramp goes on from [rpm].
     void Preset(double speed) { m_ramp.Preset(speed); }
     void Step(double seconds, RampMode mode, double target);
+    /// The ramp times that count from now on.
+    void Choose(RampSet set) { m_set = static_cast<std::size_t>(set); }
     double GetOutput() const { return m_ramp.GetOutput(); } ///< [rpm]
 
 private:
     CSpeedRamp m_ramp;
     double m_low = 0;
     double m_high = 0;
-    double m_slopeUp = 0; ///< [rpm/s]
-    double m_slopeDown = 0;
-    double m_slopeQuick = 0;
+    std::array<RampSlopes, 3> m_slopes;
+    std::size_t m_set = 0;
+    double m_slopeQuick = 0; ///< [rpm/s]
 };
 
 } // namespace krt550

@@ -9,30 +9,33 @@ namespace krt550 {
 CRegisterFile::CRegisterFile(std::vector<ParameterDescription> descriptions)
     : m_descriptions(std::move(descriptions)), m_words(m_descriptions.size()) {
     for (std::size_t i = 0; i < m_descriptions.size(); ++i) {
-        m_places.insert(m_descriptions[i].reg, i);
+        const std::size_t reg = m_descriptions[i].reg;
+        if (reg >= m_places.size())
+            m_places.resize(reg + 1, kNowhere);
+        m_places[reg] = static_cast<std::uint32_t>(i);
         m_words[i] = NearestWord(m_descriptions[i], m_descriptions[i].defaultValue);
     }
 }
 
 const ParameterDescription* CRegisterFile::FindDescription(quint16 reg) const {
-    const auto place = m_places.constFind(reg);
-    return place == m_places.cend() ? nullptr : &m_descriptions[*place];
+    const std::size_t place = PlaceOf(reg);
+    return place == kNowhere ? nullptr : &m_descriptions[place];
 }
 
 quint16 CRegisterFile::GetWord(quint16 reg, quint16 fallback) const {
-    const auto place = m_places.constFind(reg);
-    return place == m_places.cend() ? fallback : m_words[*place];
+    const std::size_t place = PlaceOf(reg);
+    return place == kNowhere ? fallback : m_words[place];
 }
 
 double CRegisterFile::GetNumber(quint16 reg, double fallback) const {
-    const auto place = m_places.constFind(reg);
-    return place == m_places.cend() ? fallback : ShownNumber(m_descriptions[*place], m_words[*place]);
+    const std::size_t place = PlaceOf(reg);
+    return place == kNowhere ? fallback : ShownNumber(m_descriptions[place], m_words[place]);
 }
 
 void CRegisterFile::SetWord(quint16 reg, quint16 word) {
-    const auto place = m_places.constFind(reg);
-    if (place != m_places.cend())
-        Store(*place, word);
+    const std::size_t place = PlaceOf(reg);
+    if (place != kNowhere)
+        Store(place, word);
 }
 
 void CRegisterFile::Store(std::size_t place, quint16 word) {
@@ -41,9 +44,9 @@ void CRegisterFile::Store(std::size_t place, quint16 word) {
 }
 
 void CRegisterFile::SetNumber(quint16 reg, double shown) {
-    const auto place = m_places.constFind(reg);
-    if (place != m_places.cend())
-        Store(*place, NearestWord(m_descriptions[*place], shown));
+    const std::size_t place = PlaceOf(reg);
+    if (place != kNowhere)
+        Store(place, NearestWord(m_descriptions[place], shown));
 }
 
 bool CRegisterFile::ReadFromLink(quint16 reg, quint16& word, QString& error) const {

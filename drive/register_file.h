@@ -2,9 +2,8 @@
 
 #include "hostlib/tolvbo32/parameter_description.h"
 
-#include <QHash>
-
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace krt550 {
@@ -18,7 +17,7 @@ public:
     const std::vector<ParameterDescription>& GetDescriptions() const { return m_descriptions; }
     /// Null when the drive has no such register.
     const ParameterDescription* FindDescription(quint16 reg) const;
-    bool Has(quint16 reg) const { return m_places.contains(reg); }
+    bool Has(quint16 reg) const { return PlaceOf(reg) != kNowhere; }
 
     /// Raw word, or `fallback` when the drive has no such register.
     quint16 GetWord(quint16 reg, quint16 fallback = 0) const;
@@ -39,11 +38,14 @@ public:
     bool WriteFromLink(quint16 reg, quint16 word, QString& error);
 
 private:
+    static constexpr std::uint32_t kNowhere = ~std::uint32_t{0};
+
+    std::size_t PlaceOf(quint16 reg) const { return reg < m_places.size() ? m_places[reg] : kNowhere; }
     void Store(std::size_t place, quint16 word);
 
     std::vector<ParameterDescription> m_descriptions;
     std::vector<quint16> m_words;
-    QHash<quint16, std::size_t> m_places;
+    std::vector<std::uint32_t> m_places; ///< of the registers, by number: asked many times a step
     quint32 m_settingsVersion = 1;
 };
 

@@ -44,36 +44,42 @@ void CSimulatedDrive::Advance() {
 }
 
 bool CSimulatedDrive::IsResting() const {
-    return IsStopped() && !m_contactor.IsClosed() && m_contactor.GetAstray() == 0 && m_service.IsIdle() &&
-           !m_mains.IsDipping() && m_otherLeft == 0 && m_control.GetMotor().IsAtRest();
+    return IsStopped() && !m_contactor.IsClosed() && !IsFieldHeated() && m_contactor.GetAstray() == 0 &&
+           m_service.IsIdle() && !m_mains.IsDipping() && m_otherLeft == 0 && m_control.GetMotor().IsAtRest();
 }
 
 void CSimulatedDrive::Pass(qint64 milliseconds) {
     const double seconds = static_cast<double>(milliseconds) / 1000;
     m_age += milliseconds;
     ReadParameters();
+    std::set<quint16> alarms;
     if (IsResting()) {
         m_control.Rest(seconds);
         m_protection.Rest(seconds, m_levels);
         m_references.Preset(0);
-        m_faults.SetAlarms({});
     } else {
-        Integrate(seconds);
+        Integrate(seconds, alarms);
     }
+    ScanTerminals(seconds);
+    alarms.merge(m_board.GetFindings().alarms);
+    m_faults.SetAlarms(alarms);
     m_mains.Pass(milliseconds);
     if (m_otherLeft > 0 && (m_otherLeft = std::max<qint64>(0, m_otherLeft - milliseconds)) == 0)
         m_places.SetOther(false);
     m_display.Step(m_control.GetState().signals.used, seconds, m_registers.GetNumber(reg::kDisplayFilter, 500) / 1000);
-    m_contactor.Wait(milliseconds, m_logic.WantsContactor(Inputs()));
+    m_contactor.Wait(milliseconds, m_logic.WantsContactor(Inputs()) == IsContactorAcknowledged());
     SettleLogic();
     constexpr double kDefaultContactorTime = 1000;
     if (static_cast<double>(m_contactor.GetAstray()) >=
         m_registers.GetNumber(reg::kContactorTime, kDefaultContactorTime))
         Trip(kFaultMainContactor);
+    LookAtInputs();
     Supervise(seconds);
 }
 
 void CSimulatedDrive::ReadParameters() {
+    if (m_registers.GetWord(reg::kLoadMacro) != 0)
+        LoadMacro();
     const PhaseDefect phases = m_mains.GetPhases();
     m_control.SetMains(m_mains.GetVoltage(), LineInductanceOf(m_set),
                        phases == PhaseDefect::Missing || phases == PhaseDefect::FuseBlown);
@@ -82,11 +88,12 @@ void CSimulatedDrive::ReadParameters() {
     m_settings = ReadSettings(m_registers, m_set);
     m_levels = ReadTripLevels(m_registers, m_settings);
     m_references.Read(m_registers, BaseSpeed());
+    m_board.Read(m_registers);
+    m_fieldHeating = m_registers.GetNumber(reg::kFieldHeating, 0) / 100;
 }
 
 /// The drive's continuous part, and what is supervised in it.
-void CSimulatedDrive::Integrate(double seconds) {
-    std::set<quint16> alarms;
+void CSimulatedDrive::Integrate(double seconds, std::set<quint16>& alarms) {
     const int steps = static_cast<int>(std::lround(seconds / CMotorControl::kStep));
     for (int i = 0; i < steps; ++i) {
         const MotorCommand command = NextCommand();
@@ -94,14 +101,16 @@ void CSimulatedDrive::Integrate(double seconds) {
         m_service.Step(CMotorControl::kStep, m_control.GetState(), m_control.IsPulseOver());
         CheckMotor(command, alarms);
     }
-    const Findings fans = m_fans.Step(seconds, m_contactor.IsClosed(), m_registers);
+    const CDigitalInputs& inputs = m_board.GetInputs();
+    const Findings fans =
+        m_fans.Step(seconds, m_contactor.IsClosed(),
+                    {inputs.IsGood(InputFunction::MotorFan), inputs.IsGood(InputFunction::ConverterFan)}, m_registers);
     const Findings silence = m_commanders.Step(std::llround(seconds * 1000), GetCommandView(), m_registers);
     for (const Findings& found : {fans, silence}) {
         alarms.insert(found.alarms.begin(), found.alarms.end());
         if (found.trip)
             Trip(found.trip);
     }
-    m_faults.SetAlarms(alarms);
 }
 
 MotorCommand CSimulatedDrive::NextCommand() {
@@ -118,6 +127,10 @@ MotorCommand CSimulatedDrive::NextCommand() {
     }
     if (m_contactor.IsClosed() && !m_service.KeepsFieldOff())
         command.field = FieldMode::Regulated;
+    if (IsFieldHeated()) {
+        command.field = FieldMode::Current;
+        command.fieldCurrent = m_fieldHeating;
+    }
     if (!m_logic.IsDriving())
         m_fieldWaited = false;
     constexpr double kFieldThere = 0.8; // of its reference; until then there is no torque
@@ -131,6 +144,7 @@ MotorCommand CSimulatedDrive::NextCommand() {
     m_references.Step(CMotorControl::kStep, NextRampMode(), RampTarget());
     command.armature = ArmatureMode::Speed;
     command.speed = m_references.GetOutput() / kRpm;
+    DemandTorque(command);
     return command;
 }
 
@@ -152,7 +166,9 @@ RampMode CSimulatedDrive::NextRampMode() const {
 
 void CSimulatedDrive::Settle() {
     ReadParameters();
+    ScanTerminals(0);
     SettleLogic();
+    LookAtInputs();
     Supervise(0);
     ShowState();
 }
@@ -162,7 +178,7 @@ void CSimulatedDrive::SettleLogic() {
     m_places.LookForNewStart(m_registers);
     const quint16 word = UsedControlWord();
     if ((word & control::kAcknowledge) && !(m_formerControlWord & control::kAcknowledge))
-        m_faults.Acknowledge();
+        AcknowledgeFault();
     m_formerControlWord = word;
 
     bool changed = true;
@@ -172,6 +188,7 @@ void CSimulatedDrive::SettleLogic() {
         if (m_logic.GetState() == DriveState::Operation && former == DriveState::On)
             ++m_starts;
         changed = m_contactor.Follow(m_logic.WantsContactor(Inputs())) || changed;
+        m_board.Sample(GetPlant(), m_registers); // its acknowledge moves with it
     }
 }
 

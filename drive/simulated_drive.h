@@ -5,6 +5,7 @@
 #include "drive/drive_counters.h"
 #include "drive/fan_supervision.h"
 #include "drive/fault_memory.h"
+#include "drive/macros.h"
 #include "drive/main_contactor.h"
 #include "drive/mains_supply.h"
 #include "drive/motor_control.h"
@@ -14,6 +15,7 @@
 #include "drive/register_file.h"
 #include "drive/service_mode.h"
 #include "drive/switch_logic.h"
+#include "drive/terminal_board.h"
 
 #include <QString>
 
@@ -67,6 +69,14 @@ public:
     /// Complete record of the last fault; before the first one its fields have no values.
     QByteArray ReadFaultRecord();
 
+    // Terminals.
+    /// Switches a digital input (0 or not 0) or puts a voltage on an analogue one [V]. False for an output.
+    bool SetTerminal(const Terminal& terminal, double value);
+    /// What lies at a terminal, inputs and outputs alike.
+    double GetTerminal(const Terminal& terminal);
+    /// The wirings that 99.07 loads. Without any the drive refuses to load one.
+    void SetMacros(CMacroTable macros) { m_macros = std::move(macros); }
+
     // Commands of the commissioning tool. All but TakeLocalControl, ReleaseLocalControl and ResetFault need local
     // control.
     /// Takes over what the drive is doing: a running motor keeps running at its reference, an idle one gets 0.
@@ -108,8 +118,13 @@ public:
 private:
     bool IsResting() const;
     void Pass(qint64 milliseconds);
-    void Integrate(double seconds);
+    void Integrate(double seconds, std::set<quint16>& alarms);
     void ReadParameters();
+    void ScanTerminals(double seconds);
+    void LookAtInputs();
+    void DemandTorque(MotorCommand& command);
+    bool LoadMacro();
+    bool AcknowledgeFault();
     MotorCommand NextCommand();
     RampMode NextRampMode() const;
     bool MayChangeToEmf() const;
@@ -129,6 +144,10 @@ private:
     double UsedSpeed() const;
     bool IsStandstill() const;
     bool IsEmergencyStopActive() const;
+    bool IsDisconnected() const;
+    bool IsContactorAcknowledged() const;
+    bool IsFieldHeated() const;
+    PlantState GetPlant() const;
     double RampTarget() const;
     quint16 UsedControlWord() const;
     SwitchInputs Inputs() const;
@@ -137,6 +156,8 @@ private:
     const MotorSet m_set;
     CSwitchLogic m_logic;
     CControlPlaces m_places;
+    CTerminalBoard m_board;
+    CMacroTable m_macros;
     CMainContactor m_contactor;
     CMainsSupply m_mains;
     CReferenceChain m_references;
@@ -151,6 +172,7 @@ private:
     DriveSettings m_settings;
     TripLevels m_levels;
     CLag m_display;             ///< filtered speed [rad/s]
+    double m_fieldHeating = 0;  ///< field current that keeps it warm, relative
     bool m_fieldWaited = false; ///< the field was there since the motor is driven
     quint16 m_formerControlWord = 0;
     bool m_emergencyStop = false;
@@ -163,6 +185,7 @@ private:
     int m_starts = 0;
     qint64 m_lastAdvance; ///< clock reading up to which the drive has come [ms]
     qint64 m_age = 0;     ///< since the drive was powered up [ms]
+    qint64 m_shown = 0;   ///< age at which it was shown last [ms]
 };
 
 } // namespace krt550

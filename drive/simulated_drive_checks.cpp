@@ -10,7 +10,8 @@ void CSimulatedDrive::CheckMotor(const MotorCommand& command, std::set<quint16>&
     Surroundings around;
     around.mains = m_mains.GetVoltage();
     around.driving = m_logic.IsDriving();
-    around.fieldNeeded = command.field == FieldMode::Regulated || command.field == FieldMode::Current;
+    around.fieldNeeded =
+        command.field == FieldMode::Regulated || (command.field == FieldMode::Current && !IsFieldHeated());
     around.feedbackUsed = command.armature == ArmatureMode::Speed && command.guide == SpeedGuide::Chosen &&
                           m_settings.speedSource != SpeedSource::Emf;
     around.fieldReference = m_control.GetState().fieldReference;
@@ -39,12 +40,13 @@ bool CSimulatedDrive::MayChangeToEmf() const {
 ServiceView CSimulatedDrive::GetServiceView() const {
     const quint16 word = UsedControlWord();
     constexpr quint16 kStart = control::kOn | control::kEnableOperation;
-    return {m_logic.IsDriving(), (word & kStart) == kStart, IsEmergencyStopActive(), m_faults.GetActive(),
+    const bool stopped = IsEmergencyStopActive() || IsDisconnected();
+    return {m_logic.IsDriving(), (word & kStart) == kStart, stopped,       m_faults.GetActive(),
             m_places.GetPlace(), m_mains.GetVoltage(),      m_levels.mains};
 }
 
 CommandView CSimulatedDrive::GetCommandView() const {
-    return {m_places.IsLocal(), m_places.IsByBus(m_registers), m_places.IsByLink(m_registers), m_contactor.IsClosed(),
+    return {m_places.IsLocal(), m_places.IsByBus(m_registers), m_places.IsByLink(), m_contactor.IsClosed(),
             m_logic.IsDriving()};
 }
 

@@ -31,6 +31,8 @@ bool CSimulatedDrive::WriteRegister(quint16 reg, quint16 word) {
         return false;
     if (!m_registers.WriteFromLink(reg, word, m_error))
         return false;
+    if (reg == reg::kLoadMacro && word != 0 && !LoadMacro())
+        return false;
     if (reg == reg::kServiceMode)
         m_service.Write(word, GetServiceView(), m_registers);
     Settle();
@@ -69,7 +71,8 @@ bool CSimulatedDrive::TakeLocalControl() {
     if (m_places.IsLocal())
         return true;
     const bool keepsOn = m_logic.IsDriving() || m_logic.GetState() == DriveState::On;
-    m_places.TakeLocal(keepsOn ? UsedControlWord() : control::kIdle, m_logic.IsDriving() ? GetSpeedReference() : 0);
+    const auto word = static_cast<quint16>(UsedControlWord() & ~control::kAcknowledge);
+    m_places.TakeLocal(keepsOn ? word : control::kIdle, m_logic.IsDriving() ? GetSpeedReference() : 0);
     Settle();
     return true;
 }
@@ -138,7 +141,7 @@ bool CSimulatedDrive::StopMotor() {
 bool CSimulatedDrive::ResetFault() {
     Poll();
     ++m_counters.resets;
-    m_faults.Acknowledge();
+    AcknowledgeFault();
     Settle();
     if (const quint16 fault = m_faults.GetActive())
         return Refuse(QStringLiteral("The cause of %1 is still there.").arg(FaultText(fault)));
@@ -175,6 +178,8 @@ QString CSimulatedDrive::WhyNotOn() const {
         return QStringLiteral("The drive has tripped with %1. Reset it first.").arg(FaultText(fault));
     if (IsEmergencyStopActive())
         return QStringLiteral("The emergency stop is pressed.");
+    if (IsDisconnected())
+        return QStringLiteral("The electrical disconnect is open.");
     if (m_logic.GetState() == DriveState::Inhibited)
         return QStringLiteral("Switching on is inhibited. Open the main contactor once, then close it again.");
     if (m_places.IsLocallyOn())

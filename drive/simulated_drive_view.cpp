@@ -28,7 +28,7 @@ void CSimulatedDrive::ShowState() {
     state.statusBits = m_logic.GetStatusBits(inputs);
     state.driving = m_logic.IsDriving();
     state.place = m_places.GetPlace();
-    state.byLink = m_places.IsByLink(m_registers);
+    state.byLink = m_places.IsByLink();
     state.alarm = m_faults.HasAlarm();
     const MotorState& motor = m_control.GetState();
     state.fieldOn = motor.fieldReference > 0 || motor.fieldVoltage > 0;
@@ -45,12 +45,11 @@ void CSimulatedDrive::ShowState() {
     m_faults.Show(m_registers);
     ShowActualValues(motor, {m_display.GetOutput(), m_mains.GetVoltage(), m_protection.GetTemperatureRise()},
                      m_settings, m_registers);
-    const bool closed = m_contactor.IsClosed();
-    ShowDigitalInputs(
-        {closed && !m_fans.IsConverterFanLost(), closed && !m_fans.IsMotorFanLost(), closed, !m_emergencyStop},
-        m_registers);
-    ShowDigitalOutputs(m_registers);
     ShowLinkNodes(m_registers);
+    ShowLimits(motor, m_settings, m_board.GetReferences().GetTorque().limit, m_registers);
+    m_board.Show(m_registers);
+    ShowDigitalOutputs(m_registers);
+    m_board.StepOutputs(static_cast<double>(m_age - std::exchange(m_shown, m_age)) / 1000, m_settings, m_registers);
 }
 
 double CSimulatedDrive::GetSpeed() const {
@@ -78,14 +77,28 @@ bool CSimulatedDrive::IsStandstill() const {
 }
 
 bool CSimulatedDrive::IsEmergencyStopActive() const {
-    return m_emergencyStop && m_registers.GetWord(reg::kEmergencyStopInput, 1) != 0;
+    return !m_board.GetInputs().IsGood(InputFunction::EmergencyStop);
+}
+
+bool CSimulatedDrive::IsDisconnected() const {
+    return !m_board.GetInputs().IsGood(InputFunction::Disconnect);
+}
+
+bool CSimulatedDrive::IsContactorAcknowledged() const {
+    const CDigitalInputs& inputs = m_board.GetInputs();
+    return inputs.IsConnected(InputFunction::ContactorAcknowledge)
+               ? inputs.IsClosed(InputFunction::ContactorAcknowledge)
+               : m_contactor.IsClosed();
+}
+
+bool CSimulatedDrive::IsFieldHeated() const {
+    return m_board.GetInputs().IsClosed(InputFunction::FieldHeating) && !m_logic.IsDriving() && m_service.IsIdle();
 }
 
 double CSimulatedDrive::GetSpeedReference() const {
     if (!m_places.IsLocal() && m_commanders.WantsConstantSpeed())
         return m_references.Limit(m_registers.GetNumber(reg::kConstantSpeed, 0));
-    const double remote = m_registers.GetNumber(reg::kRemoteReference, 0);
-    return m_references.Limit(m_places.IsLocal() ? m_places.GetLocalReference() : remote);
+    return m_references.Limit(m_places.IsLocal() ? m_places.GetLocalReference() : m_board.GetReferences().GetSpeed());
 }
 
 double CSimulatedDrive::RampTarget() const {
@@ -96,7 +109,11 @@ double CSimulatedDrive::RampTarget() const {
 
 quint16 CSimulatedDrive::UsedControlWord() const {
     constexpr quint16 kCoast = 2;
-    const quint16 word = m_commanders.GetStopReason() ? control::kIdle : m_places.GetWord(m_registers);
+    quint16 word = m_commanders.GetStopReason() ? control::kIdle : m_places.GetWord(m_registers);
+    if (m_board.GetInputs().IsClosed(InputFunction::Reset))
+        word |= control::kAcknowledge;
+    if (IsDisconnected())
+        word &= static_cast<quint16>(~control::kNoCoastStop);
     if (!IsEmergencyStopActive())
         return word;
     const bool coasts = m_registers.GetWord(reg::kEmergencyStopMode) >= kCoast;
@@ -104,7 +121,7 @@ quint16 CSimulatedDrive::UsedControlWord() const {
 }
 
 SwitchInputs CSimulatedDrive::Inputs() const {
-    return {UsedControlWord(), m_contactor.IsClosed(), IsStandstill(), m_faults.GetActive() != 0};
+    return {UsedControlWord(), IsContactorAcknowledged(), IsStandstill(), m_faults.GetActive() != 0};
 }
 
 } // namespace krt550

@@ -12,7 +12,11 @@ using std::numbers::pi;
 
 constexpr double kPulse = pi / 3;
 constexpr double kIdealOfPeak = 3 / pi;
-const double kBoundary = 1 - pi / 6 / std::tan(pi / 6);
+constexpr double kCosine30 = std::numbers::sqrt3 / 2;
+constexpr double kAtLimit = 0.5 - pi / 6 * kCosine30; ///< sin(h) - h*cos(h) at h = 30 deg
+constexpr double kBoundary = 2 * kAtLimit;            ///< 1 - pi/6*cot(pi/6)
+constexpr double kNear = 0.01;                        ///< of the current: what is missing then goes by the slope
+constexpr int kPasses = 12;
 
 /// e at which a pulse that starts at theta0 lasts `length`: the root condition solved for e.
 double EmfOf(double theta0, double length) {
@@ -25,59 +29,53 @@ double CurrentOf(double theta0, double length, double e) {
            (std::cos(theta0) * length - (std::sin(theta0 + length) - std::sin(theta0)) - e * length * length / 2);
 }
 
-/// e over the cosine of the firing angle and the current relative to its limit. The columns are even in the cube root
-/// of the current, which nearly goes with the conduction angle.
-class CEmfTable {
-public:
-    CEmfTable() {
-        for (int row = 0; row < kRows; ++row)
-            for (int column = 0; column < kColumns; ++column)
-                m_values[Place(row, column)] =
-                    Solve(std::acos(2.0 * row / (kRows - 1) - 1), double(column) / (kColumns - 1));
-    }
-
-    double Look(double cosine, double root) const {
-        const double x = std::clamp((cosine + 1) / 2, 0.0, 1.0) * (kRows - 1);
-        const double y = std::clamp(root, 0.0, 1.0) * (kColumns - 1);
-        const int row = std::min(static_cast<int>(x), kRows - 2);
-        const int column = std::min(static_cast<int>(y), kColumns - 2);
-        const double down = x - row;
-        const double right = y - column;
-        return (m_values[Place(row, column)] * (1 - right) + m_values[Place(row, column + 1)] * right) * (1 - down) +
-               (m_values[Place(row + 1, column)] * (1 - right) + m_values[Place(row + 1, column + 1)] * right) * down;
-    }
-
-private:
-    static constexpr int kRows = 257;
-    static constexpr int kColumns = 41;
-
-    static std::size_t Place(int row, int column) { return static_cast<std::size_t>(row * kColumns + column); }
-
-    static double Solve(double alpha, double root) {
-        // Fired before 30 degrees a valve waits for the EMF to be passed: the curve of 30 degrees, drawn together.
-        if (alpha < pi / 6) {
-            const double late = std::cos(pi / 6) * kIdealOfPeak;
-            const double here = std::cos(alpha) * kIdealOfPeak;
-            return here + (Solve(pi / 6, root) - late) * (1 - here) / (1 - late);
-        }
-        const double theta0 = kPulse + alpha;
-        const double limit = CurrentOf(theta0, kPulse, EmfOf(theta0, kPulse));
-        const double wanted = root * root * root * limit;
-        double low = 0;
-        double high = kPulse;
-        for (int i = 0; i < 50; ++i) {
-            const double middle = (low + high) / 2;
-            (CurrentOf(theta0, middle, EmfOf(theta0, middle)) < wanted ? low : high) = middle;
-        }
-        return EmfOf(theta0, low);
-    }
-
-    std::array<double, std::size_t{kRows} * kColumns> m_values{};
+/// Where a pulse stands: e, and how e changes with the current's share of its limit.
+struct PulsePoint {
+    double e = 0;
+    double rise = 0;
 };
 
-const CEmfTable& EmfTable() {
-    static const CEmfTable table;
-    return table;
+/// The pulse fired at 30 degrees or later that carries `share` (above 0, up to 1) of the current at the limit. With h
+/// half its length and a = alpha - 30 deg the sums of sines turn into products:
+///     e = cos(a + h) * sin(h)/h,  Id*w*L/Upeak = 6/pi * sin(a + h) * (sin(h) - h*cos(h)).
+/// The current goes nearly with a power of h, the third to the fourth: each pass takes that root of what is missing.
+PulsePoint PulseCarrying(double share, double cosine, double sine) {
+    const double sineLate = sine * kCosine30 - cosine / 2; // sin(a)
+    const double cosineLate = cosine * kCosine30 + sine / 2;
+    const double wanted = share * sine * kAtLimit;
+    double h = kPulse / 2 * std::sqrt(std::sqrt(share));
+    for (int pass = 0;; ++pass) {
+        const double q = h * h;
+        // sin(h)/h and (sin(h) - h*cos(h))/h^3 as their series, exact to 1e-9 up to 30 degrees.
+        const double sinc = 1 - q / 6 * (1 - q / 20 * (1 - q / 42 * (1 - q / 72)));
+        const double loss = (1 - q / 10 * (1 - q / 28 * (1 - q / 54))) / 3;
+        const double sineHalf = h * sinc;
+        const double cosineHalf = sinc - q * loss;
+        const double across = sineLate * cosineHalf + cosineLate * sineHalf; // sin(a + h)
+        const double along = cosineLate * cosineHalf - sineLate * sineHalf;
+        const double area = h * q * loss;
+        const double given = across * area;
+        const double givenRise = along * area + across * h * sineHalf;
+        const double ratio = wanted / given;
+        if (pass == kPasses || std::abs(ratio - 1) < kNear) {
+            const double rise = -(across * sinc + along * h * loss) / givenRise;
+            return {along * sinc + rise * (wanted - given), rise * sine * kAtLimit};
+        }
+        const double power = std::max(1.0, givenRise * h / given);
+        h = std::min(kPulse / 2, h * (power - 1 + (power + 1) * ratio) / (power + 1 + (power - 1) * ratio));
+    }
+}
+
+/// The same at any firing angle. Fired before 30 degrees a valve waits for the EMF to be passed: the curve of 30
+/// degrees, drawn together.
+PulsePoint PulseAt(double share, double cosine, double sine) {
+    if (cosine <= kCosine30)
+        return PulseCarrying(share, cosine, sine);
+    const double late = kCosine30 * kIdealOfPeak;
+    const double here = cosine * kIdealOfPeak;
+    const double drawn = (1 - here) / (1 - late);
+    const PulsePoint point = PulseCarrying(share, kCosine30, 0.5);
+    return {here + (point.e - late) * drawn, point.rise * drawn};
 }
 
 double SineOf(double cosine) {
@@ -123,15 +121,11 @@ ConverterVoltage CSixPulseConverter::MeanVoltage(double cosine, double current, 
     const double limit = DiscontinuousLimit(cosine, inductance);
     if (current >= limit)
         return {GetIdealVoltage() * cosine - CommutationDrop(current, limit), -m_commutation, true};
-    constexpr double kLeast = 0.02; // the curve stands upright at 0
-    constexpr double kStep = 1.0 / 64;
-    const double root = std::max(kLeast, std::cbrt(current / limit));
-    const CEmfTable& table = EmfTable();
-    const double e = table.Look(cosine, root);
-    const double rise = (table.Look(cosine, root + kStep) - table.Look(cosine, root - kStep)) / (2 * kStep);
-    const double slope = m_peak * rise / (3 * root * root) / limit;
-    return {m_peak * e - CommutationDrop(current, limit), std::min(0.0, slope) - 2 * m_commutation * current / limit,
-            false};
+    constexpr double kLeast = 8e-6; // the curve stands upright at 0
+    const PulsePoint point = PulseAt(std::max(kLeast, current / limit), cosine, SineOf(cosine));
+    const double slope = m_peak * point.rise / limit;
+    return {m_peak * point.e - CommutationDrop(current, limit),
+            std::min(0.0, slope) - 2 * m_commutation * current / limit, false};
 }
 
 double CSixPulseConverter::CosineFor(double voltage, double current, double inductance, double start) const {
@@ -143,9 +137,12 @@ double CSixPulseConverter::CosineFor(double voltage, double current, double indu
         return std::clamp(continuous, -1.0, 1.0);
     if (current >= DiscontinuousLimit(continuous, inductance))
         return continuous;
+    constexpr double kClose = 1e-4; // the last answer often does
     double cosine = std::clamp(start, -1.0, 1.0);
     for (int i = 0; i < 3; ++i) {
         const double missing = voltage - MeanVoltage(cosine, current, inductance).voltage;
+        if (std::abs(missing) < kClose * ideal)
+            break;
         cosine = std::clamp(cosine + missing / ideal, -1.0, 1.0);
     }
     return cosine;

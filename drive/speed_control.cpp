@@ -15,7 +15,7 @@ void CSpeedControl::Start(double speed) {
 }
 
 double CSpeedControl::Step(double seconds, double reference, double speed, double reachHigh, double reachLow,
-                           const DriveSettings& settings, double lag) {
+                           const DriveSettings& settings, double lag, const TorqueWindow& window) {
     const double slower = 1 + lag / settings.SmallLags(); // the symmetrical optimum's gain and time go with the lags
     const PiSetting setting{settings.speed.gain / slower, settings.speed.time * slower};
     const double filter = std::max(settings.referenceFilter, 4 * slower * settings.SmallLags());
@@ -25,7 +25,9 @@ double CSpeedControl::Step(double seconds, double reference, double speed, doubl
     m_error.Step(error, seconds, settings.errorFilter);
     const double high = std::max(0.0, std::min(settings.torqueHigh, reachHigh));
     const double low = std::min(0.0, std::max(settings.torqueLow, reachLow));
-    return m_controller.Step(m_error.GetOutput(), seconds, setting, low, high);
+    const double windowHigh = std::clamp(window.high, low, high) - window.added;
+    const double windowLow = std::min(windowHigh, std::clamp(window.low, low, high) - window.added);
+    return window.added + m_controller.Step(m_error.GetOutput(), seconds, setting, windowLow, windowHigh);
 }
 
 double CFluxControl::Step(double seconds, double emf, double speed, const DriveSettings& settings) {

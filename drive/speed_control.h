@@ -2,9 +2,18 @@
 
 #include "drive/pi_controller.h"
 
+#include <limits>
+
 namespace krt550 {
 
 struct DriveSettings;
+
+/// What a torque demand leaves to the speed controller, relative to rated torque.
+struct TorqueWindow {
+    double low = -std::numeric_limits<double>::infinity();
+    double high = std::numeric_limits<double>::infinity();
+    double added = 0;
+};
 
 /// Speed controller: PI by the symmetrical optimum, with a reference filter that takes the overshoot away. Its output
 /// is torque relative to rated current at full flux.
@@ -15,7 +24,7 @@ public:
     /// `reference` and `speed` in rad/s; `reach` is the relative torque that the currents' limits leave, both ways.
     /// `lag` [s] is what this speed is late beyond the feedback that the controller has been tuned for.
     double Step(double seconds, double reference, double speed, double reachHigh, double reachLow,
-                const DriveSettings& settings, double lag = 0);
+                const DriveSettings& settings, double lag = 0, const TorqueWindow& window = {});
     double GetReferenceUsed() const { return m_reference.GetOutput(); } ///< [rad/s]
 
 private:

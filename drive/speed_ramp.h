@@ -2,6 +2,9 @@
 
 namespace krt550 {
 
+/// Which ramp times count.
+enum class RampSet { First, Second, Jog };
+
 /// Slopes of a speed ramp [rpm/s]; infinite: at once.
 struct RampSlopes {
     double up = 0;   ///< away from standstill

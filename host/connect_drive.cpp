@@ -30,7 +30,8 @@ QString UnknownTo(const DriveName& name) {
     if (!name.motor.isEmpty() && !FindMotorSet(name.motor))
         return QStringLiteral("motor \"%1\"; its motors are: %2").arg(name.motor, MotorSetNames());
     for (const auto& [option, value] : name.options) {
-        if (option != QLatin1String("feedback") && !CMotorOptions::Knows(option))
+        const std::optional<Terminal> terminal = ParseTerminal(option);
+        if (option != QLatin1String("feedback") && !CMotorOptions::Knows(option) && !(terminal && terminal->IsInput()))
             return QStringLiteral("option \"%1\"").arg(option);
         if (option == QLatin1String("feedback") && !FindFeedback(value))
             return QStringLiteral("feedback \"%1\"; there are: encoder, tacho, none").arg(value);
@@ -41,7 +42,7 @@ QString UnknownTo(const DriveName& name) {
 } // namespace
 
 std::unique_ptr<CConnection> ConnectDrive(const QString& text, std::vector<ParameterDescription> parameters,
-                                          const QString& wizardDirectory, QString& error) {
+                                          CMacroTable macros, const QString& wizardDirectory, QString& error) {
     const std::optional<DriveName> name = ParseDriveName(text, error);
     if (!name)
         return nullptr;
@@ -66,6 +67,17 @@ std::unique_ptr<CConnection> ConnectDrive(const QString& text, std::vector<Param
     for (const auto& [option, value] : name->options)
         if (const Feedback* feedback = FindFeedback(value); feedback && option == QLatin1String("feedback"))
             connection->SetFeedback(feedback->device);
+    connection->SetMacros(std::move(macros));
+    for (const auto& [option, value] : name->options) {
+        const std::optional<Terminal> terminal = ParseTerminal(option);
+        const std::optional<double> level = terminal ? ParseTerminalValue(*terminal, value, error) : 0;
+        if (!level) {
+            error = QStringLiteral("drive \"%1\": %2: %3").arg(text, option, error);
+            return nullptr;
+        }
+        if (terminal)
+            connection->SetTerminal(*terminal, *level);
+    }
     for (const QString& fault : name->faults) {
         error = connection->SwitchFault(fault);
         if (!error.isEmpty()) {

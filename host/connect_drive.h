@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drive/macros.h"
 #include "host/connection.h"
 
 #include <QString>
@@ -12,6 +13,6 @@ namespace krt550 {
 /// Connects the drive that `name` stands for (see DriveName). `wizardDirectory` is where the drive's information
 /// leads the wizard to. Null, and the reason in `error`, when there is no such drive.
 std::unique_ptr<CConnection> ConnectDrive(const QString& name, std::vector<ParameterDescription> parameters,
-                                          const QString& wizardDirectory, QString& error);
+                                          CMacroTable macros, const QString& wizardDirectory, QString& error);
 
 } // namespace krt550

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drive/terminals.h"
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter_description.h"
 #include "hostlib/tolvbo32/parameter_link.h"
@@ -26,6 +27,10 @@ public:
     virtual void PokeWord(quint16 reg, quint16 word) = 0;
     /// Switches a fault on, or all of them off: "none". Returns what went wrong, or an empty text.
     virtual QString SwitchFault(const QString& name) = 0;
+    /// Switches an input, or puts a voltage on it. Returns what went wrong, or an empty text.
+    virtual QString SetTerminal(const Terminal& terminal, double value) = 0;
+    /// What lies at a terminal; nothing when nobody can see it, as with any drive that is not simulated.
+    virtual std::optional<double> TerminalValue(const Terminal& terminal) = 0;
 
     /// What the motor itself would have in a register that tells about it, in shown units; nothing when it is not
     /// known, as with any drive that is not simulated.

@@ -18,6 +18,12 @@ public:
     QString DescribeDrive(quint16 reg) override;
     QString CompareWithMotor(quint16 reg, int percent, bool& isNear) override;
     std::optional<QString> MeasureText(quint16 reg) override;
+    QString SetTerminal(const Terminal& terminal, double value) override {
+        return m_connection.SetTerminal(terminal, value);
+    }
+    std::optional<double> TerminalValue(const Terminal& terminal) override {
+        return m_connection.TerminalValue(terminal);
+    }
     QString SwitchFault(const QString& name) override { return m_connection.SwitchFault(name); }
     const QStringList& LogLines() const override;
     void ClearLog() override;

@@ -21,6 +21,7 @@ constexpr OptionDef kOptions[] = {
     {"drive", "NAME", &ToolOptions::drive, "drive to connect: sim (default), sim:MOTOR, sim:MOTOR,OPTION=VALUE,..."},
     {"wizard-dir", "DIR", &ToolOptions::wizardDirectory, "directory of the wizard's text and help files"},
     {"parameters", "FILE", &ToolOptions::parameterFile, "description of the drive's parameters"},
+    {"macros", "FILE", &ToolOptions::macroFile, "the drive's application macros (default: beside its parameters)"},
     {"module", "FILE", &ToolOptions::moduleFile, "the wizard module"},
     {"play", "FILE", &ToolOptions::playFile, "play this script instead of waiting for a person (see below)"},
     {"log", "FILE", &ToolOptions::logFile, "write one line for each drive call; - is standard output"},
@@ -89,7 +90,9 @@ QString HelpText() {
     const QString text = QStringLiteral(
         "\n"
         "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none; fault=NAME, as\n"
-        "often as needed; and what is to be different about the motor:\n%2\n"
+        "often as needed; DI1=on, AI1=5, AI2=12mA and so on for what lies at its terminals from the start; and what is "
+        "to\n"
+        "be different about the motor:\n%2\n"
         "Its faults:\n%3\n"
         "--drive sim:S1,feedback=tacho,fault=missing:3016 is the motor S1 with a tacho and a drive without that\n"
         "parameter, sim:S2,R=3.1,L=0.02,J=0.1,load=10 another motor behind a machine.\n\n"

@@ -13,8 +13,9 @@ struct ToolOptions {
     QString complaint; ///< one line, for Task::Complain
 
     QString drive = QStringLiteral("sim");
-    QString wizardDirectory; ///< these three: empty = beside the program
+    QString wizardDirectory; ///< these two and moduleFile: empty = beside the program
     QString parameterFile;
+    QString macroFile; ///< empty = KRT550.macros beside the parameter file, if there is one
     QString moduleFile;
     QString playFile; ///< empty: a person works
     QString logFile;  ///< empty: none, "-": standard output

@@ -1,5 +1,6 @@
 #include "host/session.h"
 
+#include "drive/macros.h"
 #include "host/call_log.h"
 #include "host/closing.h"
 #include "host/connect_drive.h"
@@ -15,6 +16,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 
 #include <unistd.h>
 
@@ -26,6 +28,14 @@ QString OrBesideProgram(const QString& asked, const char* relativePath) {
     if (!asked.isEmpty())
         return asked;
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(relativePath));
+}
+
+/// The macros that were asked for, or those beside the drive description; none where there is no such file.
+QString MacroFile(const ToolOptions& options) {
+    if (!options.macroFile.isEmpty())
+        return options.macroFile;
+    const QString beside = QFileInfo(options.parameterFile).dir().filePath(QStringLiteral("KRT550.macros"));
+    return QFileInfo::exists(beside) ? beside : QString();
 }
 
 } // namespace
@@ -81,8 +91,14 @@ bool CSession::Connect() {
     auto parameters = ReadDriveDescriptionFile(m_options.parameterFile, errors);
     if (!parameters)
         return Complain(errors.join(QLatin1Char('\n')));
+    std::optional<CMacroTable> macros = CMacroTable();
+    if (const QString file = MacroFile(m_options); !file.isEmpty())
+        macros = ReadMacroFile(file, *parameters, errors);
+    if (!macros)
+        return Complain(errors.join(QLatin1Char('\n')));
     QString error;
-    m_connection = ConnectDrive(m_options.drive, std::move(*parameters), m_options.wizardDirectory, error);
+    m_connection =
+        ConnectDrive(m_options.drive, std::move(*parameters), std::move(*macros), m_options.wizardDirectory, error);
     return m_connection || Complain(error);
 }
 

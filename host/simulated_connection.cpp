@@ -11,6 +11,15 @@ QString CSimulatedConnection::SwitchFault(const QString& name) {
     return error;
 }
 
+QString CSimulatedConnection::SetTerminal(const Terminal& terminal, double value) {
+    return m_drive.GetDrive().SetTerminal(terminal, value) ? QString()
+                                                           : QStringLiteral("an output gives what it gives");
+}
+
+std::optional<double> CSimulatedConnection::TerminalValue(const Terminal& terminal) {
+    return m_drive.GetDrive().GetTerminal(terminal);
+}
+
 std::optional<double> CSimulatedConnection::TrueValue(quint16 reg) {
     return m_drive.GetDrive().GetTrueValue(reg);
 }

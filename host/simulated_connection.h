@@ -11,6 +11,8 @@ public:
     CSimulatedConnection(std::vector<ParameterDescription> parameters, const QString& wizardFile, const MotorSet& motor)
         : m_drive(std::move(parameters), wizardFile, &motor) {}
 
+    /// The wirings that its 99.07 loads.
+    void SetMacros(CMacroTable macros) { m_drive.GetDrive().SetMacros(std::move(macros)); }
     /// What is mounted at the motor's shaft end.
     void SetFeedback(FeedbackDevice device) { m_drive.GetDrive().GetFeedback().device = device; }
 
@@ -20,6 +22,8 @@ public:
     const ParameterDescription* FindParameter(quint16 reg) override { return Registers().FindDescription(reg); }
     quint16 PeekWord(quint16 reg) override { return Registers().GetWord(reg); }
     void PokeWord(quint16 reg, quint16 word) override { Registers().SetWord(reg, word); }
+    QString SetTerminal(const Terminal& terminal, double value) override;
+    std::optional<double> TerminalValue(const Terminal& terminal) override;
     QString SwitchFault(const QString& name) override;
     std::optional<double> TrueValue(quint16 reg) override;
 

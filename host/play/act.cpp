@@ -177,6 +177,8 @@ QString Act(const PlayAction& action, const ActingContext& context) {
         return Shoot(context.shotDirectory, arguments.text);
     case Verb::Drive:
         return context.stage.ChangeDrive(reg, arguments.text);
+    case Verb::Terminal:
+        return context.stage.SetTerminal(arguments.terminal, arguments.value);
     case Verb::Fault:
         return context.stage.SwitchFault(arguments.text);
     case Verb::Show:
@@ -204,6 +206,7 @@ bool LooksPastBoxes(Verb verb) {
     case Verb::Answer:
     case Verb::Shot:
     case Verb::Drive:
+    case Verb::Terminal:
     case Verb::Fault:
     case Verb::Show:
     case Verb::Compare:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "drive/terminals.h"
+
 #include <QString>
 
 #include <vector>
@@ -21,6 +23,7 @@ enum class Verb {
     Expect,
     Shot,
     Drive,
+    Terminal,
     Fault,
     Show,
     Compare,
@@ -47,6 +50,7 @@ enum class ConditionKind {
     Focus,
     Progress,
     Drive,
+    Terminal,
     Log,
     Calls,
     Idle,
@@ -60,9 +64,11 @@ enum class BoxAnswer { Ok, Cancel, Yes, No };
 /// The arguments of a verb or a condition, read and checked.
 struct Arguments {
     int number = 0;          ///< control id, register, page index, layout, count or per cent
-    int percent = 0;         ///< of the verb Compare
+    int percent = 0;         ///< of the verb Compare, or how far an expected number may be away; 0: not at all
     bool byRegister = false; ///< `number` is the register of a parameter row
     double seconds = 0;
+    Terminal terminal;
+    double value = 0; ///< at the terminal: 1 or 0, or volts
     BoxAnswer answer = BoxAnswer::Ok;
     QString text;
     bool hasText = false;

@@ -54,6 +54,19 @@ QString ReadKey(const QString& word, Arguments& arguments) {
     return keys.count() == 1 && keys[0].key() != Qt::Key_unknown ? QString() : Bad("a key", word);
 }
 
+/// Takes all the words: a terminal and what lies there.
+QString ReadTerminal(QStringList words, Arguments& arguments) {
+    const QString name = words.takeFirst();
+    const std::optional<Terminal> terminal = ParseTerminal(name);
+    if (!terminal)
+        return QStringLiteral("\"%1\" is no terminal; there are %2").arg(name, TerminalNames());
+    QString error;
+    const auto value = ParseTerminalValue(*terminal, words.join(QLatin1Char(' ')), error);
+    arguments.terminal = *terminal;
+    arguments.value = value.value_or(0);
+    return error;
+}
+
 QString ReadWord(ArgumentKind kind, const QString& word, Arguments& arguments) {
     switch (kind) {
     case ArgumentKind::Control:
@@ -77,6 +90,7 @@ QString ReadWord(ArgumentKind kind, const QString& word, Arguments& arguments) {
     case ArgumentKind::KeyName:
         return ReadKey(word, arguments);
     case ArgumentKind::None:
+    case ArgumentKind::Terminal:
     case ArgumentKind::Text:
     case ArgumentKind::OptionalText:
         break;
@@ -103,6 +117,8 @@ QString ReadArguments(const std::pair<ArgumentKind, ArgumentKind>& kinds, QStrin
             arguments.text = words.join(QLatin1Char(' '));
             return {};
         }
+        if (kind == ArgumentKind::Terminal)
+            return ReadTerminal(words, arguments);
         if (const QString error = ReadWord(kind, words.takeFirst(), arguments); !error.isEmpty())
             return error;
     }

@@ -9,6 +9,7 @@
 #include <QProgressBar>
 
 #include <algorithm>
+#include <cmath>
 
 namespace krt550 {
 namespace {
@@ -94,10 +95,33 @@ Finding CheckProgress(int least) {
     return finding;
 }
 
+/// `found` is no farther from `expected` than a share of it.
+bool IsWithin(double expected, double found, int percent) {
+    return std::abs(found - expected) <= std::abs(expected) * percent / 100;
+}
+
 Finding CheckDrive(const Arguments& arguments, CPlayStage& stage) {
     const auto reg = static_cast<quint16>(arguments.number);
     const std::optional<QString> text = stage.DriveText(reg);
-    return text ? Compare(arguments.text, *text) : Finding{false, stage.DescribeDrive(reg)};
+    if (!text)
+        return {false, stage.DescribeDrive(reg)};
+    if (arguments.percent == 0)
+        return Compare(arguments.text, *text);
+    bool isNumber = false;
+    bool showsNumber = false;
+    const double expected = arguments.text.toDouble(&isNumber);
+    const double found = text->toDouble(&showsNumber);
+    return {isNumber && showsNumber && IsWithin(expected, found, arguments.percent), Quoted(*text)};
+}
+
+Finding CheckTerminal(const Arguments& arguments, CPlayStage& stage) {
+    const std::optional<double> value = stage.TerminalValue(arguments.terminal);
+    if (!value)
+        return {false, QStringLiteral("a drive whose terminals nobody can see")};
+    constexpr double kShown = 0.005; // what two decimals of a voltage can tell
+    const bool holds =
+        std::abs(*value - arguments.value) <= kShown || IsWithin(arguments.value, *value, arguments.percent);
+    return {holds, TerminalText(arguments.terminal, *value)};
 }
 
 int CountCalls(const QString& words, const QStringList& lines) {
@@ -145,6 +169,8 @@ Finding CheckCondition(const Condition& condition, CPlayStage& stage, const Play
         return CheckProgress(arguments.number);
     case ConditionKind::Drive:
         return CheckDrive(arguments, stage);
+    case ConditionKind::Terminal:
+        return CheckTerminal(arguments, stage);
     case ConditionKind::Log:
     case ConditionKind::Calls:
         return CheckCalls(condition, stage.LogLines());
@@ -163,6 +189,7 @@ bool LooksPastBoxes(ConditionKind kind) {
     case ConditionKind::Box:
     case ConditionKind::Window:
     case ConditionKind::Drive:
+    case ConditionKind::Terminal:
     case ConditionKind::Log:
     case ConditionKind::Calls:
         return true;

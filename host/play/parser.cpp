@@ -14,6 +14,20 @@ QString WithUsage(const QString& error, const char* usage) {
     return error.isEmpty() ? error : QStringLiteral("%1; it goes: %2").arg(error, QLatin1String(usage));
 }
 
+/// Takes a closing "within N %" off the words of a condition that knows numbers.
+QString TakeTolerance(const ConditionDef& def, QStringList& words, int& percent) {
+    const qsizetype at = words.size() - 3;
+    const bool knows = def.kind == ConditionKind::Drive || def.kind == ConditionKind::Terminal;
+    if (!knows || at < 0 || words[at] != QLatin1String("within") || words.last() != QLatin1String("%"))
+        return {};
+    bool ok = false;
+    percent = words[at + 1].toInt(&ok);
+    if (!ok || percent < 1 || percent > 100)
+        return QStringLiteral("\"%1\" is not a number from 1 to 100").arg(words[at + 1]);
+    words = words.first(at);
+    return {};
+}
+
 QString ReadCondition(QStringList words, bool waiting, Condition& condition) {
     condition.negated = words.size() > 1 && words.first() == QLatin1String("no");
     if (condition.negated)
@@ -32,7 +46,10 @@ QString ReadCondition(QStringList words, bool waiting, Condition& condition) {
     if (condition.negated && !def->negatable)
         return QStringLiteral("\"no %1\" is not possible").arg(word);
     condition.kind = def->kind;
-    return WithUsage(ReadArguments(def->arguments, words, condition.arguments), def->usage);
+    QString error = TakeTolerance(*def, words, condition.arguments.percent);
+    if (error.isEmpty())
+        error = ReadArguments(def->arguments, words, condition.arguments);
+    return WithUsage(error, def->usage);
 }
 
 /// Takes a closing "within SECONDS" off the words.
@@ -67,7 +84,10 @@ QString ReadAction(QStringList words, PlayAction& action) {
         words.removeFirst();
     else if (def->verb == Verb::Close && !words.isEmpty())
         return WithUsage(QStringLiteral("\"%1\" is too much").arg(words.join(QLatin1Char(' '))), def->usage);
-    return WithUsage(ReadArguments(def->arguments, words, action.arguments), def->usage);
+    QString error = ReadArguments(def->arguments, words, action.arguments);
+    if (error.isEmpty() && def->verb == Verb::Terminal && !action.arguments.terminal.IsInput())
+        error = QStringLiteral("%1 is an output").arg(words.first());
+    return WithUsage(error, def->usage);
 }
 
 } // namespace

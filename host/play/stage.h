@@ -1,5 +1,7 @@
 #pragma once
 
+#include "drive/terminals.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -22,6 +24,10 @@ public:
     virtual QString CompareWithMotor(quint16 reg, int percent, bool& isNear) = 0;
     /// What somebody measures at the motor itself and would type into a row; nothing when nobody can.
     virtual std::optional<QString> MeasureText(quint16 reg) = 0;
+    /// Switches an input of the drive, or puts a voltage on it. Returns what went wrong, or an empty text.
+    virtual QString SetTerminal(const Terminal& terminal, double value) = 0;
+    /// What lies at a terminal; nothing when nobody can see it.
+    virtual std::optional<double> TerminalValue(const Terminal& terminal) = 0;
     /// Switches a fault of the drive on. Returns what went wrong, or an empty text.
     virtual QString SwitchFault(const QString& name) = 0;
     virtual const QStringList& LogLines() const = 0;

@@ -19,6 +19,7 @@ enum class ArgumentKind {
     Percent,
     Tolerance,
     Seconds,
+    Terminal, ///< with its value, all that is left of the line
     Answer,
     KeyName,
     Text,

@@ -146,6 +146,28 @@ def boxes(wizard):
     return [node.get_name() for node in showing(wizard.window()) if node.get_role() == ROLE.CHECK_BOX]
 
 
+def walk_dialogs(wizard):
+    """The settings behind the overview of the terminals."""
+    page = wizard.title()
+    controls = 0
+    for name in [node.get_name() for node in showing(wizard.window()) if node.get_name().endswith(": edit parameters")]:
+        wizard.press(name)
+        wait_for(lambda: wizard.title() != page, f'the dialog behind "{name}"')
+        controls += check_page(wizard)
+        wizard.press("Cancel")
+        wait_for(lambda: wizard.title() == page, f'the page behind the dialog of "{name}"')
+    return controls
+
+
+def walk_views(wizard):
+    """The page again with what its basic view hides."""
+    if not wizard.find(ROLE.PUSH_BUTTON, "Advanced"):
+        return 0
+    wizard.press("Advanced")
+    wait_for(lambda: wizard.find(ROLE.PUSH_BUTTON, "Basic"), "the advanced view")
+    return check_page(wizard)
+
+
 def walk_all_pages(wizard):
     wizard.press("Advanced")
     wait_for(lambda: len(boxes(wizard)) == PAGES, f"{PAGES} pages on offer")
@@ -158,7 +180,7 @@ def walk_all_pages(wizard):
     wait_for(lambda: wizard.title() != start_page, "the first page")
     for page in range(PAGES):
         title = wizard.title()
-        controls += check_page(wizard)
+        controls += check_page(wizard) + walk_dialogs(wizard) + walk_views(wizard)
         for tab in [node.get_name() for node in showing(wizard.window()) if node.get_role() == ROLE.PAGE_TAB]:
             wizard.act(ROLE.PAGE_TAB, tab)
             wait_for(lambda: has(wizard.find(ROLE.PAGE_TAB, tab), STATE.FOCUSED), f'tab "{tab}"')

@@ -4,8 +4,11 @@
 #include "tests/shell/wizard_fixture.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/resources/control_ids.h"
+#include "wizard/resources/digital_terminals.h"
+#include "wizard/resources/terminal_overview.h"
 
 #include <QApplication>
+#include <QListWidget>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -114,9 +117,96 @@ void TurnByHand() {
     PressIfThere(kNext);
 }
 
+/// Loads another macro.
+void ChooseMacro() {
+    PressIfThere(164);
+    PressIfThere(kNext);
+    if (Robot::Find(ValueId(9908)) && Robot::IsEnabled(ValueId(9908)))
+        Robot::Choose(ValueId(9908), "Jogging");
+    PressIfThere(kApply);
+    PressIfThere(kNext);
+}
+
+/// Does something in a window as soon as it is in front; gives up when there is no window any more.
+void WhenInFront(int layout, const std::function<void()>& act) {
+    if (Robot::Layout() == layout)
+        act();
+    else if (Robot::Front())
+        QTimer::singleShot(1, qApp, [=] { WhenInFront(layout, act); });
+}
+
+/// Presses what opens a dialog; what is done there happens before this is over.
+void PressAndWhenInFront(int id, int layout, const std::function<void()>& act) {
+    const QWidget* control = Robot::Find(id);
+    if (!control || !control->isEnabled())
+        return;
+    QTimer::singleShot(1, qApp, [=] { WhenInFront(layout, act); });
+    Robot::Press(id);
+}
+
+/// Ticks these functions, and no others.
+void Pick(const QStringList& names) {
+    if (auto* list = qobject_cast<QListWidget*>(Robot::Find(kIdConnectionList)))
+        for (int item = 0; item < list->count(); ++item)
+            if (list->item(item)->flags().testFlag(Qt::ItemIsUserCheckable))
+                list->item(item)->setCheckState(names.contains(list->item(item)->text()) ? Qt::Checked : Qt::Unchecked);
+    PressIfThere(kIdCloseDialog);
+}
+
+void OpenTerminals(TerminalKind kind, int layout, const std::function<void()>& act) {
+    if (!Robot::Find(171))
+        PressIfThere(kView);
+    PressIfThere(171);
+    PressIfThere(kNext);
+    PressAndWhenInFront(EditParametersId(kind), layout, [act] {
+        act();
+        PressIfThere(kApply);
+        PressIfThere(kIdCloseDialog);
+    });
+    PressIfThere(kNext);
+}
+
+void EditDigital() {
+    OpenTerminals(TerminalKind::DigitalInput, 141, [] {
+        PressAndWhenInFront(DigitalId(DigitalGroup::Inputs, 1, kDigitalEdit), 142, [] { Pick({"Run"}); });
+        PressIfThere(DigitalId(DigitalGroup::Inputs, 2, kDigitalInvert));
+        const int choice = DigitalId(DigitalGroup::Outputs, 1, kDigitalChoice);
+        if (Robot::Find(choice) && Robot::IsEnabled(choice))
+            Robot::Choose(choice, "801, 2 Running");
+    });
+}
+
+void EditAnalogueInputs() {
+    OpenTerminals(TerminalKind::AnalogueInput, 59,
+                  [] { PressAndWhenInFront(ChannelId(1, kChannelEdit), 143, [] { Pick({"Torque"}); }); });
+}
+
+void EditAnalogueOutputs() {
+    OpenTerminals(TerminalKind::AnalogueOutput, 140, [] {
+        const int choice = ChannelId(1, kChannelChoice);
+        if (Robot::Find(choice) && Robot::IsEnabled(choice))
+            Robot::Choose(choice, "104 Speed");
+    });
+}
+
 const Procedure kProcedures[] = {
-    {"ApplyProtections", [] { ApplySpecial(173, {ValueId(3013), ValueId(2014)}); }, 0, 1, 0, true},
-    {"Apply12Pulse", [] { ApplySpecial(178, {ValueId(9401), ValueId(4702)}); }, 0, 1, 0, true},
+    {.name = "Macro", .act = ChooseMacro, .step = 2, .connects = {{9908, 1}}},
+    {.name = "Digital",
+     .act = EditDigital,
+     .step = 0,
+     .connects = {{1005, 0}, {1006, 1}, {1026, 1}, {1401, 801}, {1402, 2}}},
+    {.name = "AnalogueInputs", .act = EditAnalogueInputs, .step = 0, .connects = {{1101, 0}, {2503, 1}}},
+    {.name = "AnalogueOutputs", .act = EditAnalogueOutputs, .step = 0, .connects = {{1501, 104}}},
+    {"ApplyProtections",
+     [] {
+         ApplySpecial(173, {ValueId(3013), ValueId(2014)});
+     },
+     0, 1, 0, true},
+    {"Apply12Pulse",
+     [] {
+         ApplySpecial(178, {ValueId(9401), ValueId(4702)});
+     },
+     0, 1, 0, true},
     {"ApplyEStop", [] { ApplySpecial(174, {733}); }, 0},
     {"ApplyFieldExciter", [] { ApplySpecial(176, {192}); }, 0},
     {"ApplyConfigurable", [] { ApplySpecial(180, {ConfigurableValueId(1)}); }, 0},

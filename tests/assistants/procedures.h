@@ -3,6 +3,8 @@
 #include <QtGlobal>
 
 #include <span>
+#include <utility>
+#include <vector>
 
 namespace krt550 {
 
@@ -15,8 +17,15 @@ struct Procedure {
     quint16 feedback = 1; ///< that the drive finds
     int endOfTuning = 0;  ///< button that ends a tacho's fine tuning
     bool hasTabs = false;
-    bool fails = false; ///< the drive finds a reason against it
+    bool fails = false;                                     ///< the drive finds a reason against it
+    std::vector<std::pair<quint16, quint16>> connects = {}; ///< registers and what the person puts there
 };
+
+/// Texts of the terminals' connections for the procedures.
+inline constexpr const char* kConnectionTexts =
+    "DI\t1005\t1\t2\t3\t4\t5\t6\t7\t8\t0\tOn\nDI\t1006\t1\t2\t3\t4\t5\t6\t7\t8\t0\tRun\n"
+    "AI\t1101\t201\t1\t2\t3\t4\t0\tReference\nAI\t2503\t208\t1\t2\t3\t4\t0\tTorque\n"
+    "DO\t801\t2\tRunning\nAO\t104\tSpeed\nMACRODEPPAR\t1\t1101\t2201\n";
 
 std::span<const Procedure> AllProcedures();
 

@@ -18,6 +18,10 @@ public:
     void Confirm() { m_confirmed = true; }
     /// A message box came up.
     void SeeBox(const QString& text);
+    /// From now on a connection of a terminal may become what the person wants of it, and nothing else.
+    void HoldConnections(const std::vector<std::pair<quint16, quint16>>& wanted);
+    /// 99.08 names the macro whose connections the drive has.
+    bool IsNamedMacroLoaded() const { return words.at(9908) == m_loadedMacro; }
     /// What is left behind: motor, contactor, service mode, local control.
     QStringList Remains() const;
 
@@ -29,15 +33,19 @@ protected:
 
 private:
     void Judge(const QString& call);
+    void JudgeConnections(const QString& call);
 
     bool m_endAsked = false;
     bool m_confirmed = false;
     bool m_turning = false;
-    bool m_closed = false; ///< the contactor
-    int m_looksLeft = -1;  ///< until the motor stands, once it was told to stop
+    bool m_closed = false;                              ///< the contactor
+    std::map<quint16, std::set<quint16>> m_connections; ///< what each may be
+    quint16 m_loadedMacro = 0;
+    int m_looksLeft = -1; ///< until the motor stands, once it was told to stop
 };
 
-/// Answers every message box with OK after a while, tells the drive of it and remembers the texts, those of notices too.
+/// Answers every message box with OK after a while, tells the drive of it and remembers the texts, those of notices
+/// too.
 class BoxClerk : public QObject {
 public:
     explicit BoxClerk(WatchedDrive& drive);

@@ -1,6 +1,6 @@
-// Every procedure with something in its way at every call to the host: the n-th call fails, or somebody wants out at it.
-// n runs from 1 until a run does not come to it. A watch judges every call and every box, what a procedure leaves behind
-// is judged when it ends, and again when the wizard has closed. One case alone:
+// Every procedure with something in its way at every call to the host: the n-th call fails, or somebody wants out at
+// it. n runs from 1 until a run does not come to it. A watch judges every call and every box, what a procedure leaves
+// behind is judged when it ends, and again when the wizard has closed. One case alone:
 //   KRT550_FAULT_CASE=n test_fault_matrix --gtest_filter=<the test that failed>
 // KRT550_FAULT_STRIDE=k takes every k-th call only.
 #include "tests/assistants/procedures.h"
@@ -10,6 +10,7 @@
 
 #include "hostlib/tolvbo32/clock.h"
 #include "wizard/motor/make_safe.h"
+#include "wizard/resources/control_ids.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -24,7 +25,7 @@ namespace {
 /// What happens at the n-th call.
 struct Disturbance {
     const char* name;
-    int fails = 0;          ///< so many calls, from the n-th on; negative: all
+    int fails = 0;           ///< so many calls, from the n-th on; negative: all
     void (*act)() = nullptr; ///< what a person does
     bool isEnd = false;      ///< and wants to be out
     bool atBox = false;      ///< not at the call, but at the message box that the failure brings
@@ -36,6 +37,10 @@ struct Disturbance {
 void Click(int id) {
     if (auto* button = qobject_cast<QPushButton*>(Robot::Find(id)))
         button->click();
+}
+
+void PressCancel() {
+    Click(Robot::Find(kCancel) ? kCancel : kIdCancelDialog);
 }
 
 void PressEscape() {
@@ -50,8 +55,8 @@ const Disturbance kDisturbances[] = {
     {"FailsFromThenOn", -1},
     {"Gap", 4},
     {"FailsOnceAndNobodyAnswers", 1, nullptr, false, false, 10000},
-    {"Cancel", 0, [] { Click(kCancel); }, true},
-    {"CancelAndRefused", 2, [] { Click(kCancel); }, true},
+    {"Cancel", 0, PressCancel, true},
+    {"CancelAndRefused", 2, PressCancel, true},
     {"Close", 0, Robot::CloseWindow, true},
     {"Escape", 0, PressEscape, true},
     {"ApplicationEnds", 0, EndApplication, true, false, 0, false, true},
@@ -84,11 +89,13 @@ class FaultMatrix : public testing::TestWithParam<Case> {
 protected:
     FaultMatrix() {
         // With update periods, so that passes become due in the middle of everything.
-        static const WizardFiles files("SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\nUPDATE\t1\t150\nUPDATE\t3\t150\n"
-                                       "UPDATE\t4\t150\nUPDATE\t5\t150\nUPDATE\t6\t150\nUPDATE\t7\t150\n"
-                                 "UPDATE\t9\t150\nUPDATE\t10\t150\nUPDATE\t12\t150\nUPDATE\t14\t150\nUPDATE\t16\t150\n"
-                                 "ENABLESTART\t12\t9912\t0,1\n",
-                                 "NAME\tPage\nCAP\t1\t2201\t5\t\t\tHelp\nCAP\t2\t2202\nCAP\t21\t2104\t1\n");
+        static const WizardFiles files(
+            QByteArray(kConnectionTexts) +
+                "SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\nUPDATE\t1\t150\nUPDATE\t2\t150\n"
+                "UPDATE\t3\t150\nUPDATE\t4\t150\nUPDATE\t5\t150\nUPDATE\t6\t150\nUPDATE\t7\t150\n"
+                "UPDATE\t8\t150\nUPDATE\t9\t150\nUPDATE\t10\t150\nUPDATE\t12\t150\nUPDATE\t14\t150\n"
+                "UPDATE\t16\t150\nUPDATE\t101\t150\nUPDATE\t102\t150\nENABLESTART\t12\t9912\t0,1\n",
+            "NAME\tPage\nCAP\t1\t2201\t5\t\t\tHelp\nCAP\t2\t2202\nCAP\t21\t2104\t1\n");
         m_wizardPath = files.WizardPath();
         EnsureStepStates();
     }
@@ -121,6 +128,7 @@ void FaultMatrix::PrepareDrive(WatchedDrive& drive) const {
     };
     if (GetProcedure().fails)
         drive.outcome = 7;
+    drive.HoldConnections(GetProcedure().connects);
 }
 
 void FaultMatrix::Disturb(WatchedDrive& drive, int boxesSoFar) {
@@ -186,6 +194,13 @@ bool FaultMatrix::RunCase(int n) {
     EXPECT_EQ(Robot::Front(), nullptr) << "a window was left";
     EXPECT_EQ(drive.violations.join("; ").toStdString(), "");
     CheckRemains(drive, "when the wizard had closed");
+    if (m_disturbedCall.isEmpty())
+        for (const auto& [reg, word] : GetProcedure().connects)
+            EXPECT_EQ(drive.words[reg], word) << "what the person wants of " << reg;
+    // More than one failure may take the way back as well.
+    if (GetDisturbance().fails == 0 || GetDisturbance().fails == 1) {
+        EXPECT_TRUE(drive.IsNamedMacroLoaded());
+    }
     CheckReport(clerk);
     if (HasFailure())
         std::printf("    repeat with: KRT550_FAULT_CASE=%d, disturbed call: %s, boxes: %s\n", n,

@@ -50,7 +50,7 @@ public:
     std::function<void(int look)> onLook;
 
     static std::vector<ParameterDescription> Parameters() {
-        std::vector<ParameterDescription> parameters;
+        std::vector<ParameterDescription> parameters = TerminalParameters();
         for (const int reg : {9902, 9903, 9904, 9911, 2001, 2002, 2005, 2006, 2012, 2013, 3012, 4306,
                               4307, 4308, 4309, 4310, 4402, 4403, 4502, 9408, 4409, 4410, 4412, 4413,
                               4414, 406,  801,  424,  2003, 2201, 2202, 2306, 2311, 2403, 2409, 5006})

@@ -42,7 +42,7 @@ TEST(SixPulseConverter, MeanVoltageMeetsBothRegionsAtTheLimit) {
         converter.SetSupply(c.lines, 50);
         EXPECT_NEAR(converter.GetIdealVoltage(), 1.3505 * c.lines, 0.001 * c.lines);
         EXPECT_NEAR(converter.DiscontinuousLimit(0, c.inductance), c.limit, 0.015 * c.limit) << c.lines;
-        for (const double alpha : {20.0, 60.0, 90.0, 120.0, 140.0}) {
+        for (const double alpha : {20.0, 31.0, 60.0, 90.0, 120.0, 140.0, 164.0}) {
             const double cosine = std::cos(alpha * kDegree);
             const double limit = converter.DiscontinuousLimit(cosine, c.inductance);
             const double above = converter.MeanVoltage(cosine, limit * 1.001, c.inductance).voltage;
@@ -55,6 +55,12 @@ TEST(SixPulseConverter, MeanVoltageMeetsBothRegionsAtTheLimit) {
                 EXPECT_LE(given.voltage, former + 1e-3) << "more current, less voltage";
                 EXPECT_FALSE(given.continuous);
                 former = given.voltage;
+                // The textbook's own pulse against that voltage carries that current.
+                const double exact = PulseOf(alpha * kDegree, given.voltage / converter.GetPeak()).current *
+                                     converter.GetPeak() / converter.GetAngularFrequency() / c.inductance;
+                if (alpha >= 30) {
+                    EXPECT_NEAR(exact, share * limit, 5e-4 * limit) << alpha;
+                }
             }
         }
     }

@@ -176,7 +176,7 @@ TEST(CommanderLost, StopsTripsOrGoesOnAsChosen) {
         void (CCommandSupervision::*lose)(bool lost);
         quint16 reaction, time, code;
     } commanders[] = {
-        {0, &CCommandSupervision::SetBusLost, reg::kBusLossReaction, reg::kBusSupervision, kFaultFieldbus},
+        {1, &CCommandSupervision::SetBusLost, reg::kBusLossReaction, reg::kBusSupervision, kFaultFieldbus},
         {2, &CCommandSupervision::SetLinkLost, reg::kLinkLossReaction, reg::kLinkSupervision, kFaultLink},
     };
     for (const auto& c : commanders) {
@@ -184,6 +184,7 @@ TEST(CommanderLost, StopsTripsOrGoesOnAsChosen) {
             WholeDrive drive("S2");
             drive.KnowArmature();
             drive.SetValue(reg::kCommandSource, c.source);
+            drive.SetValue(reg::kReference1Source, 5); // the fieldbus
             drive.SetValue(reg::kRampUp, 3);
             drive.SetValue(c.reaction, reaction);
             drive.SetValue(c.time, 500);

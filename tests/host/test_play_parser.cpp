@@ -59,6 +59,11 @@ TEST(PlayParser, SaysWhatIsWrongWithALine) {
         {"expect no title x", "\"no title\" is not possible"},
         {"expect text next", "something is missing"},
         {"clear screen", "only the log"},
+        {"terminal DI9 on", "\"DI9\" is no terminal; there are DI1 to DI8"},
+        {"terminal DI1 up", "\"up\" is neither on nor off"},
+        {"terminal AI1", "\"\" is no voltage"},
+        {"terminal DO1 on", "DO1 is an output; it goes: terminal"},
+        {"expect terminal AO1 5 V within 0 %", "\"0\" is not a number from 1 to 100"},
         {"close it", "\"it\" is too much"},
         {"say \"open", "a quotation mark has no partner"},
     };

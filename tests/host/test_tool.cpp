@@ -22,6 +22,10 @@ TEST(Tool, RefusesWrongOptionsAndFilesInOneLine) {
         {"--drive sim,colour=red", "colour"},
         {"--drive sim,fault=moon", "moon"},
         {"--drive sim,R=9000", "option R: \"9000\" is not a number from 0.0005 to 60 Ohm"},
+        {"--drive sim,DI8=up", "DI8: \"up\" is neither on nor off"},
+        {"--drive sim,DO1=on", "no option \"DO1\""},
+        {"--macros ~/none", "/none"},
+        {"--macros ~/bad.macros", "bad.macros:1: "},
         {"--drive sim,J=heavy", "option J: \"heavy\" is not a number"},
         {"--wizard-dir ~/none", "/none"},
         {"--parameters ~/none", "/none"},
@@ -36,6 +40,7 @@ TEST(Tool, RefusesWrongOptionsAndFilesInOneLine) {
     for (const auto& c : cases) {
         ToolRun tool;
         tool.Write(QStringLiteral("bad.parameters"), QStringLiteral("nonsense\n"));
+        tool.Write(QStringLiteral("bad.macros"), QStringLiteral("nonsense\n"));
         tool.Write(QStringLiteral("bad.play"), QStringLiteral("start\npress sideways\n"));
         tool.Write(QStringLiteral("good.play"), QStringLiteral("start\n"));
         EXPECT_EQ(tool.Run(QLatin1String(c.arguments)), 2) << c.arguments;

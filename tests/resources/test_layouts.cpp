@@ -8,6 +8,7 @@
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/module_resources.h"
 #include "wizard/resources/page_rows.h"
+#include "wizard/resources/terminal_overview.h"
 #include "wizard/texts/wizard_directory.h"
 #include "wizard/texts/wizard_text_store.h"
 
@@ -31,8 +32,9 @@
 namespace krt550 {
 namespace {
 
-constexpr int kLayouts[] = {100, 101, 103, 104, 107, 110, 111, 112, 122,   133,   134,   135,   136,   137,
-                            138, 139, 144, 145, 146, 147, 149, 150, 10000, 10056, 10057, 10058, 10062, 10063};
+constexpr int kLayouts[] = {59,  100, 101, 103, 104, 107,   110,   111,   112,   122,   133,
+                            134, 135, 136, 137, 138, 139,   140,   141,   142,   143,   144,
+                            145, 146, 147, 149, 150, 10000, 10056, 10057, 10058, 10062, 10063};
 
 class CLayoutWindow : public CWindow {
 public:
@@ -77,7 +79,10 @@ const std::map<quint16, QString>& DriveNames() {
 }
 
 /// What a row shows as the name of its parameter.
-QString ShownName(quint16 reg) {
+QString ShownName(const RowDef& row) {
+    if (*row.caption)
+        return QString::fromLatin1(row.caption);
+    const quint16 reg = row.reg;
     const QString own = CWizardTextStore::Instance().GetParameterName(reg);
     const auto name = DriveNames().find(reg);
     return !own.isEmpty() || name == DriveNames().end() ? own : name->second;
@@ -99,13 +104,52 @@ std::vector<LayoutRow> RowsOf(int layout) {
     return rows;
 }
 
+/// Registers of the rows that depend on the macro.
+QStringList DependentRegisters() {
+    QStringList all, registers;
+    for (quint16 macro = 0; macro < 20; ++macro)
+        if (CWizardTextStore::Instance().GetMacroDependentRegisters(macro, registers))
+            all += registers;
+    return all;
+}
+
+void ShowLongest(QWidget* control, const QStringList& texts) {
+    if (control)
+        SetControlText(control, *std::ranges::max_element(texts, {}, [control](const QString& text) {
+                           return control->fontMetrics().horizontalAdvance(text);
+                       }));
+}
+
+/// Shows the longest names that the terminals can have.
+void NameTerminals(CWindow& window) {
+    CWizardTextStore& texts = CWizardTextStore::Instance();
+    QStringList names[] = {{}, texts.GetDOList().texts, {}, texts.GetAOList().texts};
+    for (const auto& [kind, table] : {std::pair{TerminalKind::DigitalInput, &texts.GetDIConnections()},
+                                      {TerminalKind::AnalogueInput, &texts.GetAIConnections()}})
+        for (const quint16 selector : table->Selectors())
+            for (const int entry : table->EntriesOf(selector))
+                names[int(kind)].append((*table)[entry].name);
+    for (const TerminalKind kind : kTerminalKinds)
+        for (int number = 1; number <= TerminalCount(kind); ++number)
+            ShowLongest(window.GetDlgItem(ConnectionTextId(kind, number)), names[int(kind)]);
+}
+
 /// Fills the labels of the rows as a load does.
 void NameRows(CWindow& window) {
     SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
-    for (const auto& [layout, row] : RowsOf(window.GetLayoutNumber()))
-        SetControlText(window.GetDlgItem(IdsOf(row).label),
-                       row.reg == 0 ? QStringLiteral("2201 Acceleration time") // what stands in a text file
-                                    : (row.numbered ? QString::number(row.reg) + ' ' : QString()) + ShownName(row.reg));
+    for (const auto& [layout, row] : RowsOf(window.GetLayoutNumber())) {
+        QStringList texts;
+        if (row.reg == 0 && layout != kMacroRows.layout) // what stands in a text file
+            texts.append(QStringLiteral("2201 Acceleration time"));
+        else
+            for (const QString& reg : row.reg == 0 ? DependentRegisters() : QStringList(QString::number(row.reg))) {
+                RowDef shown = row;
+                shown.reg = reg.toUShort();
+                texts.append((row.numbered ? reg + ' ' : QString()) + ShownName(shown));
+            }
+        ShowLongest(window.GetDlgItem(IdsOf(row).label), texts);
+    }
+    NameTerminals(window);
 }
 
 /// Whether a screen reader has to call a control something; one that a page makes itself is named there.
@@ -122,6 +166,19 @@ QString NameOf(QWidget& control) {
 
 bool IsDigit(const QWidget* control) {
     return std::ranges::find(kStepIconIds, control->objectName().toInt()) != std::end(kStepIconIds);
+}
+
+/// Parts of one row of which the program shows either the drop-down or all the others.
+bool AreOfOneRow(const CWindow& window, const QWidget* one, const QWidget* other) {
+    return std::ranges::any_of(RowsOf(window.GetLayoutNumber()), [&](const LayoutRow& row) {
+        const RowIds ids = IdsOf(row.row);
+        const QWidget* list = ids.list != 0 ? window.GetDlgItem(ids.list) : nullptr;
+        const auto isPart = [&](const QWidget* control) {
+            return std::ranges::any_of(std::initializer_list<int>{ids.value, ids.unit, ids.minimum, ids.maximum},
+                                       [&](int id) { return window.GetDlgItem(id) == control; });
+        };
+        return list && ((one == list && isPart(other)) || (other == list && isPart(one)));
+    });
 }
 
 class Layouts : public testing::TestWithParam<int> {
@@ -155,7 +212,12 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
                 const bool framed = qobject_cast<const QGroupBox*>(control) || qobject_cast<const QGroupBox*>(other);
                 // The digits' fields touch; the digits in them are smaller.
                 const bool digits = IsDigit(control) && IsDigit(other);
-                if (other < control && !framed && !digits) {
+                // A drop-down and the edits in its place.
+                const bool views = qobject_cast<const QLineEdit*>(control) && qobject_cast<const QComboBox*>(other);
+                const bool viewsOther =
+                    qobject_cast<const QComboBox*>(control) && qobject_cast<const QLineEdit*>(other);
+                if (other < control && !framed && !digits && !views && !viewsOther &&
+                    !AreOfOneRow(window, control, other)) {
                     EXPECT_FALSE(control->geometry().intersects(other->geometry()))
                         << name << " and " << other->objectName().toStdString();
                 }
@@ -228,6 +290,9 @@ TEST_P(Layouts, HasNoRowThatNoTableBinds) {
     std::set<int> bound;
     for (const auto& [layout, row] : RowsOf(GetParam()))
         bound.insert(row.reg);
+    for (const PageRows* table : kAllPageRows)
+        if (table->layout == GetParam())
+            bound.insert(table->others.begin(), table->others.end());
     const auto description = m_resources.GetLayout(GetParam());
     ASSERT_TRUE(description);
     for (const ControlLayout& control : description->controls) {
@@ -240,12 +305,14 @@ TEST_P(Layouts, HasNoRowThatNoTableBinds) {
 // The drive description is the home of a parameter's name, the text file that of its tool tip.
 TEST_F(Layouts, EveryRowHasItsTextsOnce) {
     SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
+    for (const QString& reg : DependentRegisters())
+        EXPECT_NE(CWizardTextStore::Instance().GetToolTip(reg.toUShort()), "") << reg.toStdString();
     for (const auto& [layout, row] : RowsOf(0)) {
         if (row.reg == 0) // from a text file
             continue;
         EXPECT_TRUE(DriveNames().contains(row.reg)) << row.reg;
         EXPECT_NE(CWizardTextStore::Instance().GetToolTip(row.reg), "") << row.reg;
-        EXPECT_TRUE(!*row.label || row.label == ShownName(row.reg)) << row.label << " in " << layout;
+        EXPECT_TRUE(!*row.label || row.label == ShownName(row)) << row.label << " in " << layout;
     }
     QFile file(QStringLiteral(KRT550_SOURCE_DIR "/data/Wzkrt550.txt"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -270,8 +337,9 @@ TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 1.0).size(), size) << picture;
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 2.0).deviceIndependentSize(), QSizeF(size)) << picture;
     }
-    for (const int picture : {10012, 10028, 10029, 10049, 10050, 10051, 10020, 10021, 10022, 10023, 10024, 10025, 10026,
-                              10031, 10032, 10034, 10046, 10047})
+    for (const int picture :
+         {10012, 10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022, 10023, 10024, 10025, 10026, 10028,
+          10029, 10031, 10032, 10034, 10035, 10036, 10037, 10038, 10039, 10046, 10047, 10049, 10050, 10051})
         EXPECT_FALSE(m_resources.GetPicture(picture, {}, 1.0).isNull()) << picture;
     EXPECT_TRUE(m_resources.GetPicture(1, {}, 1.0).isNull());
 }

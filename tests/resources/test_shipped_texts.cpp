@@ -51,6 +51,48 @@ QStringList FindFaults(const QString& file, const QStringList& lines, const Name
     return faults;
 }
 
+/// The text that a parameter has for a raw word; what the word is itself when it has none.
+QString ValueTextOf(const ParameterDescription& parameter, const QString& word) {
+    for (const auto& [value, text] : parameter.values)
+        if (QString::number(value) == word)
+            return text;
+    return word;
+}
+
+/// What is wrong with the connections of terminals: a DI or AI line's values must select in the drive what its columns
+/// say, none of its names may stand twice, and a signal to send bears the name of its register.
+QStringList FindWrongConnections(const QStringList& lines, const QMap<int, ParameterDescription>& parameters) {
+    QStringList faults;
+    QSet<QString> seen;
+    for (const QString& line : lines) {
+        const QStringList fields = line.split(u'\t');
+        const int inputs = fields[0] == QLatin1String("DI") ? 8 : fields[0] == QLatin1String("AI") ? 4 : 0;
+        const int first = inputs == 4 ? 3 : 2;
+        const ParameterDescription parameter = parameters.value(fields.value(1).toInt());
+        for (int input = 1; input <= inputs; ++input) {
+            const QString word = fields.value(first + input - 1);
+            const QString terminal = fields[0] + QString::number(input);
+            if (!word.isEmpty() && !ValueTextOf(parameter, word).endsWith(terminal))
+                faults.append(QStringLiteral("%1 does not select %2").arg(line, terminal));
+        }
+        static const QSet<QString> none = {QStringLiteral("Not connected"), QStringLiteral("Zero"),
+                                           QStringLiteral("Fixed limits"), QStringLiteral("Torque reference"),
+                                           QStringLiteral("Not used")};
+        if (inputs > 0 && !none.contains(ValueTextOf(parameter, fields.value(first + inputs))))
+            faults.append(QStringLiteral("%1 does not disconnect").arg(line));
+        const bool isSignal = fields[0] == QLatin1String("AO") && fields.value(1) != QLatin1String("0");
+        if (isSignal && parameter.name != fields.value(2))
+            faults.append(QStringLiteral("%1 is named %2").arg(line, parameter.name));
+        if (inputs == 0 && !isSignal && fields[0] != QLatin1String("DO"))
+            continue;
+        const QString name = fields[0] + fields.last();
+        if (seen.contains(name))
+            faults.append(QStringLiteral("%1: a second one of this name").arg(line));
+        seen.insert(name);
+    }
+    return faults;
+}
+
 QStringList LinesOf(const char* path) {
     QFile file(QString::fromUtf8(path));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n') : QStringList();
@@ -94,6 +136,13 @@ TEST(ShippedTexts, NameWhatExistsAndRepeatNothing) {
             faults.append(QStringLiteral("layout %1: there is no %2").arg(row.value()).arg(row.key()));
     }
     EXPECT_EQ(faults.join(u'\n').toStdString(), "");
+
+    QMap<int, ParameterDescription> parameters;
+    for (const ParameterDescription& parameter : *description)
+        parameters[parameter.reg] = parameter;
+    EXPECT_EQ(
+        FindWrongConnections(LinesOf(KRT550_SOURCE_DIR "/data/Wzkrt550.txt"), parameters).join(u'\n').toStdString(),
+        "");
 }
 
 TEST(ShippedTexts, FaultsAreToldWithFileAndLine) {

@@ -123,6 +123,29 @@ std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& m
     return parameters;
 }
 
+std::vector<ParameterDescription> TerminalParameters() {
+    std::vector<ParameterDescription> parameters = {
+        List(9908, "Application macro", {{0, "Standard"}, {1, "Jogging"}, {2, "Fieldbus"}}),
+        List(9907, "Application restore", {{0, "Done"}, {1, "Load"}}),
+    };
+    const auto add = [&parameters](int reg, double minimum, double maximum) {
+        parameters.push_back(
+            Number(static_cast<quint16>(reg), QStringLiteral("Parameter %1").arg(reg), 0, minimum, maximum));
+    };
+    for (const int reg : {201, 208, 229, 503, 504, 505, 506, 511, 512, 805, 806, 1005, 1006, 1101, 2503})
+        add(reg, 0, 0);
+    for (int reg = 1025; reg <= 1032; ++reg)
+        parameters.push_back(
+            List(static_cast<quint16>(reg), QStringLiteral("Invert %1").arg(reg), {{0, "Direct"}, {1, "Inverted"}}));
+    for (int reg = 1301; reg <= 1316; ++reg)
+        add(reg, -10000, 10000);
+    for (int reg = 1401; reg <= 1416; ++reg)
+        add(reg, -9999, 9999);
+    for (const int reg : {1501, 1503, 1504, 1505, 1506, 1508, 1509, 1510})
+        add(reg, 0, 9999);
+    return parameters;
+}
+
 void AddRowsOfAllPages(std::vector<ParameterDescription>& parameters) {
     const auto add = [&parameters](quint16 reg, bool list) {
         if (reg == 0 || std::ranges::find(parameters, reg, &ParameterDescription::reg) != parameters.end())
@@ -140,6 +163,7 @@ void AddRowsOfAllPages(std::vector<ParameterDescription>& parameters) {
 
 std::vector<ParameterDescription> WizardParameters() {
     std::vector<ParameterDescription> parameters = NamePlateParameters();
+    std::ranges::move(TerminalParameters(), std::back_inserter(parameters));
     parameters.push_back(Number(9906, "Service mode", 0, 0, 14));
     parameters.push_back(Number(424, "Progress", 0, 0, 100));
     parameters.push_back(Number(911, "Diagnosis", 0, 0, 100));

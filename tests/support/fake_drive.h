@@ -98,6 +98,9 @@ ParameterDescription List(quint16 reg, const QString& name, std::vector<std::pai
 /// The ten parameters of the name plate page, without the ones in `missing`.
 std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& missing = {});
 
+/// What the overview of the terminals and the dialogs behind it ask for, and the macro.
+std::vector<ParameterDescription> TerminalParameters();
+
 /// Adds what the rows of all pages show, and what the pages ask for besides, as far as it is not there.
 void AddRowsOfAllPages(std::vector<ParameterDescription>& parameters);
 

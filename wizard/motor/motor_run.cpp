@@ -5,6 +5,7 @@
 #include "hostlib/tolvbo32/parameter_group.h"
 #include "wizard/motor/make_safe.h"
 #include "wizard/motor/motor_state.h"
+#include "wizard/motor/standstill.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/message_queue.h"
 #include "wizard/platform/modal_frame.h"
@@ -13,18 +14,6 @@
 #include <utility>
 
 namespace krt550 {
-namespace {
-
-/// Bits of 8.01 that deny a start: the drive is ready to run, or runs, on another source's command.
-constexpr quint16 kStartDeniedBits = 2 | 4;
-
-bool IsDeniedByStatus(CHostDrive& drive) {
-    CParameterGroup* root = GetParameterRoot(&drive);
-    CParameter* status = root ? root->FindChildByRegister(QStringLiteral("801")) : nullptr;
-    return status && ReadParameter(status) && (status->GetValue() & kStartDeniedBits) != 0;
-}
-
-} // namespace
 
 CMotorRun::CMotorRun(CHostDrive& drive, CParameter* serviceMode)
     : m_drive(drive), m_serviceMode(serviceMode), m_aborted(GetMotorState().run != nullptr || IsMotorUnderControl()) {
@@ -55,7 +44,7 @@ bool CMotorRun::IsPermitted() {
     if (!IsWanted())
         return false;
     m_drive.RefreshState();
-    if (m_drive.IsLocalControlActive() || IsDeniedByStatus(m_drive) || !IsWanted())
+    if (m_drive.IsLocalControlActive() || IsSwitchedOn(m_drive).value_or(false) || !IsWanted())
         return false;
     TakeLocalControl();
     m_drive.RefreshState();
@@ -139,9 +128,9 @@ void CMotorRun::GoLive() {
 bool CMotorRun::MakeSafe(ServiceModeEnd modeEnd, bool keepsControl) {
     const bool isLive = GetMotorState().serviceMode || IsMotorUnderControl();
     const bool stopsAtOnce = modeEnd != ServiceModeEnd::First;
-    const bool safe = !isLive || krt550::MakeSafe(&m_drive, {.modeEnd = modeEnd,
-                                                             .stopsAtOnce = stopsAtOnce,
-                                                             .keepsControl = keepsControl});
+    const bool safe =
+        !isLive ||
+        krt550::MakeSafe(&m_drive, {.modeEnd = modeEnd, .stopsAtOnce = stopsAtOnce, .keepsControl = keepsControl});
     if (!IsMotorStopping())
         Tell();
     return safe;

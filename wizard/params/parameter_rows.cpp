@@ -18,6 +18,16 @@
 
 namespace krt550 {
 
+std::optional<quint16> WordOfChoice(const CParameter& parameter, const QString& text, TextSource source) {
+    quint16 word = 0;
+    if (FindValueOfText(source, parameter.GetRegister(), text, word))
+        return word;
+    for (const auto& [value, entry] : parameter.GetDescription().values)
+        if (entry.compare(text, Qt::CaseInsensitive) == 0)
+            return value;
+    return std::nullopt;
+}
+
 QString ParameterName(const CParameter& parameter) {
     const QString name = CWizardTextStore::Instance().GetParameterName(parameter.GetRegister());
     return name.isEmpty() ? parameter.GetName() : name;
@@ -36,10 +46,6 @@ constexpr int kNotFoundMessage = 5;
 constexpr int kNoValueListMessage = 229;
 constexpr int kNumericTypes[] = {2, 3, 4, 5, 8, 10};
 const QLatin1String kExcludedEntry("#excl#");
-
-bool IsNumeric(const CParameter& parameter) {
-    return std::ranges::find(kNumericTypes, parameter.GetType()) != std::end(kNumericTypes);
-}
 
 void AppendError(QString& errors, int message, quint16 reg) {
     errors += QLatin1String("- ") + MessageFor(message, reg) + QLatin1Char('\n');
@@ -122,13 +128,21 @@ bool WriteEdit(CParameter& parameter, QLineEdit& edit) {
 
 } // namespace
 
+bool IsNumeric(const CParameter& parameter) {
+    return std::ranges::find(kNumericTypes, parameter.GetType()) != std::end(kNumericTypes);
+}
+
+void AppendNotFound(QString& errors, quint16 reg) {
+    AppendError(errors, kNotFoundMessage, reg);
+}
+
 bool BindEditRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QLineEdit* edit,
                  QString& errors, const RowStatics& statics) {
     parameter = FindInTree(root, reg);
     if (!parameter) {
         EnableControl(edit, false);
         EmptyStatics(statics);
-        AppendError(errors, kNotFoundMessage, reg);
+        AppendNotFound(errors, reg);
         return true;
     }
     if (IsNumeric(*parameter))
@@ -149,7 +163,7 @@ bool BindListRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWi
     dropDown->clear();
     if (!parameter) {
         dropDown->setEnabled(false);
-        AppendError(errors, kNotFoundMessage, reg);
+        AppendNotFound(errors, reg);
         return true;
     }
     if (IsNumeric(*parameter))
@@ -178,7 +192,7 @@ bool BindDisplayRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, 
     if (!parameter) {
         SetControlText(value, QString());
         SetControlText(unit, QString());
-        AppendError(errors, kNotFoundMessage, reg);
+        AppendNotFound(errors, reg);
         return true;
     }
     const bool read = ReadParameter(parameter);
@@ -200,7 +214,7 @@ bool BindRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget
     parameter = FindInTree(root, reg);
     if (!parameter) {
         EnableControl(edit, false);
-        AppendError(errors, kNotFoundMessage, reg);
+        AppendNotFound(errors, reg);
         return true;
     }
     if (parameter->IsValueList())

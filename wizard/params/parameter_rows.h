@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class QComboBox;
 class QLineEdit;
 class QWidget;
@@ -44,8 +46,18 @@ void ShowDisplayRow(const CParameter* parameter, QWidget* label, QWidget* value,
 bool BindRow(CParameterGroup* root, CParameter*& parameter, quint16 reg, QWidget* label, QLineEdit* edit,
              QComboBox* dropDown, QString& errors, const RowStatics& statics);
 
+/// Adds the line "- message\n" that the drive lacks a parameter.
+void AppendNotFound(QString& errors, quint16 reg);
+
+/// Whether a parameter is a number, which the cyclic update follows.
+bool IsNumeric(const CParameter& parameter);
+
 /// Name of a parameter: the wizard text file's, or the drive's own.
 QString ParameterName(const CParameter& parameter);
+
+/// Value of a value-list parameter that a text of its drop-down stands for.
+std::optional<quint16> WordOfChoice(const CParameter& parameter, const QString& text,
+                                    TextSource source = TextSource::WizardFile);
 
 /// Shows a value's text in an edit, a static or a drop-down.
 void ShowValueText(QWidget* control, const QString& text);

@@ -6,10 +6,12 @@
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/parameter_rows.h"
 #include "wizard/params/validation.h"
+#include "wizard/platform/control_factory.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/window.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 
@@ -17,7 +19,7 @@ namespace krt550 {
 
 CRow::CRow(CWindow& window, const RowDef& definition, TextSource source)
     : m_window(window), m_definition(definition), m_ids(IdsOf(definition)), m_source(source),
-      m_register(definition.reg), m_shown(!definition.hidden) {
+      m_register(definition.reg), m_caption(QString::fromUtf8(definition.caption)), m_shown(!definition.hidden) {
     if (definition.kind == RowKind::Display)
         return;
     for (const int id : {m_ids.value, m_ids.list}) {
@@ -31,6 +33,9 @@ void CRow::SetRegister(quint16 reg) {
     Unmark();
     m_register = reg;
     m_parameter = nullptr;
+    for (const int id : {m_ids.value, m_ids.list})
+        if (QWidget* control = Control(id))
+            control->setProperty("register", reg != 0 ? QVariant(int(reg)) : QVariant());
 }
 
 QWidget* CRow::Control(int id) const {
@@ -55,6 +60,8 @@ bool CRow::Bind(CParameterGroup* root, QString& errors) {
         SetControlText(Control(m_ids.label), QString());
     }
     ShowLabel();
+    if (auto* label = m_window.GetControl<QLabel>(m_ids.label); label && m_ids.list != 0)
+        NameControl(*label, GetValueControl());
     ShowOrHide();
     Unmark();
     return success;
@@ -73,12 +80,13 @@ bool CRow::BindControls(CParameterGroup* root, QString& errors) {
     case RowKind::EditOrList:
         return BindRow(root, m_parameter, m_register, label, edit, m_window.GetControl<QComboBox>(m_ids.list), errors,
                        statics);
+    case RowKind::Index:
     case RowKind::Display:
         break;
     }
     const bool read = BindDisplayRow(root, m_parameter, m_register, label, Control(m_ids.value), errors, statics.unit);
     if (!m_parameter)
-        SetControlText(label, QString());
+        SetControlText(label, m_caption);
     else if (m_definition.refreshed)
         RegisterForUpdate(m_parameter, Control(m_ids.value));
     return read;
@@ -150,6 +158,12 @@ bool CRow::Reread() {
     return true;
 }
 
+void CRow::TakeBack(quint16 word) {
+    m_read = m_parameter->SetValue(word, false) && m_parameter->WriteToDrive(0);
+    m_former = m_read ? FormatValueText(m_parameter, m_source) : QString();
+    MarkChanged(m_register);
+}
+
 void CRow::Enter(const QString& text) {
     QWidget* control = GetValueControl();
     if (!m_parameter || !control || !control->isEnabled())
@@ -198,7 +212,7 @@ void CRow::Selected() {
     if (!IsChanged())
         m_former = m_read ? FormatValueText(m_parameter, m_source) : QString();
     if (!m_former.isEmpty() && dropDown->currentText().compare(m_former, Qt::CaseInsensitive) == 0)
-        Unmark();
+        TakenBack();
     else
         Changed();
 }
@@ -208,6 +222,13 @@ void CRow::Changed() {
         return;
     MarkChanged(m_register);
     if (m_onChange && IsChanged())
+        m_onChange();
+}
+
+void CRow::TakenBack() {
+    const bool was = IsChanged();
+    Unmark();
+    if (m_onChange && was)
         m_onChange();
 }
 

@@ -31,7 +31,7 @@ public:
     /// Shown behind the register in place of the parameter's name, from the next binding on, also when the drive lacks
     /// the parameter; empty: the name.
     void SetCaption(const QString& caption) { m_caption = caption; }
-    /// Called after the user has changed the row.
+    /// Called after the user has changed the row, and after a choice that takes the change back.
     void SetChangeHandler(std::function<void()> handler) { m_onChange = std::move(handler); }
 
     /// Null until bound and when the drive lacks it.
@@ -52,10 +52,15 @@ public:
     bool Write(bool force = false);
     /// Shows what the drive has in place of what was typed. False when reading failed (shown): nothing is changed then.
     bool Reread();
+    /// Gives the drive the word back that it held before a Write, without a word when that fails; what the row shows
+    /// stays, as a change that is not written. For a bound row.
+    void TakeBack(quint16 word);
     /// Puts a value into the row as if the user had: marked, not written.
     void Enter(const QString& text);
 
     bool IsChanged() const;
+    /// Whether the drive has told its value.
+    bool IsRead() const { return m_read; }
     void Unmark();
     /// Shows or hides the whole row.
     void Show(bool show);
@@ -70,6 +75,7 @@ private:
     void Edited();
     void Selected();
     void Changed();
+    void TakenBack();
     void Validate() const;
 
     CWindow& m_window;

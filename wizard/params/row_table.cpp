@@ -10,7 +10,8 @@ namespace krt550 {
 CRowTable::CRowTable(CWindow& window, const PageRows& rows, TextSource source) : m_table(rows), m_source(source) {
     for (const RowGroupDef& group : rows.groups)
         for (const RowDef& row : group.rows)
-            m_rows.push_back(std::make_unique<CRow>(window, row, source));
+            if (row.kind != RowKind::Index)
+                m_rows.push_back(std::make_unique<CRow>(window, row, source));
     std::ranges::transform(m_rows, std::back_inserter(m_written), &std::unique_ptr<CRow>::get);
     std::ranges::stable_sort(m_written, {}, [](const CRow* row) { return row->GetDefinition().writeRank; });
     std::ranges::stable_sort(m_rows, {}, [](const auto& row) { return row->GetDefinition().bindRank; });

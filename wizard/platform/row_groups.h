@@ -13,6 +13,7 @@ enum class RowKind {
     Edit,       ///< label, edit, statics
     List,       ///< label, drop-down, and the statics that the table asks for
     EditOrList, ///< edit and drop-down on top of each other: a value list shows the drop-down
+    Index,      ///< the same for a pointer and the names of what it can point to; its window binds it itself
     Display     ///< label, value static, and the statics that the table asks for; never written
 };
 
@@ -38,7 +39,7 @@ struct RowIds {
     int unit = 0;
     int minimum = 0;
     int maximum = 0;
-    int list = 0; ///< EditOrList: the drop-down; `value` is the edit
+    int list = 0; ///< EditOrList and Index: the drop-down; `value` is the edit
 
     bool operator==(const RowIds&) const = default;
 };
@@ -48,6 +49,7 @@ struct RowDef {
     RowKind kind = RowKind::Edit;
     /// Label while the drive lacks the parameter; without one the register. Otherwise the parameter's name is shown.
     const char* label = "";
+    const char* caption = ""; ///< shown in place of the parameter's name
     StaticsShown statics = StaticsShown::ByKind;
     /// Rows are bound by their rank, those of one rank from top to bottom; written likewise.
     int bindRank = 0;
@@ -77,6 +79,7 @@ struct PageRows {
     int layout = 0;
     std::span<const RowGroupDef> groups = {};
     UpdateWhen update = UpdateWhen::AllRead;
+    std::span<const quint16> others = {}; ///< registers whose controls the window binds itself
 };
 
 constexpr bool HasUnit(const RowDef& row) {
@@ -109,7 +112,7 @@ constexpr bool IsSound(std::span<const RowGroupDef> groups) {
             const RowDef& row = groups[g].rows[r];
             if (row.reg == 0 && row.ids.value == 0)
                 return false;
-            if (row.kind == RowKind::EditOrList && row.ids.list == 0)
+            if ((row.kind == RowKind::EditOrList || row.kind == RowKind::Index) && row.ids.list == 0)
                 return false;
             for (std::size_t h = 0; h <= g; ++h)
                 for (std::size_t s = 0; s < (h == g ? r : groups[h].rows.size()); ++s)

@@ -4,6 +4,8 @@ namespace krt550 {
 
 /// Ids of the controls that several windows share.
 enum ControlId : int {
+    kIdCloseDialog = 1, ///< writes and closes; OK where there is one
+    kIdCancelDialog = 2,
     kIdCancelPage = 91,
     kIdHelp = 93,
     kIdNext = 95,
@@ -13,6 +15,11 @@ enum ControlId : int {
     kIdStepsDoneGroup = 60001,
     kIdPageTitle = 60002,
     kIdStepsDoneLabel = 163,
+    // Of the macro assistant.
+    kIdMacroView = 60041, ///< the basic or the advanced view
+    kIdMacroDescriptionLabel = 60042,
+    kIdMacroDescription = 60043,
+    kIdFirstDependentRow = 61500, ///< label of the first row; the next row is 10 further
     // Of the autotuning pages.
     kIdAutotuningLabel = 60201,
     kIdAutotuningStart = 60202,
@@ -44,6 +51,8 @@ enum ControlId : int {
     kIdAdjustHeading = 60362,
     kIdStepUpLabel = 60363,
     kIdStepDownLabel = 60364,
+    kIdSpeedScalingGroup = 60401, ///< of the settings of analogue inputs and outputs
+    kIdConnectionList = 60402,    ///< of a connection picker
     // Tabs of the protection and limit assistant and of the 12-pulse assistant.
     kIdProtectionTabs = 940,
     kId12PulseTabs = 995,
@@ -79,9 +88,29 @@ constexpr int ConfigurableHelpId(int n) {
     return 60900 + n;
 }
 
+/// Controls of one analogue input or output, from the id of its first one.
+enum ChannelControl : int {
+    kChannelConnection, ///< name of what the input is connected to
+    kChannelEdit,       ///< opens the connection picker
+    kChannelFrame,      ///< around the actual values
+    kChannelConvertedLabel,
+    kChannelConverted,
+    kChannelConvertedUnit,
+    kChannelHeading, ///< "Index"
+    kChannelChoice,  ///< names of what the output can carry
+    kChannelView     ///< "Advanced" or "Basic"
+};
+/// Id of a control of channel `number` (from 1).
+constexpr int ChannelId(int number, ChannelControl control) {
+    return 60400 + 10 * number + control;
+}
+
 /// From the label of one of the values that the speed feedback assistant shows to its value and its unit.
 inline constexpr int kShownValue = 1;
 inline constexpr int kShownUnit = 2;
+
+/// Rows of the macro assistant for the parameters that depend on the macro.
+inline constexpr int kDependentRows = 6;
 
 /// Ids of the digits of steps 1 to 7, in order.
 inline constexpr int kStepIconIds[7] = {151, 152, 157, 153, 154, 155, 156};

@@ -56,7 +56,8 @@ CLayoutBuilder& CLayoutBuilder::Headings(int k, int y, const RowColumns& columns
 CLayoutBuilder& CLayoutBuilder::Row(const RowDef& row, int y, const RowColumns& columns, int listWidth, int height) {
     const RowIds ids = IdsOf(row);
     const bool display = row.kind == RowKind::Display;
-    const QString label = *row.label ? QString::fromLatin1(row.label) : row.reg ? QString::number(row.reg) : QString();
+    const char* text = *row.caption ? row.caption : row.label;
+    const QString label = *text ? QString::fromLatin1(text) : row.reg ? QString::number(row.reg) : QString();
     const auto part = [&](int id, ControlKind kind, int x, int width) {
         const bool value = id == ids.value || id == ids.list;
         if (id != 0)
@@ -65,7 +66,8 @@ CLayoutBuilder& CLayoutBuilder::Row(const RowDef& row, int y, const RowColumns& 
                  .rect = {x, y, width, height},
                  .text = id == ids.label ? label : QString(),
                  .buddy = id == ids.label && !display ? ids.value : 0,
-                 .reg = value ? row.reg : quint16{0}});
+                 .reg = value ? row.reg : quint16{0},
+                 .name = id == ids.list ? label : QString()});
     };
     const bool wide = row.kind == RowKind::List || (display && !HasUnit(row));
     const ControlKind valueKind = display                     ? ControlKind::Label
@@ -101,6 +103,21 @@ CLayoutBuilder& CLayoutBuilder::BottomRow(bool withDigits, int resetX) {
     button(kIdBack, 343, 34);
     button(kIdNext, 393, 33, ControlKind::DefaultButton);
     button(kIdCancelPage, 448, 36);
+    return *this;
+}
+
+CLayoutBuilder& CLayoutBuilder::DialogButtons(int y) {
+    const auto button = [&](int id, int x, int text, ControlKind kind = ControlKind::PushButton) {
+        Add({.id = id,
+             .kind = kind,
+             .rect = {x, y, 50, 14},
+             .text = StringTableText(text).value_or(QString()),
+             .mnemonic = id != kIdCloseDialog}); // Alt+C is Cancel, as on the pages
+    };
+    button(kIdHelp, 18, 30);
+    button(kIdApply, 338, 32, ControlKind::DefaultButton);
+    button(kIdCloseDialog, 393, 35);
+    button(kIdCancelDialog, 448, 36);
     return *this;
 }
 

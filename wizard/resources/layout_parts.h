@@ -106,6 +106,9 @@ public:
     /// Bottom row of every page; the digits of the steps only where `withDigits`.
     CLayoutBuilder& BottomRow(bool withDigits, int resetX = 266);
 
+    /// Bottom row of a settings dialog as wide as a page: Help, Apply, Close and Cancel.
+    CLayoutBuilder& DialogButtons(int y);
+
     DialogLayout Take() { return std::move(m_layout); }
 
 private:

@@ -20,7 +20,9 @@ struct FullLayout {
 };
 
 constexpr FullLayout kFullLayouts[] = {
+    {59, AnalogueInputsLayout},
     {100, NamePlateLayout},
+    {101, MacroLayout},
     {103, FieldCurrentLayout},
     {104, ArmatureLayout},
     {107, StartPageLayout},
@@ -28,25 +30,32 @@ constexpr FullLayout kFullLayouts[] = {
     {111, SpeedControllerLayout},
     {112, FieldWeakeningLayout},
     {122, DiagnosisLayout},
-    {10056, SpeedGeneralTabLayout},
-    {10057, SpeedFiltersTabLayout},
-    {10058, SpeedLimitsTabLayout},
-    {10062, TachoManualLayout},
-    {10063, SpeedFeedbackAutoLayout},
     {133, ProtectionLayout},
+    {134, TerminalsLayout},
     {135, EStopLayout},
     {137, FieldExciterLayout},
     {139, TwelvePulseLayout},
+    {140, AnalogueOutputsLayout},
+    {141, DigitalTerminalsLayout},
+    {142, DigitalInputConnectionsLayout},
+    {143, AnalogueInputConnectionsLayout},
     {144, ProtectionsTabLayout},
     {145, LimitsTabLayout},
     {147, ConfigurableLayout},
     {149, TwelvePulseCommonLayout},
     {150, TwelvePulseProtectionsLayout},
     {10000, RowHelpLayout},
+    {10056, SpeedGeneralTabLayout},
+    {10057, SpeedFiltersTabLayout},
+    {10058, SpeedLimitsTabLayout},
+    {10062, TachoManualLayout},
+    {10063, SpeedFeedbackAutoLayout},
 };
 
 constexpr PlainPage kPlainPages[] = {
-    {101, 37, true}, {134, 274, false}, {136, 278, false}, {138, 286, false}, {146, 298, false},
+    {136, 278, false},
+    {138, 286, false},
+    {146, 298, false},
 };
 
 DialogLayout PlainLayout(const PlainPage& page) {

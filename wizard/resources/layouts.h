@@ -7,20 +7,27 @@
 namespace krt550 {
 
 /// One function for each dialog layout that is more than its bottom row.
-DialogLayout NamePlateLayout();       ///< 100
-DialogLayout FieldCurrentLayout();    ///< 103
-DialogLayout ArmatureLayout();        ///< 104
-DialogLayout StartPageLayout();       ///< 107
-DialogLayout SpeedFeedbackLayout();   ///< 110
-DialogLayout SpeedControllerLayout(); ///< 111
-DialogLayout FieldWeakeningLayout();  ///< 112
-DialogLayout DiagnosisLayout();       ///< 122
-DialogLayout ProtectionLayout();      ///< 133
-DialogLayout EStopLayout();           ///< 135
-DialogLayout FieldExciterLayout();    ///< 137
-DialogLayout TwelvePulseLayout();     ///< 139
-DialogLayout ConfigurableLayout();    ///< 147
-DialogLayout RowHelpLayout();         ///< 10000
+DialogLayout AnalogueInputsLayout();           ///< 59
+DialogLayout NamePlateLayout();                ///< 100
+DialogLayout MacroLayout();                    ///< 101
+DialogLayout FieldCurrentLayout();             ///< 103
+DialogLayout ArmatureLayout();                 ///< 104
+DialogLayout StartPageLayout();                ///< 107
+DialogLayout SpeedFeedbackLayout();            ///< 110
+DialogLayout SpeedControllerLayout();          ///< 111
+DialogLayout FieldWeakeningLayout();           ///< 112
+DialogLayout DiagnosisLayout();                ///< 122
+DialogLayout ProtectionLayout();               ///< 133
+DialogLayout TerminalsLayout();                ///< 134
+DialogLayout EStopLayout();                    ///< 135
+DialogLayout FieldExciterLayout();             ///< 137
+DialogLayout TwelvePulseLayout();              ///< 139
+DialogLayout AnalogueOutputsLayout();          ///< 140
+DialogLayout DigitalTerminalsLayout();         ///< 141
+DialogLayout DigitalInputConnectionsLayout();  ///< 142
+DialogLayout AnalogueInputConnectionsLayout(); ///< 143
+DialogLayout ConfigurableLayout();             ///< 147
+DialogLayout RowHelpLayout();                  ///< 10000
 
 /// Tabs.
 DialogLayout SpeedGeneralTabLayout();        ///< 10056

@@ -6,6 +6,7 @@ namespace krt550 {
 
 /// The rows of each window, beside its layout.
 extern const PageRows kNamePlateRows;
+extern const PageRows kMacroRows;
 extern const PageRows kFieldCurrentRows;
 extern const PageRows kArmatureRows;
 extern const PageRows kFieldWeakeningRows;
@@ -15,6 +16,9 @@ extern const PageRows kSpeedFiltersRows;
 extern const PageRows kSpeedLimitsRows;
 extern const PageRows kSpeedFeedbackAutoRows;
 extern const PageRows kTachoManualRows;
+extern const PageRows kAnalogueInputRows;
+extern const PageRows kAnalogueOutputRows;
+extern const PageRows kDigitalTerminalRows;
 extern const PageRows kProtectionRows;
 extern const PageRows kLimitRows;
 extern const PageRows k12PulseCommonRows;
@@ -25,10 +29,11 @@ extern const PageRows kConfigurableRows;
 
 /// All of them.
 inline constexpr const PageRows* kAllPageRows[] = {
-    &kNamePlateRows,    &kFieldCurrentRows, &kArmatureRows,      &kFieldWeakeningRows,    &kSpeedControllerRows,
-    &kSpeedGeneralRows, &kSpeedFiltersRows, &kSpeedLimitsRows,   &kSpeedFeedbackAutoRows, &kTachoManualRows,
-    &kProtectionRows,   &kLimitRows,        &k12PulseCommonRows, &k12PulseProtectionRows, &kEStopRows,
-    &kFieldExciterRows, &kConfigurableRows,
+    &kNamePlateRows,       &kMacroRows,         &kFieldCurrentRows,      &kArmatureRows,        &kFieldWeakeningRows,
+    &kSpeedControllerRows, &kSpeedGeneralRows,  &kSpeedFiltersRows,      &kSpeedLimitsRows,     &kSpeedFeedbackAutoRows,
+    &kTachoManualRows,     &kAnalogueInputRows, &kAnalogueOutputRows,    &kDigitalTerminalRows, &kProtectionRows,
+    &kLimitRows,           &k12PulseCommonRows, &k12PulseProtectionRows, &kEStopRows,           &kFieldExciterRows,
+    &kConfigurableRows,
 };
 
 } // namespace krt550

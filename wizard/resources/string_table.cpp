@@ -84,6 +84,7 @@ constexpr Entry kStrings[] = {
     {233, u"EMF\n\n"},
     {234, u"Speed feedback was adapted to:\n"},
     {235, u"It is recommended to fine tune the tacho.\nDo You want to fine tune the tacho? "},
+    {237, u"Other"},
     {240, u"Autotuning armature current controller successful"},
     {243, u"Autotuning failed:\nREPLACE\nFix the problem and try again\n"},
     {245, u"Autotuning field current controller successful"},
@@ -101,6 +102,7 @@ constexpr Entry kStrings[] = {
     {308, u"Autotuning field reversal successful"},
     {314, u"OK"},
     {320, u"Fault"},
+    {351, u"Other can not be selected from dropdown list. Use advanced view to set other value."},
     {352, u"Protections"},
     {353, u"Common"},
     {358, u"Error while updating parameters\n Stopping parameter update."},
@@ -122,6 +124,7 @@ constexpr Entry kStrings[] = {
      u"test by pressing Back or Cancel (main window).\n\nGo back to main window:"},
     {373, u"Fields missing from fault information."},
     {374, u"Short fault description received."},
+    {375, u"Multiple connections"},
     {566, u"130 Motor 1 field current"},
     {567, u"704 Used main control word"},
     {568, u"911 Diagnosis"},
@@ -144,6 +147,8 @@ constexpr Entry kStrings[] = {
     {2008, u"The drive did not close its main contactor."},
     {2009, u"The drive did not start the motor."},
     {2010, u"The drive did not give local control."},
+    {2011, u"The macro was not loaded: the drive is switched on, or the motor may turn.\n\nStop the motor, take the on and "
+           u"run commands away from terminals and fieldbus, and apply again."},
 };
 
 static_assert(std::is_sorted(std::begin(kStrings), std::end(kStrings),

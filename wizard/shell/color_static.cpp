@@ -15,7 +15,6 @@ constexpr int kGood = 5;
 
 const QColor kGreen(0, 255, 0);
 const QColor kRed(255, 0, 0);
-const QColor kLightGrey(192, 192, 192);
 
 } // namespace
 

@@ -6,6 +6,9 @@
 
 namespace krt550 {
 
+/// The grey of a band.
+inline const QColor kLightGrey(192, 192, 192);
+
 /// The looks that pages ask for.
 enum class StaticLook {
     Good,    ///< black on green

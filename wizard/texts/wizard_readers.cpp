@@ -51,7 +51,7 @@ void ReadMacroRegisters(WizardTables& tables, CTextTokenizer& fields) {
 }
 
 /// Selector, for analogue inputs the target, one selecting value for each input, disconnect value, names.
-template <InputTable WizardTables::*Table, int Inputs, bool HasTarget>
+template <std::vector<InputConnection> WizardTables::*Table, int Inputs, bool HasTarget>
 void ReadInput(WizardTables& tables, CTextTokenizer& fields) {
     const std::string_view selector = fields.NextFilledToken();
     if (selector.empty())
@@ -66,11 +66,7 @@ void ReadInput(WizardTables& tables, CTextTokenizer& fields) {
     connection.disconnect = WordOrNone(fields.NextFilledToken());
     for (std::string_view name = fields.NextFilledToken(); !name.empty(); name = fields.NextFilledToken())
         connection.names.push_back(tables.arena.Keep(name));
-
-    InputTable& table = tables.*Table;
-    if (table.selectorIndex.Add(connection.selector).second)
-        table.selectors.push_back(connection.selector);
-    table.connections.push_back(std::move(connection));
+    (tables.*Table).push_back(std::move(connection));
 }
 
 /// Step, pairs of a register and the list of its allowed values.

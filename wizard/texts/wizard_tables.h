@@ -1,5 +1,6 @@
 #pragma once
 
+#include "wizard/texts/connection_table.h"
 #include "wizard/texts/text_records.h"
 #include "wizard/texts/text_table.h"
 
@@ -10,23 +11,13 @@
 
 namespace krt550 {
 
-/// A word that stands for "none" in the connection tables.
-inline constexpr quint16 kNoWord = 0xFFFF;
-
-/// One entry of a connection table: the selector parameter that ties an input to a function.
+/// One line of a connection table.
 struct InputConnection {
     quint16 selector = 0;
-    quint16 target = kNoWord;      ///< analogue inputs: parameter with the converted value
-    std::array<quint16, 8> select; ///< by input: selecting value
+    quint16 target = kNoWord;
+    std::array<quint16, 8> select;
     quint16 disconnect = kNoWord;
     std::vector<std::string_view> names; ///< by language
-};
-
-/// The inputs of one kind.
-struct InputTable {
-    std::vector<InputConnection> connections;
-    std::vector<quint16> selectors; ///< distinct, in order of their first entry
-    CKeyIndex selectorIndex;
 };
 
 /// Allowed values of a register before a page may start.
@@ -64,8 +55,8 @@ struct WizardTables {
     CValueTextTable valueTexts{arena};
     CTextTable macroDescriptions{arena};
     QHash<quint16, std::vector<std::string_view>> macroRegisters;
-    InputTable digitalInputs;
-    InputTable analogueInputs;
+    std::vector<InputConnection> digitalInputs;
+    std::vector<InputConnection> analogueInputs;
     CTextTable digitalOutputs{arena};
     CTextTable analogueOutputs{arena};
     CStartConditions startConditions;

@@ -65,22 +65,9 @@ public:
     IndexList GetMailBoxReceiveList();
     IndexList GetMailBoxTransmitList();
 
-    // Connections of digital inputs (1 to 8) and analogue inputs (1 to 4). An entry without a name is "? (N/A)".
-
-    /// Distinct selector registers, in file order.
-    QList<quint16> GetDIRegisters();
-    QList<quint16> GetAIRegisters();
-    /// Entries of a selector that can be used for an input: selecting value and name, in file order.
-    QList<ValueText> GetDIConnections(quint16 selector, int input);
-    QList<ValueText> GetAIConnections(quint16 selector, int input);
-    /// Name of the entry whose selector has the selecting value for the input.
-    bool GetDIEntryName(quint16 selector, int input, quint16 value, QString& name);
-    bool GetAIEntryName(quint16 selector, int input, quint16 value, QString& name);
-    /// The same with the parameter that carries the converted value (65535: none).
-    bool GetAIEntry(quint16 selector, int input, quint16 value, QString& name, quint16& target);
-    /// Selector and value that connect the input to the first entry with this name (`select`), or take it off.
-    bool GetDIEntryByName(const QString& name, int input, bool select, quint16& selector, quint16& value);
-    bool GetAIEntryByName(const QString& name, int input, bool select, quint16& selector, quint16& value);
+    /// What digital inputs (1 to 8) and analogue inputs (1 to 4) can be tied to; an entry without a name is "? (N/A)".
+    const CConnectionTable& GetDIConnections();
+    const CConnectionTable& GetAIConnections();
 
     // The configurable-assistant file.
 
@@ -98,6 +85,8 @@ private:
     IndexList ListOf(const CTextTable& table);
 
     WizardTables m_wizard;
+    std::optional<CConnectionTable> m_digitalInputs;
+    std::optional<CConnectionTable> m_analogueInputs;
     ConfigurableTables m_configurable;
     bool m_wizardLoaded = false;
     bool m_configurableLoaded = false;

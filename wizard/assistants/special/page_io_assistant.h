@@ -1,15 +1,18 @@
 #pragma once
 
-#include "wizard/shell/plain_page.h"
+#include "wizard/assistants/basic/page_macro_assistant.h"
 
 namespace krt550 {
 
-/// Inputs and outputs. Without rows so far.
-class CPageIOAssistant : public CPlainPage {
+/// What the terminals are connected to, without the macro. The settings are edited and applied in dialogs of their own.
+class CPageIOAssistant : public CPageMacroAssistant {
     Q_OBJECT
 
 public:
-    CPageIOAssistant() : CPlainPage(134, QStringLiteral("8.htm")) {}
+    CPageIOAssistant();
+
+protected:
+    bool OnInitDialog() override;
 };
 
 } // namespace krt550

@@ -1,0 +1,166 @@
+// What inputs are tied to, what a person may change about it, and what is written then.
+#include "tests/wiring/wiring_files.h"
+
+#include "hostlib/tolvbo32/parameter.h"
+#include "wizard/params/parameter_access.h"
+#include "wizard/params/read_once.h"
+#include "wizard/wiring/pending_connections.h"
+
+namespace krt550 {
+namespace {
+
+class Connections : public testing::Test {
+protected:
+    Connections() { SetWizardDirectory(WiringFiles().Directory()); }
+
+    CSelectorList List(InputKind kind) {
+        CReadOnce reads;
+        return {kind, &m_drive.Root(), reads};
+    }
+    QString TextsOf(InputKind kind, int inputs) {
+        QStringList texts;
+        for (int input = 1; input <= inputs; ++input)
+            texts.append(List(kind).UseOf(input).text);
+        return texts.join('|');
+    }
+    /// The picker's lines: ticks as "+", what cannot be changed as "!".
+    static QString Lines(const CConnectionPicker& picker) {
+        QString lines;
+        for (int item = 0; item < picker.Count(); ++item)
+            lines += (picker.IsTicked(item) ? "+" : "-") + QString(picker.CanChange(item) ? "" : "!") +
+                     picker.Name(item) + ' ';
+        return lines.trimmed();
+    }
+    /// Ticks or unticks items of an input's picker and writes what that changes.
+    void Change(InputKind kind, int input, const std::vector<std::pair<int, bool>>& ticks) {
+        CConnectionPicker picker(List(kind), input, {});
+        for (const auto& [item, ticked] : ticks)
+            picker.Tick(item, ticked);
+        m_drive.TakeLog();
+        WriteConnections(&m_drive.Root(), kind, input, picker.GetChange());
+    }
+
+    CModuleResources m_resources;
+    ResourceScope m_scope{m_resources};
+    WiringDrive m_drive;
+    MessageBoxes m_boxes;
+};
+
+TEST_F(Connections, TextsNameTheFunction) {
+    const struct {
+        std::map<quint16, quint16> words;
+        std::set<quint16> unreadable;
+        QString digital;  ///< DI1 to DI3
+        QString analogue; ///< AI1 to AI4
+    } cases[] = {
+        {{}, {}, "-|-|-", "-|-|-|-"},
+        {{{1001, 1}, {1004, 12}}, {}, "Start|Always inverted|-", "-|-|-|-"},
+        {{{1001, 2}, {1002, 2}, {1003, 2}}, {}, "-|Multiple connections|-", "-|-|-|-"},
+        {{{1001, 20}, {1101, 3}, {1102, 4}, {1003, 5}}, {}, "-|-|-", "On by voltage|-|Reference|Limit"},
+        {{{1101, 1}, {1102, 1}}, {}, "-|-|-", "Multiple connections|-|-|-"},
+        {{{1001, 1}, {1002, 1}}, {1002}, "Start|?|?", "-|-|-|-"}, // what was not read may be anybody's
+    };
+    for (const auto& c : cases) {
+        m_drive.words = {};
+        for (const auto& [reg, word] : c.words)
+            m_drive.words[reg] = word;
+        m_drive.unreadable = c.unreadable;
+        for (int times = 0; times < 3 * int(c.unreadable.size()); ++times)
+            m_boxes.Expect("Reading parameter 10.02*");
+        EXPECT_EQ(TextsOf(InputKind::Digital, 3), c.digital) << &c - cases;
+        EXPECT_EQ(TextsOf(InputKind::Analogue, 4), c.analogue) << &c - cases;
+    }
+}
+
+TEST_F(Connections, AnInputWithOneConnectionHasAConvertedValue) {
+    m_drive.words[1101] = 1;
+    m_drive.words[1102] = 2; // names a parameter that the drive lacks
+    m_drive.words[1003] = 6;
+    EXPECT_EQ(List(InputKind::Analogue).UseOf(1).converted, FindInTree(&m_drive.Root(), 201));
+    EXPECT_FALSE(List(InputKind::Analogue).UseOf(3).converted);
+    const InputUse several = List(InputKind::Analogue).UseOf(2);
+    EXPECT_TRUE(several.multiple);
+    EXPECT_FALSE(several.converted);
+    m_drive.words[1003] = 0;
+    EXPECT_FALSE(List(InputKind::Analogue).UseOf(2).converted);
+}
+
+// Inputs of both kinds may share a selector: a page reads it once.
+TEST_F(Connections, APageReadsEachSelectorOnce) {
+    CReadOnce reads;
+    const CSelectorList digital(InputKind::Digital, &m_drive.Root(), reads);
+    const CSelectorList analogue(InputKind::Analogue, &m_drive.Root(), reads);
+    for (int input = 1; input <= 8; ++input) {
+        digital.UseOf(input);
+        analogue.UseOf(input);
+    }
+    EXPECT_EQ(m_drive.TakeLog(),
+              (QStringList{"read 1001", "read 1002", "read 1003", "read 1004", "read 1101", "read 1102"}));
+}
+
+TEST_F(Connections, PickersOfferWhatTheInputCanHave) {
+    m_drive.words[1002] = 2;
+    m_drive.words[1004] = 2;
+    EXPECT_EQ(Lines({List(InputKind::Digital), 2, {}}), "-Start +Twin -Twin +!Always -Always inverted");
+    EXPECT_EQ(Lines({List(InputKind::Digital), 3, {}}), "");
+    EXPECT_EQ(Lines({List(InputKind::Digital), 8, {{0}, {}}}), "+Start -Twin -Twin -Always -Always inverted");
+    CConnectionPicker picker(List(InputKind::Digital), 2, {});
+    picker.Tick(4, true); // a selector has one function of an input
+    picker.Tick(1, false);
+    EXPECT_EQ(Lines(picker), "-Start -Twin -Twin -Always +Always inverted");
+    EXPECT_EQ(picker.GetChange().connect, std::vector<int>{4});
+    EXPECT_EQ(picker.GetChange().disconnect, (std::vector<int>{1, 3}));
+}
+
+TEST_F(Connections, ChangesAreWrittenInTheirOrder) {
+    const struct {
+        const char* name;
+        InputKind kind;
+        std::map<quint16, quint16> words; ///< before
+        int input;
+        std::vector<std::pair<int, bool>> ticks;
+        QStringList writes;
+    } cases[] = {
+        {"digital: tied first",
+         InputKind::Digital,
+         {{1001, 1}},
+         1,
+         {{0, false}, {2, true}},
+         {"write 1003=1", "write 1001=0"}},
+        {"analogue: taken off first",
+         InputKind::Analogue,
+         {{1101, 1}},
+         1,
+         {{0, false}, {1, true}},
+         {"write 1101=0", "write 1102=1"}},
+        {"the second one of a name", InputKind::Digital, {{1002, 1}, {1003, 1}}, 1, {{2, false}}, {"write 1003=9"}},
+        {"from another input", InputKind::Digital, {{1001, 1}}, 8, {{0, true}}, {"write 1001=8"}},
+        {"to the same selector's other function", InputKind::Digital, {{1004, 1}}, 1, {{4, true}}, {"write 1004=11"}},
+        {"what stays ticked is not written",
+         InputKind::Digital,
+         {{1001, 1}, {1002, 1}},
+         1,
+         {{2, true}},
+         {"write 1003=1"}},
+        {"no way to take it off", InputKind::Digital, {{1004, 1}}, 1, {{3, false}}, {}},
+    };
+    for (const auto& c : cases) {
+        m_drive.words = {};
+        for (const auto& [reg, word] : c.words)
+            m_drive.words[reg] = word;
+        Change(c.kind, c.input, c.ticks);
+        EXPECT_EQ(m_drive.TakeWrites(), c.writes) << c.name;
+    }
+}
+
+// The sign of an index only marks an inversion.
+TEST_F(Connections, OutputsNameTheirSource) {
+    EXPECT_EQ(DOConnectionText(801, 3), "Fault");
+    EXPECT_EQ(DOConnectionText(quint16(-801), 3), "Fault");
+    EXPECT_EQ(DOConnectionText(quint16(-801), 4), "Other (801,4)");
+    EXPECT_EQ(AOConnectionText(104) + AOConnectionText(0) + AOConnectionText(5), "SpeedNothingOther (5)");
+    EXPECT_EQ(PlainIndex(0x8000), 0x8000);
+}
+
+} // namespace
+} // namespace krt550

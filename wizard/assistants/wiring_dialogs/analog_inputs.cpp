@@ -1,0 +1,150 @@
+#include "wizard/assistants/wiring_dialogs/analog_inputs.h"
+
+#include "hostlib/tolvbo32/parameter.h"
+#include "wizard/assistants/wiring_dialogs/analog_connections.h"
+#include "wizard/params/parameter_access.h"
+#include "wizard/params/read_once.h"
+#include "wizard/platform/control_text.h"
+#include "wizard/platform/resources.h"
+#include "wizard/resources/control_ids.h"
+#include "wizard/resources/page_rows.h"
+
+#include <algorithm>
+
+namespace krt550 {
+namespace {
+
+constexpr int kUpdateKey = 101;
+constexpr int kInputs = 4;
+constexpr quint16 kTerminals[kInputs] = {503, 504, 505, 506};
+constexpr quint16 kSpeedScaling = 229;
+constexpr int kMultipleConnections = 375;
+
+constexpr quint16 TerminalOf(int input) {
+    return kTerminals[input - 1];
+}
+
+} // namespace
+
+CDialogAISettings::CDialogAISettings(QWidget* owner)
+    : CDialogAnalogSettings(kAnalogueInputRows, kUpdateKey, QStringLiteral("ai.htm"), owner) {
+    for (int input = 1; input <= kInputs; ++input)
+        Handle(ChannelId(input, kChannelEdit), ControlEvent::Clicked, [this, input] { PickConnections(input); });
+}
+
+bool CDialogAISettings::Bind(QString& errors) {
+    const bool bound = GetRows().Bind(GetRoot(), errors);
+    ShowConnections();
+    ShowConvertedValues();
+    return bound;
+}
+
+void CDialogAISettings::Empty() {
+    CDialogAnalogSettings::Empty();
+    for (int input = 1; input <= kInputs; ++input)
+        EnableControl(GetDlgItem(ChannelId(input, kChannelEdit)), false);
+}
+
+bool CDialogAISettings::HasActualValues() const {
+    return std::ranges::any_of(kTerminals, [this](quint16 reg) { return FindInTree(GetRoot(), reg); });
+}
+
+/// Each selector is read once. What was picked is applied now, or forgotten.
+void CDialogAISettings::ShowConnections() {
+    CReadOnce reads;
+    const CSelectorList selectors(InputKind::Analogue, GetRoot(), reads);
+    for (int input = 1; input <= kInputs; ++input) {
+        At(input) = {selectors.UseOf(input), {}};
+        SetControlText(GetDlgItem(ChannelId(input, kChannelConnection)), At(input).use.text);
+    }
+}
+
+void CDialogAISettings::ShowConvertedValues() {
+    for (int input = 1; input <= kInputs; ++input)
+        ShowConvertedValue(input);
+}
+
+bool CDialogAISettings::ShowConvertedValue(int input) {
+    const InputUse& use = At(input).use;
+    const bool read = use.converted && ReadParameter(use.converted);
+    if (read)
+        ShowTexts(input, FormatValueText(use.converted), use.converted->GetUnit());
+    else
+        ShowTexts(input, use.multiple ? LoadText(kMultipleConnections) : QString(), QString());
+    return read || !use.converted;
+}
+
+void CDialogAISettings::ShowTexts(int input, const QString& converted, const QString& unit) {
+    SetControlText(GetDlgItem(ChannelId(input, kChannelConverted)), converted);
+    SetControlText(GetDlgItem(ChannelId(input, kChannelConvertedUnit)), unit);
+}
+
+/// What was picked and is not applied says nothing about the drive yet.
+void CDialogAISettings::ShowWaiting(int input) {
+    const QString unknown = QStringLiteral("?");
+    SetControlText(GetDlgItem(ChannelId(input, kChannelConnection)), unknown);
+    if (const CRow* terminal = GetRows().Find(TerminalOf(input)); terminal->GetParameter())
+        SetControlText(terminal->GetValueControl(), unknown);
+    ShowTexts(input, unknown, unknown);
+}
+
+/// An input with something picked goes on showing that nothing is known.
+CDialogAnalogSettings::Steps CDialogAISettings::ActualValues() {
+    Steps steps;
+    for (int input = 1; input <= kInputs; ++input) {
+        steps.push_back([this, input] { return !At(input).change.IsEmpty() || ShowActualValue(TerminalOf(input)); });
+        steps.push_back([this, input] { return !At(input).change.IsEmpty() || ShowConvertedValue(input); });
+    }
+    steps.push_back([this] { return ShowActualValue(kSpeedScaling); });
+    return steps;
+}
+
+void CDialogAISettings::PickConnections(int input) {
+    CDialogAIConnections picker(GetDlgItem(ChannelId(input, kChannelEdit)), input, GetRoot(), At(input).change);
+    if (picker.DoModal() != kIdCloseDialog)
+        return;
+    TakeOver(input, picker.GetChange());
+}
+
+/// The input that a function was last picked for gets it: one that it was picked for before does not take it back in
+/// Apply.
+void CDialogAISettings::TakeOver(int input, const ConnectionChange& change) {
+    const CConnectionTable& table = ConnectionsOf(InputKind::Analogue);
+    bool takenBack = false;
+    for (int each = 1; each <= kInputs; ++each) {
+        ConnectionChange& pending = At(each).change;
+        const bool waited = !pending.IsEmpty();
+        if (each == input)
+            pending = change;
+        else
+            std::erase_if(pending.connect, [&](int entry) {
+                return std::ranges::any_of(change.connect,
+                                           [&](int picked) { return table[picked].selector == table[entry].selector; });
+            });
+        if (!pending.IsEmpty())
+            ShowWaiting(each);
+        else
+            SetControlText(GetDlgItem(ChannelId(each, kChannelConnection)), At(each).use.text);
+        takenBack = takenBack || (waited && pending.IsEmpty());
+    }
+    if (takenBack)
+        Refresh();
+}
+
+bool CDialogAISettings::Write() {
+    bool written = true;
+    for (int input = 1; input <= kInputs; ++input)
+        if (const ConnectionChange& change = At(input).change; !change.IsEmpty())
+            written = WriteConnections(GetRoot(), InputKind::Analogue, input, change) && written;
+    return GetRows().Write() && written;
+}
+
+void CDialogAISettings::Applied(bool written) {
+    ShowConnections();
+    if (written)
+        Refresh();
+    else
+        ShowConvertedValues();
+}
+
+} // namespace krt550
