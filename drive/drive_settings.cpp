@@ -75,6 +75,7 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     const int exciter = static_cast<int>(number(reg::kExciterUsed, 1));
     s.fieldVoltageLimit = exciter == 0 ? 0 : kExciterOfLine * number(reg::kFieldSupply, motor.fieldSupply);
     s.exciterReverses = exciter == 3 || exciter == 6;
+    s.reversalTime = time(reg::kReversalTime, 15000);
 
     s.current = {number(reg::kCurrentGain, 0.1) * s.CurrentGainUnit(), time(reg::kCurrentTime, 50)};
     s.emfForward = number(reg::kCurrentControllerType, 1) != 0;

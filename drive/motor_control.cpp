@@ -55,7 +55,7 @@ double CMotorControl::StepField(const MotorCommand& command, const DriveSettings
         reference = command.field == FieldMode::Current ? command.fieldCurrent : 1;
         if (weakens)
             reference = settings.fieldOfFlux(m_fluxControl.Step(kStep, m_state.emf, m_state.signals.used, settings));
-        m_state.fluxReference = settings.fluxOfField(reference);
+        m_state.fluxReference = std::copysign(settings.fluxOfField(std::abs(reference)), reference);
         const double error = reference * settings.ratedFieldCurrent - m_motor.GetFieldCurrent();
         wanted = m_fieldController.Step(error, kStep, settings.field, settings.exciterReverses ? -limit : 0, limit);
     }

@@ -82,7 +82,8 @@ bool CProtection::IsStalled(double seconds, const MotorState& state, const Drive
 
 bool CProtection::IsFieldLost(double seconds, const MotorState& state, const Surroundings& around,
                               const DriveSettings& settings, const TripLevels& levels) {
-    const double least = std::min(levels.field, 0.8 * around.fieldReference) * settings.ratedFieldCurrent;
+    const double wanted = std::abs(around.fieldReference);
+    const double least = std::min(levels.field, 0.8 * wanted) * settings.ratedFieldCurrent;
     // A slow field that still comes up is not lost, however long it takes.
     constexpr double kRises = 0.02; // of rated field current a second
     const double former = std::exchange(m_formerField, std::abs(state.fieldCurrent));
@@ -93,10 +94,13 @@ bool CProtection::IsFieldLost(double seconds, const MotorState& state, const Sur
         m_fieldMissing = 0;
         return false;
     }
+    // A field on its way through zero is built up anew.
+    if (state.fieldCurrent * around.fieldReference < 0)
+        m_fieldWasThere = false;
     if (!missing) {
         // What is left of the field from before counts when it has been brought up again.
         constexpr double kReached = 0.9;
-        const double reached = kReached * around.fieldReference * settings.ratedFieldCurrent;
+        const double reached = kReached * wanted * settings.ratedFieldCurrent;
         m_fieldWasThere = m_fieldWasThere || m_formerField >= reached;
         m_fieldMissing = 0;
         return false;

@@ -16,6 +16,7 @@ namespace {
 constexpr double kPatience = 30;    ///< from arming to the start [s]
 constexpr double kLongestRun = 180; ///< [s]
 
+constexpr quint16 kReversal = 9;
 constexpr quint16 kTachoTuning = 14;
 
 struct Mode {
@@ -31,7 +32,8 @@ constexpr double kNoEnd = std::numeric_limits<double>::infinity();
 constexpr Mode kModes[] = {
     {1, RunArmature, kLongestRun, kStaysWhereItIs},  {2, RunField, kLongestRun, kStaysWhereItIs},
     {3, RunWeakening, kLongestRun, kStaysWhereItIs}, {4, RunSpeed, kLongestRun, kStaysWhereItIs},
-    {5, RunFeedbackTest, kLongestRun, 100},          {kTachoTuning, RunTachoTuning, kNoEnd, 101},
+    {5, RunFeedbackTest, kLongestRun, 100},          {kReversal, RunReversal, kLongestRun, kStaysWhereItIs},
+    {kTachoTuning, RunTachoTuning, kNoEnd, 101},
 };
 
 const Mode* FindMode(quint16 number) {
@@ -51,11 +53,14 @@ bool IsNamePlatePlausible(const DriveSettings& settings) {
 
 void CServiceMode::Write(quint16 mode, const ServiceView& view, CRegisterFile& registers) {
     if (IsRunning() || (m_mode && mode == 0)) {
-        // Another mode in the middle of a run ends it as well.
-        End(diagnosis::kStopped, registers);
+        // Another mode in the middle of a run ends it as well. Writing 0 is how a reversal test regularly ends.
+        const bool regular = m_mode == kReversal && mode == 0 && IsRunning() && m_bench->HasPublished();
+        End(regular ? m_outcome.value_or(diagnosis::kNone) : diagnosis::kStopped, registers);
         return;
     }
     m_mode = FindMode(mode) ? mode : quint16{0};
+    if (m_mode == kReversal)
+        registers.SetWord(reg::kFieldDirection, 0); // what a test before has left
     if (!m_mode)
         return;
     m_waiting = 0;
@@ -100,6 +105,9 @@ void CServiceMode::Supervise(double seconds, const ServiceView& view, const Driv
     if (!running && view.driving)
         Begin(view, settings, converter, registers);
     if (IsRunning()) {
+        constexpr int kDirections[] = {0, 1, -1};
+        const quint16 direction = registers.GetWord(reg::kFieldDirection);
+        m_bench->fieldDirection = direction < std::size(kDirections) ? kDirections[direction] : 0;
         if (m_bench->TakePublish())
             WriteResults(registers);
         m_progress = std::max(m_progress, std::min(99, m_bench->GetProgress()));

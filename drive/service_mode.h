@@ -38,7 +38,7 @@ public:
     bool IsRunning() const { return m_bench != nullptr; }
     bool IsIdle() const { return m_mode == 0; }
     /// The armed or running mode wants the motor without field.
-    bool KeepsFieldOff() const { return m_mode == 1 || m_mode == 2; }
+    bool KeepsFieldOff() const { return m_mode == 1 || m_mode == 2 || m_mode == 9; }
     /// What converter and exciter shall do; needs a run.
     const MotorCommand& GetCommand() const { return m_bench->command; }
     /// Takes in a step of a run.

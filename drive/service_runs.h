@@ -12,6 +12,8 @@ CServiceRun RunArmature(CTestBench& bench);
 CServiceRun RunField(CTestBench& bench);
 CServiceRun RunWeakening(CTestBench& bench);
 CServiceRun RunSpeed(CTestBench& bench);
+/// Sends the field current the way that it is told, again and again, until it is told to end.
+CServiceRun RunReversal(CTestBench& bench);
 /// Keeps the motor turning once it has found the feedback, until it is stopped.
 CServiceRun RunFeedbackTest(CTestBench& bench);
 /// Turns the motor on its tacho and takes in what a hand-held one shows, until it is stopped.

@@ -38,6 +38,7 @@ public:
 
     MotorCommand command;   ///< from the next step on
     bool mustStand = false; ///< the run fails when the motor turns
+    int fieldDirection = 0; ///< that somebody has commanded: 1, -1, or 0 for none
     /// Ramps the speed command; 0 rad/s2: it stays as it is.
     void RampSpeed(double target, double slope);
 

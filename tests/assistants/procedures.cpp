@@ -44,6 +44,20 @@ void CloseDiagnosisDialog() {
         QTimer::singleShot(1, qApp, CloseDiagnosisDialog);
 }
 
+/// Sends the field forward and back and stops.
+void WorkField(int look) {
+    const std::map<int, int> presses = {{2, kIdFieldForward}, {4, kIdFieldReverse}, {6, kIdFieldStop}};
+    if (const auto press = presses.find(look); press != presses.end())
+        QTimer::singleShot(0, qApp, [id = press->second] { PressIfThere(id); });
+}
+
+void ReverseField() {
+    PressIfThere(kView);
+    PressIfThere(175);
+    PressIfThere(kNext);
+    PressIfThere(kStartRun);
+}
+
 void LookAtDiagnosis() {
     // The failed run enables the button.
     Tune(165);
@@ -220,6 +234,12 @@ const Procedure kProcedures[] = {
     {"Step3", [] { Tune(165); }, 3},
     {"Step4", [] { Tune(166); }, 4},
     {"Step7", [] { Tune(169); }, 7},
+    {.name = "FieldReversal",
+     .act = ReverseField,
+     .step = 0,
+     .looks = 40,
+     .atLook = WorkField,
+     .ridesOut = "read 9906"},
     {"Apply", ApplyNamePlate, 1},
     {"OpenAndClose", [] { PressIfThere(158); }, 0},
     {"Diagnosis", LookAtDiagnosis, 0, 1, 0, false, true},

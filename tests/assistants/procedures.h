@@ -19,6 +19,9 @@ struct Procedure {
     bool hasTabs = false;
     bool fails = false;                                     ///< the drive finds a reason against it
     std::vector<std::pair<quint16, quint16>> connects = {}; ///< registers and what the person puts there
+    int looks = 3;                                          ///< at a run's progress before the drive ends it
+    void (*atLook)(int look) = nullptr;                     ///< what the person does meanwhile
+    const char* ridesOut = "";                              ///< call whose failure is made up for without a word
 };
 
 /// Texts of the terminals' connections for the procedures.

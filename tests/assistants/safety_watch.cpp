@@ -23,7 +23,8 @@ bool IsAlarm(const QString& text) {
 
 bool MakesMoreAlive(const QString& call) {
     return call == "take local control" || call == "close contactor" || call == "start motor" ||
-           (call.startsWith("write 9906=") && call != "write 9906=0");
+           (call.startsWith("write 9906=") && call != "write 9906=0") ||
+           (call.startsWith("write 4507=") && call != "write 4507=0");
 }
 
 /// What a macro, a selector of the procedures' texts or a setting of a terminal stands in.

@@ -93,7 +93,7 @@ protected:
             QByteArray(kConnectionTexts) +
                 "SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\nUPDATE\t1\t150\nUPDATE\t2\t150\n"
                 "UPDATE\t3\t150\nUPDATE\t4\t150\nUPDATE\t5\t150\nUPDATE\t6\t150\nUPDATE\t7\t150\n"
-                "UPDATE\t8\t150\nUPDATE\t9\t150\nUPDATE\t10\t150\nUPDATE\t12\t150\nUPDATE\t14\t150\n"
+                "UPDATE\t8\t150\nUPDATE\t9\t150\nUPDATE\t10\t150\nUPDATE\t11\t150\nUPDATE\t12\t150\nUPDATE\t14\t150\n"
                 "UPDATE\t16\t150\nUPDATE\t101\t150\nUPDATE\t102\t150\nENABLESTART\t12\t9912\t0,1\n",
             "NAME\tPage\nCAP\t1\t2201\t5\t\t\tHelp\nCAP\t2\t2202\nCAP\t21\t2104\t1\n");
         m_wizardPath = files.WizardPath();
@@ -126,6 +126,8 @@ void FaultMatrix::PrepareDrive(WatchedDrive& drive) const {
         if (look == 3)
             QTimer::singleShot(0, qApp, [id] { PressIfThere(id); });
     };
+    drive.looksUntilDone = GetProcedure().looks;
+    drive.onLook = GetProcedure().atLook;
     if (GetProcedure().fails)
         drive.outcome = 7;
     drive.HoldConnections(GetProcedure().connects);
@@ -225,6 +227,8 @@ void FaultMatrix::CheckReport(const BoxClerk& clerk) {
     const auto reports = std::ranges::count_if(clerk.texts, [](const QString& text) {
         return text.contains("simulated failure") || text.contains("did not answer");
     });
+    if (m_disturbedCall == GetProcedure().ridesOut && reports == 0)
+        return;
     EXPECT_EQ(reports, 1) << m_disturbedCall.toStdString() << " failed";
 }
 

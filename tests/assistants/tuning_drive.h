@@ -59,10 +59,11 @@ public:
         for (const int reg : {9912, 4401})
             parameters.push_back(
                 List(static_cast<quint16>(reg), QStringLiteral("List %1").arg(reg), {{0, "Off"}, {1, "On"}}));
-        for (const int reg : {3009, 3016, 9910})
+        for (const int reg : {3009, 3016, 9910, 330, 129})
             parameters.push_back(
                 Number(static_cast<quint16>(reg), QStringLiteral("Parameter %1").arg(reg), 0, 0, 10000));
         parameters.push_back(List(9901, "Language", {{0, "English"}, {1, "Deutsch"}}));
+        parameters.push_back(Number(4507, "Field reversal command", 0, 0, 2));
         parameters.push_back(Number(9906, "Service mode", 0, 0, 14));
         parameters.push_back(List(911, "Diagnosis", {{0, "No message"}, {7, "Motor turned"}}));
         return parameters;

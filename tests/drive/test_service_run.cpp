@@ -13,6 +13,7 @@ constexpr quint16 kArmature = 1;
 constexpr quint16 kField = 2;
 constexpr quint16 kWeakening = 3;
 constexpr quint16 kSpeed = 4;
+constexpr quint16 kReversal = 9;
 
 /// How near what is found lies to what the motor really has, in percent.
 void ExpectConstants(WholeDrive& drive) {
@@ -172,6 +173,74 @@ TEST_P(SpoiledRun, EndsSafelyAndSaysWhy) {
 
 INSTANTIATE_TEST_SUITE_P(Causes, SpoiledRun, testing::ValuesIn(kSpoiled),
                          [](const auto& spoiled) { return std::string(spoiled.param.name); });
+
+/// What somebody commands in turn as soon as the field is where it was sent, and how the test ends.
+struct Reversal {
+    const char* name;
+    quint16 exciter;
+    std::vector<int> directions; ///< 1 forward, 2 reverse, 0 ends it
+    bool endsMode;               ///< writes 0 into 99.06, too
+    bool isBroken;
+    int outcome;
+};
+
+TEST(FieldReversal, IsJudgedByBothDirections) {
+    const Reversal cases[] = {
+        {"both", 3, {1, 2, 0}, true, false, diagnosis::kNone},
+        {"again and again, and ended by the command alone", 6, {2, 1, 2, 0}, false, false, diagnosis::kNone},
+        {"one only", 3, {1, 0}, true, false, diagnosis::kStopped},
+        {"one only, ended by the command alone", 3, {2, 0}, false, false, diagnosis::kStopped},
+        {"a field that cannot be reversed", 2, {1}, false, false, diagnosis::kCannotReverse},
+        {"no field", 3, {1}, false, true, diagnosis::kFieldLost},
+        {"nobody commands it", 3, {}, false, false, diagnosis::kTooLong},
+    };
+    for (const Reversal& c : cases) {
+        WholeDrive drive("S2");
+        drive.SetValue(reg::kExciterUsed, c.exciter);
+        drive.SetValue(reg::kFieldDirection, 2); // from a test before
+        drive.Motor().SetFieldBroken(c.isBroken);
+        std::size_t next = 0;
+        const auto isThere = [&] {
+            const double wanted = next == 0 ? 0 : c.directions[next - 1] == 2 ? -100 : 100;
+            return std::abs(drive.Value(reg::kFieldRelative) - wanted) < 5;
+        };
+        const int outcome = drive.Tune(kReversal, [&] {
+            EXPECT_EQ(drive.Drive().GetMotorState().armatureCurrent, 0) << c.name;
+            EXPECT_EQ(drive.Drive().GetSpeed(), 0) << c.name;
+            if (next == c.directions.size() || !isThere())
+                return;
+            const auto direction = static_cast<quint16>(c.directions[next++]);
+            drive.Drive().WriteRegister(reg::kFieldDirection, direction);
+            if (direction == 0 && c.endsMode)
+                drive.Drive().WriteRegister(reg::kServiceMode, 0);
+        });
+        EXPECT_EQ(outcome, c.outcome) << c.name;
+        EXPECT_EQ(drive.Drive().GetFaults().GetActive() != 0, c.isBroken) << c.name;
+        drive.Seconds(10);
+        EXPECT_FALSE(drive.Drive().IsContactorClosed()) << c.name;
+        EXPECT_NEAR(drive.Value(reg::kFieldRelative), 0, 1) << c.name;
+    }
+}
+
+// A supply that has become too weak for the other direction.
+TEST(FieldReversal, HasItsTime) {
+    for (const bool weak : {true, false}) {
+        WholeDrive drive("S2");
+        drive.SetValue(reg::kExciterUsed, 3);
+        int step = 0;
+        const int outcome = drive.Tune(kReversal, [&] {
+            if (step == 0)
+                drive.Drive().WriteRegister(reg::kFieldDirection, 1);
+            if (++step == 100) {
+                drive.SetValue(reg::kFieldSupply, weak ? 250 : 400);
+                drive.Drive().WriteRegister(reg::kFieldDirection, 2);
+            }
+            if (step == 200 && !weak)
+                drive.Drive().WriteRegister(reg::kFieldDirection, 0);
+        });
+        EXPECT_EQ(outcome, weak ? diagnosis::kReversalTooSlow : diagnosis::kNone);
+    }
+}
 
 TEST(ServiceMode, WaitsForTheStartAndGivesUpAfterAWhile) {
     WholeDrive drive("S2");

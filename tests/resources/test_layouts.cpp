@@ -339,7 +339,7 @@ TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {
     }
     for (const int picture :
          {10012, 10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022, 10023, 10024, 10025, 10026, 10028,
-          10029, 10031, 10032, 10034, 10035, 10036, 10037, 10038, 10039, 10046, 10047, 10049, 10050, 10051})
+          10029, 10030, 10031, 10032, 10034, 10035, 10036, 10037, 10038, 10039, 10046, 10047, 10049, 10050, 10051})
         EXPECT_FALSE(m_resources.GetPicture(picture, {}, 1.0).isNull()) << picture;
     EXPECT_TRUE(m_resources.GetPicture(1, {}, 1.0).isNull());
 }

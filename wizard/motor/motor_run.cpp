@@ -122,6 +122,16 @@ bool CMotorRun::SetReference(const QString& reference) {
     return IsWanted() && m_drive.SetReference(reference);
 }
 
+bool CMotorRun::Write(CParameter* parameter, quint16 word) {
+    return parameter && IsWanted() && parameter->SetValue(word, false) && WriteParameter(parameter);
+}
+
+void CMotorRun::EndMode() {
+    if (m_serviceMode && m_serviceMode->SetValue(0, false) && WriteParameter(m_serviceMode))
+        return;
+    Abort();
+}
+
 bool CMotorRun::StopMotor() {
     return m_drive.StopMotor();
 }
@@ -137,6 +147,10 @@ bool CMotorRun::Read(CParameter* parameter) {
     if (!read && std::ranges::find(m_unread, parameter) == m_unread.end())
         m_unread.push_back(parameter);
     return read;
+}
+
+bool CMotorRun::TryRead(CParameter* parameter) {
+    return parameter && Look() && parameter->ReadFromDrive();
 }
 
 void CMotorRun::TellAtOnce(BoxHold::Tell tell) {

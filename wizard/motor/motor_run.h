@@ -58,14 +58,21 @@ public:
     bool CloseContactor();
     bool StartMotor();
     bool SetReference(const QString& reference);
+    /// Sets and writes what the running mode goes by. A failure is told once the motor stands.
+    bool Write(CParameter* parameter, quint16 word);
 
     // Always allowed.
+    /// Writes 0 into 99.06, for the drive to end its mode itself; a drive that does not take it is left the hard way:
+    /// nobody wants the run any more.
+    void EndMode();
     bool StopMotor();
     bool OpenContactor();
 
     /// Looks, and then reads without a word; a failure is told once the motor stands. False also when the run is not
     /// wanted any more.
     bool Read(CParameter* parameter);
+    /// The same, for a reading that is repeated anyway: its failure is not told.
+    bool TryRead(CParameter* parameter);
 
     /// The way out (see MakeSafe), and then what failed on the way. Does nothing for a drive that is safe.
     bool MakeSafe(ServiceModeEnd modeEnd, bool keepsControl = false);

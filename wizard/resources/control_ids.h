@@ -25,6 +25,12 @@ enum ControlId : int {
     kIdAutotuningStart = 60202,
     kIdAutotuningProgress = 60203,
     kIdAutotuningDiagnosis = 60204,
+    // Of the field reversal assistant, beside those.
+    kIdFieldForward = 60205,
+    kIdFieldReverse = 60206,
+    kIdFieldStop = 60207,
+    kIdActualConverterLabel = 60208,
+    kIdActualConverter = 60209,
     // Of the speed controller's autotuning page.
     kIdSpeedResponse = 60211,
     kIdSpeedResponseSlow = 60212,

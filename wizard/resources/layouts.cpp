@@ -33,6 +33,7 @@ constexpr FullLayout kFullLayouts[] = {
     {133, ProtectionLayout},
     {134, TerminalsLayout},
     {135, EStopLayout},
+    {136, FieldReversalLayout},
     {137, FieldExciterLayout},
     {139, TwelvePulseLayout},
     {140, AnalogueOutputsLayout},
@@ -53,7 +54,6 @@ constexpr FullLayout kFullLayouts[] = {
 };
 
 constexpr PlainPage kPlainPages[] = {
-    {136, 278, false},
     {138, 286, false},
     {146, 298, false},
 };

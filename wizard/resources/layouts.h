@@ -20,6 +20,7 @@ DialogLayout DiagnosisLayout();                ///< 122
 DialogLayout ProtectionLayout();               ///< 133
 DialogLayout TerminalsLayout();                ///< 134
 DialogLayout EStopLayout();                    ///< 135
+DialogLayout FieldReversalLayout();            ///< 136
 DialogLayout FieldExciterLayout();             ///< 137
 DialogLayout TwelvePulseLayout();              ///< 139
 DialogLayout AnalogueOutputsLayout();          ///< 140

@@ -25,6 +25,7 @@ extern const PageRows kLimitRows;
 extern const PageRows k12PulseCommonRows;
 extern const PageRows k12PulseProtectionRows;
 extern const PageRows kEStopRows;
+extern const PageRows kFieldReversalRows;
 extern const PageRows kFieldExciterRows;
 extern const PageRows kConfigurableRows;
 
@@ -34,7 +35,7 @@ inline constexpr const PageRows* kAllPageRows[] = {
     &kSpeedControllerRows, &kSpeedGeneralRows,  &kSpeedFiltersRows,      &kSpeedLimitsRows,     &kSpeedFeedbackAutoRows,
     &kTachoManualRows,     &kAnalogueInputRows, &kAnalogueOutputRows,    &kDigitalTerminalRows, &kProtectionRows,
     &kLimitRows,           &k12PulseCommonRows, &k12PulseProtectionRows, &kEStopRows,           &kFieldExciterRows,
-    &kConfigurableRows,
+    &kFieldReversalRows,   &kConfigurableRows,
 };
 
 } // namespace krt550

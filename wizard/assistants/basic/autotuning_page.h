@@ -13,6 +13,7 @@ struct AutotuningVariant {
     int success;                  ///< string shown after it
     int step;                     ///< commissioning step marked done, 0 for none
     bool showsProgress = true;    ///< follows 424
+    bool ridesOutGaps = false;    ///< goes on when the drive does not answer a look at 9906
     bool readsOnceMore = true;    ///< reads 9906 and 424 a last time when the drive has finished
     bool judgesFirst = false;     ///< reads 911 and marks the step before the drive is stopped, not after
     bool readsFaultRecord = true; ///< after a failure: Diagnosis only for an active fault; otherwise always
@@ -54,6 +55,8 @@ protected:
     void ReportLoadErrors(const QString&) override {}
     /// Reads the results into their rows.
     virtual void RereadResults();
+    /// The drive carries the run out from now on, and obeys it; null: not any more, before the way out begins.
+    virtual void OnRunning(CMotorRun* /*run*/) {}
 
 private:
     // autotuning_page.cpp
@@ -69,6 +72,7 @@ private:
     Ending RunAutotuning(CMotorRun& run);
     Follow FollowDrive(CMotorRun& run);
     Ending CloseRun(CMotorRun& run, Follow follow);
+    bool LookAtDrive(CMotorRun& run);
     bool ReadProgress(CMotorRun& run);
     bool JudgeRun(CMotorRun& run);
     void EnableNavigation(bool enable);

@@ -35,7 +35,10 @@ Ending CAutotuningPage::RunAutotuning(CMotorRun& run) {
         return FailedOrAborted(run);
     }
     ShowProgress(0);
-    return CloseRun(run, FollowDrive(run));
+    OnRunning(&run);
+    const Follow follow = FollowDrive(run);
+    OnRunning(nullptr);
+    return CloseRun(run, follow);
 }
 
 CAutotuningPage::Follow CAutotuningPage::FollowDrive(CMotorRun& run) {
@@ -44,7 +47,7 @@ CAutotuningPage::Follow CAutotuningPage::FollowDrive(CMotorRun& run) {
             return Follow::NotWanted;
         if (cycle > kCycles)
             return Follow::TimedOut;
-        if (!ReadProgress(run))
+        if (!LookAtDrive(run))
             return run.IsWanted() ? Follow::NoAnswer : Follow::NotWanted;
         if (!run.PassCycle(kCycleMs))
             return Follow::NotWanted;
@@ -77,6 +80,14 @@ Ending CAutotuningPage::CloseRun(CMotorRun& run, Follow follow) {
     return good ? Ending::Succeeded : Ending::Failed;
 }
 
+/// One look of the run at how far the drive is.
+bool CAutotuningPage::LookAtDrive(CMotorRun& run) {
+    if (!m_definition.variant.ridesOutGaps)
+        return ReadProgress(run);
+    run.TryRead(m_serviceMode);
+    return run.IsWanted();
+}
+
 bool CAutotuningPage::ReadProgress(CMotorRun& run) {
     const bool modeRead = run.Read(m_serviceMode);
     if (!m_definition.variant.showsProgress)
@@ -90,8 +101,10 @@ bool CAutotuningPage::ReadProgress(CMotorRun& run) {
 bool CAutotuningPage::JudgeRun(CMotorRun& run) {
     if (!run.Read(m_diagnosis) || m_diagnosis->GetValue() != 0)
         return false;
-    SetStepState(m_definition.variant.step, StepState::Done);
-    UpdateStepIcons();
+    if (m_definition.variant.step > 0) {
+        SetStepState(m_definition.variant.step, StepState::Done);
+        UpdateStepIcons();
+    }
     return true;
 }
 

@@ -1,0 +1,156 @@
+// The field reversal assistant: the field is sent forward and back by hand, and what the drive has found is compared.
+#include "tests/assistants/tuning_drive.h"
+#include "tests/shell/wizard_fixture.h"
+
+#include "hostlib/tolvbo32/clock.h"
+#include "wizard/resources/control_ids.h"
+#include "wizard/shell/color_static.h"
+
+#include <QTest>
+#include <QTimer>
+
+namespace krt550 {
+namespace {
+
+const QString kCommandRefused = "Writing parameter 45.07 Field reversal command failed: simulated failure";
+const QString kModeRefused = "Writing parameter 99.06 Service mode failed: simulated failure";
+
+std::vector<ParameterDescription> Parameters() {
+    std::vector<ParameterDescription> parameters = TuningDrive::Parameters();
+    std::erase_if(parameters, [](const ParameterDescription& p) { return p.reg == 406; });
+    parameters.push_back(List(406, "Exciter found", {{0, "Off"}, {1, "On"}}));
+    return parameters;
+}
+
+class FieldReversal : public testing::Test {
+protected:
+    FieldReversal() {
+        m_drive.faultBufferError = 0;
+        m_drive.looksUntilDone = 0;
+        m_drive.onLook = [this](int look) {
+            // A click comes through the event queue, between two calls.
+            if (const auto click = m_clicks.find(look); click != m_clicks.end())
+                QTimer::singleShot(0, qApp, click->second);
+        };
+    }
+
+    void OnPage(const char* texts, const std::function<void()>& script) {
+        const WizardFiles files{QByteArray(texts)};
+        m_drive.wizardPath = files.WizardPath();
+        RunWizardWith(m_drive, [&] {
+            Robot::Press(kView);
+            Robot::Press(175);
+            Robot::Press(kNext);
+            m_drive.TakeLog();
+            script();
+        });
+    }
+    /// Which of Forward, Reverse and Stop can be pressed.
+    static QString Buttons() {
+        QString buttons;
+        for (const auto& [id, letter] : {std::pair{kIdFieldForward, 'F'}, {kIdFieldReverse, 'R'}, {kIdFieldStop, 'S'}})
+            buttons += Robot::IsEnabled(id) ? letter : '-';
+        return buttons;
+    }
+    /// Presses a button at this look of the run.
+    void At(int look, int button, const QString& before, const QString& after) {
+        m_clicks[look] = [=] {
+            EXPECT_EQ(Buttons(), before) << "before look " << look;
+            Robot::Press(button);
+            EXPECT_EQ(Buttons(), after) << "after look " << look;
+        };
+    }
+
+    CSteppedClock m_clock;
+    ClockScope m_clockScope{m_clock};
+    std::map<int, std::function<void()>> m_clicks;
+    TuningDrive m_drive{Parameters()};
+    MessageBoxes m_boxes;
+};
+
+TEST_F(FieldReversal, IsCommandedByHandDuringTheRun) {
+    OnPage("", [this] {
+        EXPECT_EQ(Buttons(), "---");
+        At(2, kIdFieldForward, "F-S", "-RS");
+        At(4, kIdFieldReverse, "-RS", "F-S");
+        At(6, kIdFieldForward, "F-S", "-RS");
+        At(8, kIdFieldStop, "-RS", "---");
+        for (const auto& [outcome, text] : {std::pair<quint16, QString>{0, "Autotuning field reversal successful"},
+                                            {7, FailureText("Motor turned")}}) {
+            m_drive.words[911] = outcome;
+            m_drive.TakeLog();
+            m_boxes.Expect("Attention:*");
+            m_boxes.Expect(text);
+            Robot::Press(kStartRun);
+            EXPECT_EQ(Buttons(), "---");
+            const QStringList log = m_drive.TakeLog();
+            EXPECT_EQ(log.filter("write"), (QStringList{"write 9906=9", "write 4507=1", "write 4507=2", "write 4507=1",
+                                                        "write 4507=0", "write 9906=0"}) +
+                                               QStringList(outcome ? QStringList{"write 9906=0"} : QStringList()));
+            EXPECT_EQ(log.mid(log.indexOf("write 9906=0") + 1).mid(0, 5), Stop() + QStringList{"read 911"});
+        }
+    });
+}
+
+// A look that fails is made up for by the next one, without a word.
+TEST_F(FieldReversal, RidesOutAGapOfTheLink) {
+    OnPage("", [this] {
+        m_clicks[2] = [this] { m_drive.unreadable.insert(9906); };
+        m_drive.onCall = [this, reads = 0](const QString& call) mutable {
+            if (call == "read 9906" && m_drive.unreadable.contains(9906) && ++reads == 20)
+                m_drive.unreadable.clear();
+        };
+        At(30, kIdFieldStop, "F-S", "---");
+        m_boxes.Expect("Attention:*");
+        m_boxes.Expect("Autotuning field reversal successful");
+        Robot::Press(kStartRun);
+        EXPECT_GT(m_clock.Now(), 200 + 20 * 50);
+        m_drive.onCall = {};
+    });
+}
+
+TEST_F(FieldReversal, SaysWhatWasRefusedOnceTheMotorStands) {
+    OnPage("", [this] {
+        At(2, kIdFieldForward, "F-S", "F-S");
+        m_clicks[4] = [this] {
+            m_drive.unwritable = {9906};
+            Robot::Press(kIdFieldStop);
+            m_drive.unwritable = {};
+        };
+        m_drive.unwritable = {4507};
+        m_boxes.Expect("Attention:*");
+        m_boxes.Expect(kCommandRefused).Then([this](QMessageBox&) { EXPECT_FALSE(m_drive.localControl); });
+        m_boxes.Expect(kModeRefused);
+        Robot::Press(kStartRun);
+        const QStringList log = m_drive.TakeLog();
+        EXPECT_EQ(log.mid(log.lastIndexOf("write 9906=0")), EndMode() + Stop()) << "a Stop stops, whatever is refused";
+        EXPECT_EQ(m_drive.words[9906], 0);
+    });
+}
+
+// The drive's own words decide, and what is there only after an update.
+TEST_F(FieldReversal, ComparesTheExciterFoundWithTheOneInUse) {
+    struct {
+        quint16 found, used;
+        const char* text;
+        QColor color;
+    } const cases[] = {{1, 1, "On", Qt::green}, {1, 0, "On", Qt::red}, {0, 0, "", QColor()}, {0, 1, "", QColor()}};
+    OnPage("UPDATE\t11\t100\n", [&] {
+        auto* shown = static_cast<CColorStatic*>(Robot::Control(kIdActualConverter));
+        Robot::Control(kHelp)->setFocus(); // a row in use is not refreshed
+        for (const auto& [found, used, text, color] : cases) {
+            m_drive.words[406] = found;
+            m_drive.words[9912] = used;
+            const qint64 end = m_clock.Now() + 250;
+            while (m_clock.Now() < end)
+                m_clock.WaitForEvents(end - m_clock.Now());
+            Robot::Drain();
+            EXPECT_EQ(shown->text(), text) << found << used;
+            const QColor face = shown->palette().color(QPalette::Button);
+            EXPECT_EQ(shown->GetColors().behindRest.value_or(face), color.isValid() ? color : face) << found << used;
+        }
+    });
+}
+
+} // namespace
+} // namespace krt550
