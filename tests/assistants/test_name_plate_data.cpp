@@ -58,24 +58,6 @@ TEST_F(NamePlateData, WritesOnlyWhatWasChanged) {
     });
 }
 
-TEST_F(NamePlateData, AttemptsEveryRowAfterAFailure) {
-    Run([this] {
-        Robot::Press(kStart);
-        Robot::Type(ValueId(9902), "240");
-        Robot::Type(ValueId(9910), "400");
-        m_drive.unwritable.insert(9902);
-        m_drive.TakeLog();
-        m_boxes.Expect("Writing parameter 99.02 Motor 1 nominal voltage failed: simulated failure");
-        Robot::Press(kNext);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 9902=240", "write 9910=400"}));
-        EXPECT_EQ(Robot::Layout(), 100);
-        m_drive.unwritable.clear();
-        Robot::Press(kNext);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList{"write 9902=240"}) << "still marked, tried again";
-        EXPECT_EQ(Robot::Layout(), 101);
-    });
-}
-
 TEST_F(NamePlateData, ChecksAnEditWhenItLosesTheFocus) {
     Run([this] {
         Robot::Press(kStart);
@@ -97,18 +79,6 @@ TEST_F(NamePlateData, ChecksAnEditWhenItLosesTheFocus) {
         Robot::Drain();
         m_boxes.Verify();
         EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList());
-    });
-}
-
-TEST_F(NamePlateData, HasNothingToTypeIntoWithoutADrivesParameters) {
-    m_drive.hasRoot = false;
-    Run([this] {
-        Robot::Press(kStart);
-        EXPECT_FALSE(Robot::IsEnabled(ValueId(9901)) || Robot::IsEnabled(ValueId(9902)));
-        m_drive.hasRoot = true;
-        Robot::Press(kBack);
-        Robot::Press(kStart);
-        EXPECT_TRUE(Robot::IsEnabled(ValueId(9901)) && Robot::IsEnabled(ValueId(9902)));
     });
 }
 
@@ -137,46 +107,6 @@ TEST_F(NamePlateData, FollowsTheDriveWhileShownAndOnlyThen) {
         EXPECT_EQ(m_drive.TakeLog(), kReads) << "read afresh";
         EXPECT_EQ(Robot::Text(ValueId(9904)), "1000");
         EXPECT_EQ(readsInAPeriod(), 1) << "one timer, however often the page is entered";
-    });
-}
-
-TEST_F(NamePlateData, ShowsTheOtherRowsOfADriveThatLacksOne) {
-    FakeDrive drive(NamePlateParameters({3016}));
-    drive.wizardPath = m_drive.wizardPath;
-    RunWizardWith(drive, [&] {
-        m_boxes.Expect("- Parameter 3016 not found from drive.\n\nUnable to use the specified parameter.\n");
-        Robot::Press(kStart);
-        m_boxes.Verify();
-        EXPECT_FALSE(Robot::IsEnabled(ValueId(3016)));
-        EXPECT_EQ(Robot::Text(ValueId(9902)), "5");
-        QStringList reads = kReads;
-        reads.removeOne("read 3016");
-        EXPECT_EQ(drive.TakeLog(), reads);
-        Robot::Type(ValueId(9910), "400");
-        Robot::Press(kApply);
-        EXPECT_EQ(drive.TakeLog(), (QStringList{"write 9910=400", "read 9910"})) << "and no cyclic reads in between";
-        Robot::Press(kNext);
-        EXPECT_EQ(Robot::Layout(), 101);
-    });
-}
-
-TEST_F(NamePlateData, OpensAlthoughTheDriveDoesNotAnswer) {
-    for (const auto& parameter : NamePlateParameters())
-        m_drive.unreadable.insert(parameter.reg);
-    Run([this] {
-        QStringList others;
-        for (const auto& parameter : NamePlateParameters())
-            others.append(QString::number(parameter.reg) + ' ' + parameter.name);
-        others.removeFirst();
-        m_boxes.Expect("Reading parameter 99.01 Language failed: simulated failure\n\nThe same happened with:\n" +
-                       others.join('\n'));
-        Robot::Press(kStart);
-        EXPECT_EQ(Robot::Layout(), 100);
-        EXPECT_EQ(Robot::Text(ValueId(9901)) + Robot::Text(ValueId(9902)), "");
-        m_drive.unreadable.clear();
-        Robot::Press(kBack);
-        Robot::Press(kStart);
-        EXPECT_EQ(Robot::Text(ValueId(9902)), "5");
     });
 }
 

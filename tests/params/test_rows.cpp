@@ -232,16 +232,5 @@ TEST_F(Rows, StartTheUpdateWhenTheTableSaysSo) {
     }
 }
 
-TEST_F(Rows, TakeTheirTextsFromTheConfigurableFile) {
-    CRowTable rows(m_window, kRows, TextSource::ConfigurableFile);
-    EXPECT_TRUE(rows.Bind(&m_drive.Root(), errors));
-    EXPECT_EQ(Switch().currentText(), "Slow");
-    m_drive.TakeLog();
-    Choose(&Switch(), "Fast");
-    EXPECT_TRUE(rows.Write());
-    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 201=2", "read 201"}));
-    EXPECT_EQ(Switch().currentText(), "Fast");
-}
-
 } // namespace
 } // namespace krt550

@@ -21,14 +21,10 @@ protected:
     }
 };
 
-TEST_F(InputTableTest, SelectorsComeOnceInFileOrder) {
+TEST_F(InputTableTest, SelectorsAndConnectionsComeInFileOrder) {
     EXPECT_EQ(m_store.GetDIRegisters(), (QList<quint16>{1002, 1001}));
     EXPECT_EQ(m_store.GetAIRegisters(), (QList<quint16>{1103, 1104, 1105}));
-}
-
-TEST_F(InputTableTest, ConnectionsOfAnInput) {
     EXPECT_EQ(m_store.GetDIConnections(1002, 1), (QList<ValueText>{{1, U("Reverse")}, {11, U("? (N/A)")}}));
-    EXPECT_EQ(m_store.GetDIConnections(1002, 2), (QList<ValueText>{{12, U("? (N/A)")}}));
     EXPECT_EQ(m_store.GetAIConnections(1103, 3), QList<ValueText>());
     EXPECT_EQ(m_store.GetAIConnections(1104, 4), (QList<ValueText>{{4, U("? (N/A)")}}));
     for (const int input : {-1, 0, 9})
