@@ -67,6 +67,9 @@ TEST_F(Rows, TakeTheirRegisterAtRunTime) {
     Slot().Enter("6");
     EXPECT_TRUE(Slot().Write()) << "as if the user had typed it";
     EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList{"write 102=6"});
+    Slot().Enter("7");
+    Slot().SetRegister(201);
+    EXPECT_FALSE(IsChanged(102)) << "what was typed belonged to the parameter before";
 }
 
 TEST_F(Rows, OfferTheirChoicesInOrder) {

@@ -41,6 +41,7 @@ TEST(StripBitmapButton, GrowsWithTheFontAsTheDigitsDo) {
         button.LoadStripBitmap(10066);
         digit.setFont(large);
         ShowStepIcon(digit, 3, StepState::Done);
+        EXPECT_TRUE(!digit.toolTip().isEmpty() && digit.toolTip() == digit.accessibleName());
         EXPECT_NEAR(button.height(), 23 * height, 3 * height);
         EXPECT_NEAR(digit.pixmap(Qt::ReturnByValue).deviceIndependentSize().height(), 16 * height, 2 * height);
     }

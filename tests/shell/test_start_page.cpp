@@ -14,11 +14,20 @@ TEST_F(StartPage, OpensWithItsTextsInTheBasicView) {
                   EXPECT_EQ(Robot::Layout(), 107);
                   const std::pair<int, const char*> texts[] = {
                       {182, "Welcome to the KRT550 assistant"},
+                      {181, "Assistants"},
                       {159, "Start basic commissioning (1 to 7):"},
+                      {158, "Start"},
+                      {161, "or choose specific assistants"},
+                      {162, "Basic:"},
                       {170, "Advanced"},
+                      {163, "Basic commissioning steps done:"},
+                      {93, "Help"},
+                      {98, "Apply"},
                       {96, "< Back"},
+                      {95, "Next >"},
                       {91, "Close"},
                       {60021, "Version: 2.0"},
+                      {166, "4. Autotuning armature current controller"},
                   };
                   for (const auto& [id, text] : texts)
                       EXPECT_EQ(Robot::Text(id), text) << id;
