@@ -57,24 +57,6 @@ TEST_F(NamePlateData, WritesOnlyWhatWasChanged) {
     });
 }
 
-TEST_F(NamePlateData, AttemptsEveryRowAfterAFailure) {
-    Run([this] {
-        Robot::Press(kStart);
-        Robot::Type(ValueId(9902), "240");
-        Robot::Type(ValueId(9910), "400");
-        m_drive.unwritable.insert(9902);
-        m_drive.TakeLog();
-        m_boxes.Expect("Writing parameter 99.02 Motor 1 nominal voltage failed: simulated failure");
-        Robot::Press(kNext);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 9902=240", "write 9910=400"}));
-        EXPECT_EQ(Robot::Layout(), 100);
-        m_drive.unwritable.clear();
-        Robot::Press(kNext);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList{"write 9902=240"}) << "still marked, tried again";
-        EXPECT_EQ(Robot::Layout(), 101);
-    });
-}
-
 TEST_F(NamePlateData, ChecksAnEditWhenItLosesTheFocus) {
     Run([this] {
         Robot::Press(kStart);

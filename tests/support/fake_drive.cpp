@@ -83,30 +83,6 @@ bool FakeDrive::Note(const QString& call) {
     return passes;
 }
 
-ParameterDescription Number(quint16 reg, const QString& name, int decimals, double minimum, double maximum,
-                            const QString& unit) {
-    ParameterDescription parameter;
-    parameter.reg = reg;
-    parameter.name = name;
-    parameter.unit = unit;
-    parameter.decimals = decimals;
-    parameter.minimum = minimum;
-    parameter.maximum = maximum;
-    parameter.defaultValue = minimum > 0 ? minimum : 0;
-    parameter.dataType = minimum < 0 ? DataType::Signed16 : DataType::Unsigned16;
-    return parameter;
-}
-
-ParameterDescription List(quint16 reg, const QString& name, std::vector<std::pair<quint16, QString>> values) {
-    ParameterDescription parameter;
-    parameter.reg = reg;
-    parameter.name = name;
-    parameter.type = ParameterType::ValueList;
-    parameter.defaultValue = values.front().first;
-    parameter.values = std::move(values);
-    return parameter;
-}
-
 std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& missing) {
     std::vector<ParameterDescription> parameters = {
         List(9901, "Language", {{0, "English"}, {1, "Deutsch"}, {3, "Suomi"}}),
