@@ -78,6 +78,8 @@ void CSimulatedDrive::Pass(qint64 milliseconds) {
 }
 
 void CSimulatedDrive::ReadParameters() {
+    if (m_registers.GetWord(reg::kLoadMacro) != 0)
+        LoadMacro();
     const PhaseDefect phases = m_mains.GetPhases();
     m_control.SetMains(m_mains.GetVoltage(), LineInductanceOf(m_set),
                        phases == PhaseDefect::Missing || phases == PhaseDefect::FuseBlown);

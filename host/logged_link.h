@@ -14,6 +14,7 @@ public:
 
     bool ReadWord(quint16 reg, quint16& word) override;
     bool WriteWord(quint16 reg, quint16 word) override;
+    void Announce(std::span<const quint16> registers) override { m_link.Announce(registers); }
     QString LastErrorText() const override { return m_link.LastErrorText(); }
 
 private:

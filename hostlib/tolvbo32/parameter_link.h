@@ -3,6 +3,8 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <span>
+
 namespace krt550 {
 
 /// How parameter objects reach the drive; the host implements it. Every parameter access of the wizard passes
@@ -16,6 +18,12 @@ public:
     virtual bool WriteWord(quint16 reg, quint16 word) = 0;
     /// Text of the last failure, for a person.
     virtual QString LastErrorText() const = 0;
+    /// Says which registers are about to be read one after the other, in about this order; it takes the place of the
+    /// former announcement, and an empty one ends it. A link that can fetch many registers in one request may fetch
+    /// these from now on, and hands each value out once. It never hands out what was fetched before the announcement,
+    /// or before a write or a command that the drive was given since. Other links ignore it; links in front of another
+    /// one pass it on.
+    virtual void Announce(std::span<const quint16> registers) { static_cast<void>(registers); }
 };
 
 } // namespace krt550

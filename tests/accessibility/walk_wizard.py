@@ -129,7 +129,8 @@ def check_page(wizard):
         where = f'{node.get_role().value_nick} "{node.get_name()}" of "{wizard.title()}"'
         if not node.get_name().strip():
             raise Trouble(f"{where} has no name")
-        if node.get_role() == ROLE.COMBO_BOX and not label_of(node):  # its name is its choice
+        # The name of a drop-down is its choice; one that is disabled and empty has a name of its own.
+        if node.get_role() == ROLE.COMBO_BOX and has(node, STATE.ENABLED) and not label_of(node):
             raise Trouble(f"{where} has no label")
         if node.get_role() in (ROLE.UNKNOWN, ROLE.INVALID):
             raise Trouble(f"{where} has no role")

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "hostlib/tolvbo32/clock.h"
-#include "tests/assistants/shipped_drive.h"
 #include "tests/shell/wizard_fixture.h"
+#include "tests/support/shipped_drive.h"
 
 #include <QComboBox>
 #include <QTabBar>

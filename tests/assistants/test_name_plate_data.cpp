@@ -1,6 +1,5 @@
 #include "tests/shell/wizard_fixture.h"
 
-#include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/resources/page_rows.h"
 
@@ -109,34 +108,6 @@ TEST_F(NamePlateData, HasNothingToTypeIntoWithoutADrivesParameters) {
         Robot::Press(kBack);
         Robot::Press(kStart);
         EXPECT_TRUE(Robot::IsEnabled(ValueId(9901)) && Robot::IsEnabled(ValueId(9902)));
-    });
-}
-
-TEST_F(NamePlateData, FollowsTheDriveWhileShownAndOnlyThen) {
-    CSteppedClock clock;
-    const ClockScope scope(clock);
-    Run([&, this] {
-        Robot::Press(kStart);
-        m_drive.words[9904] = 1234;
-        clock.WaitForEvents(5);
-        EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(ValueId(9904)) == "1234"; }));
-        const auto readsInAPeriod = [&, this] {
-            m_drive.TakeLog();
-            const qint64 end = clock.Now() + 5;
-            while (clock.Now() < end)
-                clock.WaitForEvents(end - clock.Now());
-            Robot::Drain();
-            return m_drive.TakeLog({"read 9904"}).size();
-        };
-        EXPECT_EQ(readsInAPeriod(), 1);
-        Robot::Press(kNext);
-        EXPECT_EQ(readsInAPeriod(), 0);
-        m_drive.words[9904] = 1000;
-        m_drive.TakeLog();
-        Robot::Press(kBack);
-        EXPECT_EQ(m_drive.TakeLog(), kReads) << "read afresh";
-        EXPECT_EQ(Robot::Text(ValueId(9904)), "1000");
-        EXPECT_EQ(readsInAPeriod(), 1) << "one timer, however often the page is entered";
     });
 }
 

@@ -66,21 +66,21 @@ TEST_F(TachoManual, TurnsTheMotorWhileLocalControlIsHeld) {
     });
 }
 
-// Asking whether to take control takes time, in which the tab looks after a control that nobody has yet; once it is held
-// and another place takes the drive, nothing may be pressed that has no effect.
+// Asking whether to take control takes time, in which the tab looks after a control that nobody has yet; once it is
+// held and another place takes the drive, nothing may be pressed that has no effect.
 TEST_F(TachoManual, LooksAfterLocalControlOnlyWhileItIsHeld) {
     OnTab([&] {
-        CWindow* tab = CWindow::OwnerOf(Robot::Control(kIdLocalOrRemote));
+        CWindow* page = CWindow::OwnerOf(Robot::Control(kNext));
         m_boxes.Expect(kWarning).Then([&](QMessageBox&) {
-            tab->SetTimer(5, 10);
-            m_clock.WaitForEvents(10);
+            page->SetTimer(5, 10);
+            while (m_clock.Now() < 30)
+                m_clock.WaitForEvents(10);
         });
         Robot::Press(kIdLocalOrRemote);
         ExpectDriveButtons(true);
         EXPECT_EQ(Robot::Text(kIdNotice), "");
         m_drive.localControl = false;
-        m_clock.WaitForEvents(10);
-        Robot::Drain();
+        EXPECT_TRUE(Robot::WaitUntil([] { return !Robot::IsEnabled(kIdStartMotor); }));
         ExpectDriveButtons(false);
         EXPECT_EQ(Robot::Text(kIdNotice), "Local control was lost: another control place has taken the drive.");
         Robot::Type(kIdReference, "abc");

@@ -188,6 +188,9 @@ TEST(MacroFile, TellsWhatIsWrongWithItsLines) {
 
 TEST(MacroFile, AMacroThatIsNotInItIsRefused) {
     WholeDrive drive("S2");
+    drive.SetValue(reg::kLoadMacro, 1); // from the panel
+    drive.Seconds(0.1);
+    EXPECT_EQ(drive.Value(reg::kLoadMacro), 0);
     EXPECT_FALSE(Do(drive.Drive(), "9907=1"));
     EXPECT_EQ(drive.Drive().GetLastError(), QStringLiteral("The drive has no application macro 0."));
     EXPECT_EQ(drive.Value(reg::kLoadMacro), 0);

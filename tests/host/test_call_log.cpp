@@ -53,6 +53,8 @@ public:
     }
     bool WriteWord(quint16, quint16) override { return answer; }
     QString LastErrorText() const override { return QStringLiteral("no\nreply"); }
+    void Announce(std::span<const quint16> registers) override { announced = registers.size(); }
+    std::size_t announced = 0;
 };
 
 class CallLog : public testing::Test {
@@ -66,6 +68,9 @@ protected:
 TEST_F(CallLog, WritesALineForEveryParameterAccess) {
     CYesNoLink inner;
     CLoggedLink link(inner, m_log);
+    const quint16 next[] = {9902, 801};
+    link.Announce(next);
+    EXPECT_EQ(inner.announced, 2U) << "passed on without a line";
     quint16 word = 0;
     EXPECT_TRUE(link.ReadWord(9902, word));
     EXPECT_EQ(word, 440);

@@ -1,17 +1,23 @@
 // The gate: what happens between two steps of a start decides whether the next one happens.
 #include "tests/motor/motor_fixture.h"
 
+#include "wizard/platform/window.h"
+
+#include <QApplication>
 #include <QTimer>
 
 namespace krt550 {
 namespace {
 
-using Gate = MotorFixture;
+const QStringList kAlive = {"write 9906=1", "take local control", "close contactor", "start motor", "read 801"};
 
-const QStringList kAlive = {"write 9906=1", "take local control", "close contactor", "start motor"};
+class Gate : public MotorFixture {
+protected:
+    /// Aborts a run in every one of its calls, or by an event that comes meanwhile.
+    void AbortEverywhere(bool byEvent);
+};
 
-// Aborted at any moment, nothing makes the drive more alive afterwards.
-TEST_F(Gate, LetsNothingThroughOnceNobodyWantsTheRun) {
+void Gate::AbortEverywhere(bool byEvent) {
     drive.words[801] = 1;
     for (int n = 1;; ++n) {
         int calls = 0;
@@ -22,10 +28,13 @@ TEST_F(Gate, LetsNothingThroughOnceNobodyWantsTheRun) {
             drive.onCall = [&](const QString& call) {
                 if (aborted && kAlive.contains(call))
                     afterwards.append(call);
-                if (++calls == n) {
+                if (++calls != n)
+                    return;
+                aborted = true;
+                if (byEvent)
+                    QMetaObject::invokeMethod(qApp, AbortMotorRun, Qt::QueuedConnection);
+                else
                     run.Abort();
-                    aborted = true;
-                }
             };
             if (run.IsPermitted() && run.Start(1, 200))
                 run.Wait(50);
@@ -34,9 +43,41 @@ TEST_F(Gate, LetsNothingThroughOnceNobodyWantsTheRun) {
         EXPECT_FALSE(drive.localControl) << n;
         EXPECT_EQ(drive.words[9906], 0) << n;
         drive.onCall = {};
+        QCoreApplication::sendPostedEvents();
         if (!aborted)
             break;
     }
+}
+
+// Aborted at any moment, nothing makes the drive more alive afterwards, and nothing is asked but what the way out asks.
+TEST_F(Gate, LetsNothingThroughOnceNobodyWantsTheRun) {
+    AbortEverywhere(false);
+    AbortEverywhere(true);
+}
+
+// Input comes before timers: what has fallen due waits for the end of a cycle, and for whoever wants out.
+TEST_F(Gate, ServesTimersAfterACycleOnly) {
+    struct CTicking : CWindow {
+        CTicking() : CWindow(1) {}
+        void OnTimer(int) override { ++ticks; }
+        int ticks = 0;
+    } window;
+    window.SetTimer(1, 10);
+    auto run = Turn();
+    clock.Sleep(100);
+    EXPECT_TRUE(run->Look());
+    EXPECT_TRUE(run->Wait(50));
+    EXPECT_EQ(window.ticks, 0);
+    EXPECT_TRUE(run->PassCycle(50));
+    EXPECT_EQ(window.ticks, 1) << "once, however often it fell due";
+    clock.Sleep(20);
+    QMetaObject::invokeMethod(qApp, AbortMotorRun, Qt::QueuedConnection);
+    EXPECT_FALSE(run->PassCycle(0));
+    EXPECT_EQ(window.ticks, 1);
+    run.reset();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.ticks, 2) << "when the event loop is back";
+    window.KillAllTimers();
 }
 
 TEST_F(Gate, SeesTheAbortWhileTimePasses) {

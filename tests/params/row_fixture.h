@@ -83,6 +83,14 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
     }
 
+    /// A whole update pass.
+    void Pass() {
+        UpdateParameters(m_window, m_window.timer);
+        EndPass();
+    }
+    void EndPass() {
+        EXPECT_TRUE(QTest::qWaitFor([] { return !IsUpdatePassOn(); }));
+    }
     bool Bind() { return m_rows.Bind(&m_drive.Root(), errors); }
     CRow& Row(quint16 reg) { return *m_rows.Find(reg); }
     CRow& Slot() { return m_rows[5]; }

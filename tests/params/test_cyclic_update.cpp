@@ -1,5 +1,7 @@
 #include "tests/params/row_fixture.h"
 
+#include "hostlib/tolvbo32/clock.h"
+#include "tests/support/batching_link.h"
 #include "wizard/platform/control_text.h"
 
 #include <QTest>
@@ -15,7 +17,12 @@ protected:
         m_window.setFocus();
         m_drive.TakeLog();
     }
-    void Pass() { UpdateParameters(m_window, m_window.timer); }
+    /// Turns of the event loop up to the next drive call.
+    void TakeTurn() {
+        m_drive.TakeLog();
+        while (IsUpdatePassOn() && m_drive.TakeLog().isEmpty())
+            QCoreApplication::processEvents();
+    }
 };
 
 TEST_F(CyclicUpdate, FollowsTheDriveWithoutMarking) {
@@ -65,6 +72,89 @@ TEST_F(CyclicUpdate, NeverLosesAKeystroke) {
         ASSERT_EQ(edit101.text(), typed);
     }
     EXPECT_TRUE(IsChanged(101));
+}
+
+// One read a turn: whatever a person does in between counts, and nothing that has gone is touched.
+TEST_F(CyclicUpdate, LetsInputInBetweenItsReads) {
+    UpdateParameters(m_window, m_window.timer);
+    EXPECT_EQ(m_drive.TakeLog(), QStringList()) << "the timer's call reads nothing itself";
+    TakeTurn();
+    Type(102, "7");
+    EXPECT_TRUE(IsChanged(102)) << "typed during a pass";
+    m_window.setFocus();
+    m_drive.words[102] = 99;
+    EndPass();
+    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"read 101", "read 301"}));
+    EXPECT_EQ(Edit(102).text(), "7");
+    EXPECT_FALSE(IsChanged(101)) << "what the pass shows marks nothing";
+
+    using End = std::function<void()>;
+    int timer = m_window.SetTimer(7, 60000);
+    for (const End& end :
+         {End(ClearUpdateList), End(EndUpdatePass), End([&] { StopParameterUpdate(m_window, timer); })}) {
+        errors.clear();
+        Bind();
+        UpdateParameters(m_window, timer);
+        TakeTurn();
+        end();
+        EXPECT_FALSE(IsUpdatePassOn());
+        m_drive.TakeLog();
+        QTest::qWait(5);
+        EXPECT_EQ(m_drive.TakeLog(), QStringList());
+    }
+}
+
+TEST_F(CyclicUpdate, EndsWithItsWindow) {
+    auto window = std::make_unique<CTickingWindow>();
+    ASSERT_TRUE(window->Create());
+    UpdateParameters(*window, window->timer);
+    TakeTurn();
+    EXPECT_TRUE(IsUpdatePassOn());
+    window.reset();
+    EXPECT_FALSE(IsUpdatePassOn());
+}
+
+// A pass takes as long as the drive; the period begins when it is over.
+TEST_F(CyclicUpdate, CountsThePeriodFromTheEndOfThePass) {
+    CSteppedClock clock;
+    const ClockScope scope(clock);
+    constexpr int kPeriodMs = 50;
+    QList<qint64> begins;
+    m_drive.onCall = [&](const QString& call) {
+        if (call == "read 201")
+            begins.append(clock.Now());
+        clock.Sleep(100);
+    };
+    m_window.timer = m_window.SetTimer(7, kPeriodMs);
+    while (begins.size() < 3)
+        clock.WaitForEvents(1000);
+    EXPECT_EQ(begins, (QList<qint64>{50, 500, 950}));
+    m_window.KillAllTimers();
+    ClearUpdateList();
+    m_drive.onCall = {};
+}
+
+// What is shown twice is read once, and a link that is told beforehand asks once for all.
+TEST_F(CyclicUpdate, AsksForEverythingAtOnceWhereTheLinkCan) {
+    CBatchingLink link(m_drive);
+    ClearUpdateList();
+    m_drive.SetTreeLink(link);
+    Bind();
+    EXPECT_EQ(link.TakeRequests(), QStringList("fetch 201 101 102 301"));
+    RegisterForUpdate(m_rows.Find(101)->GetParameter(), &Edit(102));
+    m_drive.words[101] = 15;
+    Pass();
+    EXPECT_EQ(link.TakeRequests(), QStringList("fetch 201 101 102 301"));
+    EXPECT_EQ(Edit(101).text(), "1.5");
+
+    UpdateParameters(m_window, m_window.timer);
+    TakeTurn();
+    m_rows.Find(102)->Enter("5");
+    EXPECT_TRUE(m_rows.Find(102)->Write());
+    EXPECT_EQ(Edit(102).text(), "5") << "not what was fetched before the write";
+    m_drive.words[101] = 25;
+    EndPass();
+    EXPECT_EQ(Edit(101).text(), "2.5");
 }
 
 TEST_F(CyclicUpdate, StopsOnceAndSaysSoWhenAReadFails) {

@@ -1,5 +1,6 @@
 // Help shows the topic of the page in front, from the book as it is shipped.
 #include "tests/shell/wizard_fixture.h"
+#include "tests/support/shipped_drive.h"
 
 #include <QApplication>
 #include <QTextBrowser>
@@ -15,7 +16,8 @@ QTextBrowser* OpenTopic() {
 }
 
 TEST_F(WizardFixture, HelpShowsTheTopicOfThePageInFront) {
-    m_drive.wizardPath = QStringLiteral(KRT550_WIZARD_FILES "/KRT550Wizard.so");
+    FakeDrive drive(ShippedParameters());
+    drive.wizardPath = QStringLiteral(KRT550_WIZARD_FILES "/KRT550Wizard.so");
     // A page, its check box, its topic; 0 stands for the start page.
     const struct {
         int box;
@@ -24,7 +26,7 @@ TEST_F(WizardFixture, HelpShowsTheTopicOfThePageInFront) {
                  {168, "6.htm"},     {169, "7.htm"},  {171, "8.htm"},  {173, "9.htm"},  {174, "10.htm"}, {175, "11.htm"},
                  {176, "12.htm"},    {177, "13.htm"}, {178, "14.htm"}, {179, "15.htm"}, {180, "16.htm"}};
     for (const auto& page : pages) {
-        Run([&] {
+        RunWizardWith(drive, [&] {
             if (page.box) {
                 if (!Robot::Find(page.box))
                     Robot::Press(kView);

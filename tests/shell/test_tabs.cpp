@@ -82,7 +82,11 @@ public:
     }
     CFirstTab first;
     CRowTabPage second{kSecondRows};
+    int paints = 0;
     using CRowPage::GetTabs;
+
+protected:
+    void paintEvent(QPaintEvent*) override { ++paints; }
 };
 
 /// Three update periods, as another timer of that period sees them.
@@ -157,7 +161,9 @@ TEST_F(Tabs, AreReadWhenTheyComeToTheFrontOrThePageDoesWithThem) {
         EXPECT_EQ(m_drive.TakeLog().mid(0, 1), (QStringList{"read 3009"}));
         LeavePage();
         m_drive.TakeLog();
+        m_page->paints = 0;
         ShowPage();
+        EXPECT_GT(m_page->paints, 0) << "before any timer can come";
         EXPECT_EQ(m_drive.TakeLog().mid(0, 2), (QStringList{"read 3009", "read 9902"})) << "only the tab in front";
         m_drive.words[9904] = 44;
         ClickTab(0);

@@ -20,10 +20,11 @@ inline constexpr int kReset = 99;
 
 /// Texts that the tests of pages count on.
 inline const WizardFiles& PageFiles() {
-    static const WizardFiles files("UPDATE\t1\t5\nUPDATE\t3\t5\nTOOLTIP\t9902\tVoltage of the name plate\n"
-                                   "ENABLESTART\t3\t9912\t1,\"2\",,3\nENABLESTART\t7\t4401\t1\n"
-                                   "SLIDERVAL\t4\t2306\t200\n",
-                                   "NAME\tPage of the file\n");
+    static const WizardFiles files(
+        "UPDATE\t1\t5\nUPDATE\t3\t5\nUPDATE\t5\t50\nTOOLTIP\t9902\tVoltage of the name plate\n"
+        "ENABLESTART\t3\t9912\t1,\"2\",,3\nENABLESTART\t7\t4401\t1\n"
+        "SLIDERVAL\t4\t2306\t200\n",
+        "NAME\tPage of the file\n");
     return files;
 }
 

@@ -8,10 +8,15 @@
 
 namespace krt550 {
 
-FakeDrive::FakeDrive(std::vector<ParameterDescription> parameters) : m_root(BuildParameterTree(parameters, this)) {
+FakeDrive::FakeDrive(std::vector<ParameterDescription> parameters)
+    : m_parameters(std::move(parameters)), m_root(BuildParameterTree(m_parameters, this)) {
     QString error;
-    for (const ParameterDescription& parameter : parameters)
+    for (const ParameterDescription& parameter : m_parameters)
         words[parameter.reg] = WordOfNumber(parameter, parameter.defaultValue, error).value_or(0);
+}
+
+void FakeDrive::SetTreeLink(CParameterLink& link) {
+    m_root = BuildParameterTree(m_parameters, &link);
 }
 
 QStringList FakeDrive::TakeLog() {

@@ -45,6 +45,8 @@ public:
     QString wizardPath;
 
     CParameterGroup& Root() { return *m_root; }
+    /// Lets the parameters reach the drive through a link that passes on to it. Before anybody has asked for the root.
+    void SetTreeLink(CParameterLink& link);
 
     // CParameterLink
     bool ReadWord(quint16 reg, quint16& word) override;
@@ -84,6 +86,7 @@ private:
     bool Note(const QString& call);
     bool Passes(const QString& call) const { return !fails || !fails(call); }
 
+    std::vector<ParameterDescription> m_parameters;
     QStringList m_log;
     std::unique_ptr<CParameterGroup> m_root;
 };

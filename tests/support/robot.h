@@ -10,8 +10,8 @@ namespace krt550 {
 
 class CHostDrive;
 
-/// Acts on the window in front by control id, with the hands that play the plays (host/hands). What cannot be done fails
-/// the test.
+/// Acts on the window in front by control id, with the hands that play the plays (host/hands). What cannot be done
+/// fails the test.
 class Robot {
 public:
     /// The modal window in front; null when there is none.

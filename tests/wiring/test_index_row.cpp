@@ -20,7 +20,7 @@ constexpr IndexRowIds kIds{.label = 1, .choice = 2, .index = 3, .value = 4, .uni
 class RowResources : public CModuleResources {
 public:
     std::optional<DialogLayout> GetLayout(int) const override {
-        DialogLayout layout{.number = 1, .width = 200, .height = 100};
+        DialogLayout layout{.number = 1, .width = 200, .height = 100, .caption = {}, .controls = {}};
         const ControlKind kinds[] = {ControlKind::Label, ControlKind::DropDown, ControlKind::Edit, ControlKind::Label,
                                      ControlKind::Label};
         for (int id = 1; id <= 5; ++id)

@@ -6,9 +6,11 @@
 #include "wizard/motor/make_safe.h"
 #include "wizard/motor/motor_state.h"
 #include "wizard/motor/standstill.h"
+#include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/message_queue.h"
 #include "wizard/platform/modal_frame.h"
+#include "wizard/platform/timer_hold.h"
 
 #include <algorithm>
 #include <utility>
@@ -36,26 +38,48 @@ bool CMotorRun::IsWanted() {
     return !m_aborted && !IsMotorStopping();
 }
 
+bool CMotorRun::Look() {
+    const TimerHold hold;
+    DrainMessageQueue();
+    return IsWanted();
+}
+
 bool CMotorRun::Wait(qint64 milliseconds) {
+    const TimerHold hold;
     return WaitInEventLoop(milliseconds, [this] { return IsWanted(); });
 }
 
+bool CMotorRun::PassCycle(qint64 milliseconds) {
+    if (!Wait(milliseconds))
+        return false;
+    ServeDueTimers([this] { return Look(); });
+    return IsWanted();
+}
+
+// Whoever aborts it in between has gone the way out, or the run's end does.
 bool CMotorRun::IsPermitted() {
-    if (!IsWanted())
+    EndUpdatePass(); // what it has read ahead is older than the run
+    if (!Look())
         return false;
     m_drive.RefreshState();
-    if (m_drive.IsLocalControlActive() || IsSwitchedOn(m_drive).value_or(false) || !IsWanted())
+    if (!Look() || m_drive.IsLocalControlActive() || IsSwitchedOn(m_drive).value_or(false) || !Look())
         return false;
     TakeLocalControl();
+    if (!Look())
+        return false;
     m_drive.RefreshState();
     const bool permitted = m_drive.IsLocalControlActive();
+    if (!Look())
+        return false;
     GetMotorState().holdsControl = !m_drive.ReleaseLocalControl() && permitted;
+    if (!Look())
+        return false;
     m_drive.RefreshState();
-    return permitted && IsWanted();
+    return permitted && Look();
 }
 
 bool CMotorRun::Start(quint16 mode, int settleMs) {
-    if (!m_serviceMode || !IsWanted())
+    if (!m_serviceMode || !Look())
         return false;
     GoLive();
     GetMotorState().serviceMode = m_serviceMode;
@@ -63,12 +87,14 @@ bool CMotorRun::Start(quint16 mode, int settleMs) {
     if (!WriteParameter(m_serviceMode) || !Wait(settleMs))
         return false;
     m_drive.RefreshState();
-    if (!m_drive.IsLocalControlActive() && !TakeLocalControl())
+    if (!Look() || (!m_drive.IsLocalControlActive() && !TakeLocalControl()))
         return false;
     GetMotorState().holdsControl = true;
-    CloseContactor();
-    StartMotor();
-    return IsWanted();
+    if (Look())
+        CloseContactor();
+    if (Look())
+        StartMotor();
+    return Look();
 }
 
 bool CMotorRun::TakeLocalControl() {
@@ -105,7 +131,7 @@ bool CMotorRun::OpenContactor() {
 }
 
 bool CMotorRun::Read(CParameter* parameter) {
-    if (!parameter)
+    if (!parameter || !Look())
         return false;
     const bool read = parameter->ReadFromDrive();
     if (!read && std::ranges::find(m_unread, parameter) == m_unread.end())

@@ -6,7 +6,7 @@ namespace krt550 {
 
 /// The module-wide set of registers whose rows the user has changed and not yet written.
 
-/// Marks a register; does nothing while a cyclic update writes into the controls.
+/// Marks a register; does nothing while a cyclic update shows a value.
 void MarkChanged(quint16 reg);
 bool IsChanged(quint16 reg);
 /// Whether any row is changed and not written.
@@ -21,7 +21,6 @@ public:
     ~UpdatingScope();
     UpdatingScope(const UpdatingScope&) = delete;
     UpdatingScope& operator=(const UpdatingScope&) = delete;
-
     static bool IsActive();
 };
 

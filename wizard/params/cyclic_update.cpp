@@ -1,16 +1,11 @@
 #include "wizard/params/cyclic_update.h"
 
 #include "hostlib/tolvbo32/parameter.h"
-#include "wizard/params/changed_registers.h"
-#include "wizard/params/parameter_access.h"
-#include "wizard/platform/control_text.h"
+#include "wizard/params/update_pass.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
 #include "wizard/platform/window.h"
 #include "wizard/texts/wizard_text_store.h"
-
-#include <QApplication>
-#include <QComboBox>
 
 #include <algorithm>
 
@@ -27,23 +22,6 @@ struct UpdatePair {
 };
 
 std::vector<UpdatePair> g_updateList;
-
-/// A drop-down keeps the focus while its list is open.
-bool HasInputFocus(const QWidget* control) {
-    for (const QWidget* widget = QApplication::focusWidget(); widget; widget = widget->parentWidget())
-        if (widget == control)
-            return true;
-    return false;
-}
-
-void ShowValue(QWidget* control, const QString& text) {
-    if (GetControlText(control) == text)
-        return;
-    if (auto* dropDown = qobject_cast<QComboBox*>(control))
-        SelectChoice(dropDown, text);
-    else
-        SetControlText(control, text);
-}
 
 } // namespace
 
@@ -62,8 +40,15 @@ void UnregisterForUpdate(const CParameter* parameter, const QWidget* control) {
         });
 }
 
+bool IsRegisteredForUpdate(const CParameter* parameter, const QWidget* control) {
+    return std::ranges::any_of(g_updateList, [parameter, id = control->objectName().toInt()](const UpdatePair& pair) {
+        return pair.parameter == parameter && pair.controlId == id;
+    });
+}
+
 void ClearUpdateList() {
     std::vector<UpdatePair>().swap(g_updateList);
+    EndUpdatePass();
 }
 
 int StartParameterUpdate(CWindow& window, int key) {
@@ -75,6 +60,8 @@ int StartParameterUpdate(CWindow& window, int key) {
 void StopParameterUpdate(CWindow& window, int& timerHandle) {
     if (timerHandle == 0)
         return;
+    if (IsUpdatePassOn() && &CUpdatePass::Current()->GetTimerOwner() == &window)
+        EndUpdatePass();
     const bool killed = window.KillTimer(timerHandle);
     timerHandle = 0;
     if (!killed)
@@ -91,29 +78,42 @@ void StopFailedUpdate(CWindow& window, int& timerHandle) {
         ShowMessageBox(LoadText(kStopFailedMessage), MessageIcon::Stop);
 }
 
-void UpdateParameters(CWindow& window, int& timerHandle, TextSource source) {
-    UpdateParameters(window, window, timerHandle, source);
+void UpdatePlan::AddRows(const CWindow& window, TextSource source) {
+    for (const auto& [parameter, controlId] : g_updateList) {
+        QWidget* control = window.GetDlgItem(controlId);
+        if (!control)
+            continue;
+        const auto known = std::ranges::find_if(
+            items, [&](const Item& item) { return item.parameter == parameter && item.source == source; });
+        if (known == items.end())
+            items.push_back({.parameter = parameter, .controls = {control}, .source = source});
+        else
+            known->controls.emplace_back(control);
+    }
 }
 
-void UpdateParameters(CWindow& window, CWindow& timerOwner, int& timerHandle, TextSource source) {
-    // A box of the pass on the stack keeps the timers running; a second pass on top of it has nothing to add.
-    // And while a motor turns nobody could be told of a failure: the link is the run's.
-    if (UpdatingScope::IsActive() || AreBoxesHeld())
-        return;
-    const UpdatingScope updating;
-    const std::vector<UpdatePair> pairs = g_updateList;
-    for (const auto& [parameter, controlId] : pairs) {
-        QWidget* control = window.GetDlgItem(controlId);
-        if (!control || HasInputFocus(control) || (parameter && IsChanged(parameter->GetRegister())))
-            continue;
-        if (parameter && parameter->ReadFromDrive()) {
-            ShowValue(control, FormatValueText(parameter, source));
-        } else if (timerHandle != 0) {
-            // Once the timer is stopped, the reason is known: the same again for every further row helps nobody.
-            ShowLastError(parameter);
-            StopFailedUpdate(timerOwner, timerHandle);
-        }
-    }
+void UpdatePlan::AddStep(std::function<bool()> step) {
+    items.push_back({.step = std::move(step)});
+}
+
+void BeginUpdatePass(CWindow& timerOwner, int& timerHandle, UpdatePlan plan) {
+    const bool mayRead = plan.whileMotorTurns || !AreBoxesHeld();
+    if (mayRead && !IsUpdatePassOn())
+        new CUpdatePass(timerOwner, timerHandle, std::move(plan)); // the window's
+}
+
+void EndUpdatePass() {
+    delete CUpdatePass::Current();
+}
+
+bool IsUpdatePassOn() {
+    return CUpdatePass::Current() != nullptr;
+}
+
+void UpdateParameters(CWindow& window, int& timerHandle, TextSource source) {
+    UpdatePlan plan;
+    plan.AddRows(window, source);
+    BeginUpdatePass(window, timerHandle, std::move(plan));
 }
 
 } // namespace krt550

@@ -1,5 +1,6 @@
 #include "wizard/params/row_table.h"
 
+#include "wizard/params/announcement.h"
 #include "wizard/params/failure_pass.h"
 #include "wizard/texts/wizard_text_store.h"
 
@@ -23,6 +24,10 @@ bool CRowTable::Bind(CParameterGroup* root, QString& errors) {
 
 bool CRowTable::Bind(CParameterGroup* root, QString& errors, std::size_t first, std::size_t count) {
     const FailurePass pass;
+    std::vector<quint16> registers;
+    for (std::size_t row = first; row < first + count; ++row)
+        registers.push_back(m_rows[row]->GetRegister());
+    const Announcement announcement(root, registers);
     bool success = true;
     for (std::size_t row = first; row < first + count; ++row)
         success = m_rows[row]->Bind(root, errors) && success;
@@ -32,6 +37,11 @@ bool CRowTable::Bind(CParameterGroup* root, QString& errors, std::size_t first, 
 void CRowTable::Unbind() {
     for (const auto& row : m_rows)
         row->Unbind();
+}
+
+void CRowTable::AddReads(std::vector<quint16>& registers) const {
+    for (const auto& row : m_rows)
+        registers.push_back(row->GetRegister());
 }
 
 bool CRowTable::Write() {
@@ -44,6 +54,10 @@ bool CRowTable::Write() {
 
 bool CRowTable::Reread(std::size_t first, std::size_t count) {
     const FailurePass pass;
+    std::vector<CParameter*> parameters;
+    for (std::size_t row = first; row < first + count; ++row)
+        parameters.push_back(m_rows[row]->GetParameter());
+    const Announcement announcement(parameters);
     bool success = true;
     for (std::size_t row = first; row < first + count; ++row)
         success = m_rows[row]->Reread() && success;

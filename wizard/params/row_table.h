@@ -20,6 +20,8 @@ public:
     bool Bind(CParameterGroup* root, QString& errors, std::size_t first, std::size_t count);
     /// Without a drive: no row has a parameter, and nothing can be typed that would be lost.
     void Unbind();
+    /// Adds the registers that binding reads.
+    void AddReads(std::vector<quint16>& registers) const;
     /// Writes every changed row in the table's order of writing, each attempted; true when all succeeded.
     bool Write();
     /// Reads rows from the drive into their controls, in place of what was typed; true when all succeeded.

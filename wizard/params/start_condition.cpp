@@ -24,4 +24,10 @@ bool StartConditionHolds(int step, CParameterGroup* root, MissingRegister missin
     return store.StartConditionHolds(static_cast<quint16>(step), registers, values);
 }
 
+void AddStartConditionReads(int step, std::vector<quint16>& registers) {
+    QList<quint16> condition;
+    if (CWizardTextStore::Instance().GetStartConditionRegisters(static_cast<quint16>(step), condition))
+        registers.insert(registers.end(), condition.begin(), condition.end());
+}
+
 } // namespace krt550

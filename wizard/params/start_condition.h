@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QtGlobal>
+
+#include <vector>
+
 namespace krt550 {
 
 class CParameterGroup;
@@ -13,5 +17,8 @@ enum class MissingRegister {
 /// Whether the text file's start condition of a step holds with the values that the drive has now. Without a condition
 /// it does; with a value that cannot be read (shown) it does not. `root` is not null.
 bool StartConditionHolds(int step, CParameterGroup* root, MissingRegister missing = MissingRegister::Fails);
+
+/// Adds the registers that the start condition of a step reads.
+void AddStartConditionReads(int step, std::vector<quint16>& registers);
 
 } // namespace krt550

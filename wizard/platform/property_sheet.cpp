@@ -7,11 +7,12 @@
 #include "wizard/platform/property_page.h"
 #include "wizard/platform/resources.h"
 
+#include <QCoreApplication>
 #include <QFrame>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
-#include <QTabBar>
 #include <QStyle>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -71,9 +72,10 @@ bool CPropertySheet::SetActivePage(int index) {
     // goes on with that.
     if (!m_tabs || focusInside)
         FocusFirst(*page);
-    if (isVisible())
+    if (isVisible()) {
+        PaintNow(*page);
         page->OnShown();
-    else // The first page comes to the front before the window does.
+    } else // The first page comes to the front before the window does.
         QMetaObject::invokeMethod(
             page, [page] { page->OnShown(); }, Qt::QueuedConnection);
     return true;
@@ -88,6 +90,12 @@ bool CPropertySheet::CreatePage(CPropertyPage& page) {
         ThreadTabOrder();
     page.OnInitDialog();
     return true;
+}
+
+/// What was read is seen before any timer or box comes.
+void CPropertySheet::PaintNow(CPropertyPage& page) {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    page.repaint();
 }
 
 void CPropertySheet::HidePage(CPropertyPage& page) {

@@ -61,9 +61,10 @@ protected:
 private:
     bool CreatePage(CPropertyPage& page);
     void ShowPage(CPropertyPage& page);
+    static void PaintNow(CPropertyPage& page);
     void HidePage(CPropertyPage& page);
-    /// Tells the pages that their windows go away, those of child sheets included; the page in front first, because a run
-    /// of its own has to end before another page lets go of the drive.
+    /// Tells the pages that their windows go away, those of child sheets included; the page in front first, because a
+    /// run of its own has to end before another page lets go of the drive.
     void DestroyPages();
     void FillTabs();
     QSize LargestPage() const;

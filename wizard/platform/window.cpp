@@ -8,6 +8,7 @@
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
 #include "wizard/platform/slider.h"
+#include "wizard/platform/timer_hold.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -102,14 +103,33 @@ void CWindow::Notify(const QWidget* control, ControlEvent event) {
 }
 
 int CWindow::SetTimer(int id, int milliseconds) {
-    auto& timer = m_timers[++m_lastTimer];
-    timer = std::make_unique<CClockTimer>([this, id] { OnTimer(id); });
-    timer->Start(milliseconds);
-    return m_lastTimer;
+    const int handle = ++m_lastTimer;
+    auto clock = std::make_unique<CClockTimer>([this, id, handle] {
+        if (!TimerHold::Keep(*this, handle))
+            OnTimer(id);
+    });
+    clock->Start(milliseconds);
+    m_timers[handle] = {id, milliseconds, std::move(clock)};
+    return handle;
 }
 
 bool CWindow::KillTimer(int handle) {
     return m_timers.erase(handle) != 0;
+}
+
+void CWindow::RestartTimer(int handle) {
+    if (const auto timer = m_timers.find(handle); timer != m_timers.end())
+        timer->second.clock->Start(timer->second.period);
+}
+
+void CWindow::ServeTimer(int handle) {
+    const auto timer = m_timers.find(handle);
+    if (timer == m_timers.end())
+        return;
+    const QPointer<CWindow> self(this);
+    OnTimer(timer->second.id);
+    if (self)
+        RestartTimer(handle);
 }
 
 void CWindow::KillAllTimers() {

@@ -54,10 +54,14 @@ public:
     void Notify(const QWidget* control, ControlEvent event);
 
     /// Starts a timer that calls OnTimer with `id` every `milliseconds` (> 0) of the current clock, counted from the
-    /// end of the call before. Returns its handle, never 0.
+    /// end of the call before. Returns its handle, never 0. While timers are held (TimerHold) the call waits.
     int SetTimer(int id, int milliseconds);
     /// False when no timer of this window has this handle.
     bool KillTimer(int handle);
+    /// Has a timer's period begin anew; nothing without such a timer.
+    void RestartTimer(int handle);
+    /// Calls OnTimer for a timer that has waited, and has its period begin anew; nothing when it was killed meanwhile.
+    void ServeTimer(int handle);
     void KillAllTimers();
 
     /// Id of the button that leaves this page or dialog; 0 for a window that has none, as a tab.
@@ -81,6 +85,12 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    struct Timer {
+        int id;
+        int period; ///< [ms]
+        std::unique_ptr<CClockTimer> clock;
+    };
+
     void Place(const DialogLayout& layout);
     void Connect(QWidget* control);
     void FocusLeft(QWidget& control);
@@ -91,7 +101,7 @@ private:
     QHash<int, QWidget*> m_controls;
     QWidgetList m_order;
     std::map<std::pair<int, ControlEvent>, Handler> m_handlers;
-    std::map<int, std::unique_ptr<CClockTimer>> m_timers; ///< by handle
+    std::map<int, Timer> m_timers; ///< by handle
     int m_lastTimer = 0;
 };
 

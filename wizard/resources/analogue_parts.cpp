@@ -21,9 +21,9 @@ void AddSpeedScaling(CLayoutBuilder& layout, const RowGroupDef& group) {
                 .text = QString::fromLatin1(group.caption)});
     const RowDef& row = group.rows.front();
     const RowIds ids = IdsOf(row);
-    layout.Add({.id = ids.label, .rect = {13, kScalingTop + 10, 90, 12}, .text = QString::fromLatin1(row.caption)});
-    layout.Add({.id = ids.value, .rect = {13, kScalingTop + 22, 40, 12}, .reg = row.reg});
-    layout.Add({.id = ids.unit, .rect = {56, kScalingTop + 22, 40, 12}});
+    layout.Add({.id = ids.label, .rect = {13, kScalingTop + 11, 90, 11}, .text = QString::fromLatin1(row.caption)});
+    layout.Add({.id = ids.value, .rect = {13, kScalingTop + 22, 28, 11}, .reg = row.reg});
+    layout.Add({.id = ids.unit, .rect = {44, kScalingTop + 22, 50, 11}});
 }
 
 void AddChannelPictures(CLayoutBuilder& layout, std::span<const int> pictures, int bottom) {

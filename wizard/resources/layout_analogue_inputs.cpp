@@ -21,9 +21,9 @@ constexpr int kListWidth = 109;
 constexpr RowColumns kActualColumns{.label = 298,
                                     .labelWidth = 64,
                                     .value = 364,
-                                    .valueWidth = 80,
-                                    .unit = 446,
-                                    .unitWidth = 40,
+                                    .valueWidth = 70,
+                                    .unit = 436,
+                                    .unitWidth = 50,
                                     .minimum = 0,
                                     .maximum = 0,
                                     .limitWidth = 0};
@@ -63,21 +63,21 @@ static_assert(IsSound(kGroups));
 void AddInput(CLayoutBuilder& layout, int input, int top) {
     const RowGroupDef& group = kGroups[input];
     layout.Group(input, {kChannelX, top, kChannelWidth, kHeight}, QString::fromLatin1(group.caption));
-    layout.Add({.id = ChannelId(input, kChannelConnection), .rect = {328, top + 10, 114, 14}, .bold = true});
+    layout.Add({.id = ChannelId(input, kChannelConnection), .rect = {328, top + 11, 114, 14}, .bold = true});
     layout.Add({.id = ChannelId(input, kChannelEdit),
                 .kind = ControlKind::PushButton,
-                .rect = {446, top + 9, 46, 14},
+                .rect = {446, top + 11, 46, 14},
                 .text = QStringLiteral("Edit"),
                 .name = QStringLiteral("Edit the connections of ") + QLatin1String(group.caption)});
-    int y = top + 10;
+    int y = top + 11;
     for (const RowDef& row : group.rows.first(group.rows.size() - 1)) {
         layout.Row(row, y, kColumns, kListWidth);
         y += kRowStep;
     }
-    const int frame = top + 27;
-    layout.Add({.id = ChannelId(input, kChannelFrame), .kind = ControlKind::GroupBox, .rect = {292, frame, 200, 39}});
-    layout.Row(group.rows.back(), frame + 6, kActualColumns, 0);
-    const int converted = frame + 21;
+    const int frame = top + 29;
+    layout.Add({.id = ChannelId(input, kChannelFrame), .kind = ControlKind::GroupBox, .rect = {292, frame, 200, 37}});
+    layout.Row(group.rows.back(), frame + 4, kActualColumns, 0);
+    const int converted = frame + 19;
     layout.Add({.id = ChannelId(input, kChannelConvertedLabel),
                 .rect = {kActualColumns.label, converted, kActualColumns.labelWidth, 14},
                 .text = QStringLiteral("Converted value:")});

@@ -14,7 +14,7 @@
 namespace krt550 {
 namespace {
 
-// Columns; those of a line touch, so that its band has no gaps.
+// Columns; the texts of a line touch, so that its band has no gaps.
 constexpr int kFrameX = 7;
 constexpr int kFrameWidth = 491;
 constexpr int kNameX = 13;
@@ -25,13 +25,14 @@ constexpr int kInvertX = 310;
 constexpr int kInvertWidth = 72;
 constexpr int kStatusX = kInvertX + kInvertWidth;
 constexpr int kStatusWidth = 110;
-constexpr int kSourceWidth = kInvertX - kSourceX;
+constexpr int kGap = 3; ///< between a control that is worked with and a box
+constexpr int kSourceWidth = kInvertX - kGap - kSourceX;
 constexpr int kBitX = kSourceX + kSourceWidth / 2;
 
 constexpr int kLine = 15;
-constexpr int kNoteY = 10;
-constexpr int kHeadingY = 20;
-constexpr int kFirstLine = 31;
+constexpr int kNoteY = 12;
+constexpr int kHeadingY = 22;
+constexpr int kFirstLine = 33;
 constexpr int kFrameHeight = kFirstLine + kDigitalTerminals * kLine + 4;
 constexpr int kInputsTop = 4;
 constexpr int kOutputsTop = kInputsTop + kFrameHeight + 3;
@@ -81,7 +82,7 @@ public:
         Add({.id = kDigitalConnection, .rect = {kSourceX, 0, kSourceWidth - kEditWidth, 0}});
         Add({.id = kDigitalEdit,
              .kind = ControlKind::PushButton,
-             .rect = {kInvertX - kEditWidth, 0, kEditWidth, 0},
+             .rect = {kInvertX - kGap - kEditWidth, 0, kEditWidth, 0},
              .text = QStringLiteral("Edit"),
              .name = QStringLiteral("Edit the connections of ") + m_name});
         AddInvertAndStatus(DIInversionRegister(m_number));
@@ -89,12 +90,11 @@ public:
 
     void AddOutput() {
         const quint16 index = DOIndexRegister(m_number);
-        AddName();
+        AddName(DigitalId(m_group, m_number, kDigitalChoice)); // or nobody hears whose source a choice is
         Add({.id = kDigitalChoice,
              .kind = ControlKind::DropDown,
              .rect = {kSourceX, 0, kSourceWidth, 0},
-             .reg = index,
-             .name = QStringLiteral("Source of ") + m_name});
+             .reg = index});
         Add({.id = kDigitalIndex,
              .kind = ControlKind::Edit,
              .rect = {kSourceX, 0, kBitX - kSourceX, 0},
@@ -102,14 +102,16 @@ public:
              .name = QStringLiteral("Index of ") + m_name});
         Add({.id = kDigitalBit,
              .kind = ControlKind::Edit,
-             .rect = {kBitX, 0, kInvertX - kBitX, 0},
+             .rect = {kBitX, 0, kInvertX - kGap - kBitX, 0},
              .reg = DOBitRegister(m_number),
              .name = QStringLiteral("Bit of ") + m_name});
         AddInvertAndStatus(0);
     }
 
 private:
-    void AddName() { Add({.id = kDigitalName, .rect = {kNameX, 0, kNameWidth, 0}, .text = m_name}); }
+    void AddName(int buddy = 0) {
+        Add({.id = kDigitalName, .rect = {kNameX, 0, kNameWidth, 0}, .text = m_name, .buddy = buddy});
+    }
 
     void AddInvertAndStatus(quint16 inversion) {
         Add({.id = kDigitalInvert,

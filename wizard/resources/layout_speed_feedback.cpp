@@ -50,6 +50,21 @@ constexpr RowDef kTachoManual[] = {
     // below the buttons for the steps
     {.reg = 8827, .statics = StaticsShown::Limits, .above = 14}};
 
+/// A speed that the page shows below its tabs.
+constexpr RowDef Shown(quint16 reg, const char* label, int labelId) {
+    return {.reg = reg,
+            .kind = RowKind::Display,
+            .label = label,
+            .statics = StaticsShown::Unit,
+            .numbered = false,
+            .ids = {.label = labelId, .value = labelId + kShownValue, .unit = labelId + kShownUnit}};
+}
+
+constexpr RowDef kShown[] = {Shown(218, "Speed reference", kIdShownReference),
+                             Shown(102, "Speed actual EMF", kIdShownEmf),
+                             Shown(0, "Speed actual", kIdShownSpeed)}; // that of the feedback in use
+
+constexpr RowGroupDef kShownGroups[] = {{.caption = "Changed parameters", .rows = kShown}};
 constexpr RowGroupDef kGeneralGroup{.caption = "Set general parameters", .rows = kGeneral};
 constexpr RowGroupDef kEmfGroup{.caption = "Set EMF speed feedback", .rows = kEmf};
 constexpr RowGroupDef kAutoGroups[] = {kGeneralGroup,
@@ -58,7 +73,7 @@ constexpr RowGroupDef kAutoGroups[] = {kGeneralGroup,
                                        {.caption = "Analog tacho speed feedback", .rows = kTachoAuto}};
 constexpr RowGroupDef kManualGroups[] = {
     kGeneralGroup, kEmfGroup, {.caption = "Analog tacho speed feedback", .rows = kTachoManual}};
-static_assert(IsSound(kAutoGroups) && IsSound(kManualGroups));
+static_assert(IsSound(kShownGroups) && IsSound(kAutoGroups) && IsSound(kManualGroups));
 
 QString Caption(const char* text) {
     return QString::fromLatin1(text);
@@ -78,6 +93,7 @@ void AddLabel(CLayoutBuilder& layout, int id, const DialogRect& rect, const char
 
 } // namespace
 
+constinit const PageRows kSpeedFeedbackRows{.layout = 110, .groups = kShownGroups};
 constinit const PageRows kSpeedFeedbackAutoRows{.layout = 10063, .groups = kAutoGroups};
 constinit const PageRows kTachoManualRows{.layout = 10062, .groups = kManualGroups};
 
@@ -87,7 +103,7 @@ DialogLayout SpeedFeedbackLayout() {
     const RowColumns& columns = kStyle.columns;
     constexpr int kShownTop = 235;
     constexpr int kShift = 8; // in line with the columns of the tabs
-    layout.Group(0, {7, kShownTop, 491, 45}, Caption("Changed parameters"));
+    layout.Group(0, {7, kShownTop, 491, 45}, Caption(kShownGroups[0].caption));
     layout.Add({.id = ActualHeadingId(0),
                 .rect = {columns.value + kShift, kShownTop, columns.valueWidth, 10},
                 .text = StringTableText(223).value_or(QString())});
@@ -95,18 +111,17 @@ DialogLayout SpeedFeedbackLayout() {
                 .rect = {columns.unit + kShift, kShownTop, columns.unitWidth, 10},
                 .text = StringTableText(224).value_or(QString())});
     int y = kShownTop + 11;
-    for (const auto& [row, label] : {std::pair{kIdShownReference, "Speed reference"},
-                                     {kIdShownEmf, "Speed actual EMF"},
-                                     {kIdShownSpeed, "Speed actual"}}) {
-        AddLabel(layout, row, {columns.label + kShift, y, columns.labelWidth, 10}, label);
-        layout.Add({.id = row + kShownValue, .rect = {columns.value + kShift, y, columns.valueWidth, 10}});
-        layout.Add({.id = row + kShownUnit, .rect = {columns.unit + kShift, y, columns.unitWidth, 10}});
+    for (const RowDef& row : kShown) {
+        AddLabel(layout, row.ids.label, {columns.label + kShift, y, columns.labelWidth, 10}, row.label);
+        layout.Add({.id = row.ids.value, .rect = {columns.value + kShift, y, columns.valueWidth, 10}});
+        layout.Add({.id = row.ids.unit, .rect = {columns.unit + kShift, y, columns.unitWidth, 10}});
         y += 11;
     }
-    layout.Add({.id = kIdNotice,
-                .kind = ControlKind::WrappedText,
-                .rect = {columns.minimum + kShift, kShownTop + 11, columns.maximum + columns.limitWidth - columns.minimum, 33},
-                .bold = true});
+    layout.Add(
+        {.id = kIdNotice,
+         .kind = ControlKind::WrappedText,
+         .rect = {columns.minimum + kShift, kShownTop + 11, columns.maximum + columns.limitWidth - columns.minimum, 33},
+         .bold = true});
     return layout.BottomRow(true).Take();
 }
 

@@ -14,6 +14,7 @@ extern const PageRows kSpeedControllerRows;
 extern const PageRows kSpeedGeneralRows;
 extern const PageRows kSpeedFiltersRows;
 extern const PageRows kSpeedLimitsRows;
+extern const PageRows kSpeedFeedbackRows;
 extern const PageRows kSpeedFeedbackAutoRows;
 extern const PageRows kTachoManualRows;
 extern const PageRows kAnalogueInputRows;

@@ -52,7 +52,7 @@ bool CRowPage::LoadParameters() {
         ReportLoadErrors(errors);
     StopParameterUpdate(*this, m_updateTimer);
     if (StartsUpdate(bound, errors))
-        m_updateTimer = StartParameterUpdate(*this, GetStepNumber());
+        StartUpdate();
     return bound;
 }
 
@@ -76,12 +76,28 @@ void CRowPage::OnTimer(int id) {
         CWizardPropertyPage::OnTimer(id);
 }
 
-void CRowPage::UpdateValues() {
-    UpdateParameters(*this, m_updateTimer, m_rows.GetSource());
-    if (m_updateTimer != 0 && !RefreshValues())
-        StopFailedUpdate(*this, m_updateTimer);
+void CRowPage::AddReads(std::vector<quint16>& registers) {
     if (m_tabs)
-        m_tabs->Update(m_updateTimer);
+        m_tabs->AddReads(registers);
+    m_rows.AddReads(registers);
+}
+
+void CRowPage::StartUpdate() {
+    StopParameterUpdate(*this, m_updateTimer);
+    m_updateTimer = StartParameterUpdate(*this, GetStepNumber());
+}
+
+void CRowPage::UpdateValues() {
+    UpdatePlan plan;
+    AddUpdate(plan);
+    BeginUpdatePass(*this, m_updateTimer, std::move(plan));
+}
+
+void CRowPage::AddUpdate(UpdatePlan& plan) {
+    plan.AddRows(*this, m_rows.GetSource());
+    plan.AddStep([this] { return RefreshValues(); });
+    if (m_tabs)
+        m_tabs->AddUpdate(plan);
 }
 
 } // namespace krt550

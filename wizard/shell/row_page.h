@@ -9,6 +9,7 @@ namespace krt550 {
 
 class CWizardTabPage;
 class CWizardTabSheet;
+struct UpdatePlan;
 
 /// An assistant page that is a table of parameter rows, and may have tabs with more of them: loads, applies and
 /// refreshes them. What is special about a page goes into overrides.
@@ -23,6 +24,7 @@ public:
     bool ApplyParameters() override;
     bool LoadParameters() override;
     bool LeavePage() override;
+    void AddReads(std::vector<quint16>& registers) override;
 
 protected:
     /// Binds what the page shows; false keeps the update timer from starting.
@@ -34,10 +36,15 @@ protected:
     virtual bool WriteRows();
     /// Whether a load that went so starts the update timer.
     virtual bool StartsUpdate(bool bound, const QString& errors) const { return m_rows.StartsUpdate(bound, errors); }
-    /// What the update timer does: the rows, what RefreshValues reads, then the tab in front.
+    /// What the update timer does: begins a pass.
     virtual void UpdateValues();
+    /// Adds what a pass refreshes: the rows, what RefreshValues reads, then the tab in front.
+    virtual void AddUpdate(UpdatePlan& plan);
     /// Re-reads, at every update, what is no row of the update list; false stops the update. Says itself what failed.
+    /// For one read; whoever has more adds steps to the plan.
     virtual bool RefreshValues() { return true; }
+    /// Starts the update timer, in place of the one that runs; not on a page without a period.
+    void StartUpdate();
 
     /// Puts tabs onto the page, at its control `placeholderId` moved by `offset` pixels. For the constructor, followed
     /// by an AddTab for each of them.

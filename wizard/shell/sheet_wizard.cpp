@@ -2,6 +2,7 @@
 
 #include "wizard/motor/make_safe.h"
 #include "wizard/params/changed_registers.h"
+#include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/modal_frame.h"
@@ -100,6 +101,7 @@ void CSheetWizard::OnPersonCloses(CloseWay way) {
 }
 
 void CSheetWizard::OnClosing() {
+    ClearUpdateList();
     EndMotorSession();
 }
 

@@ -2,6 +2,7 @@
 
 #include "hostlib/host_drive.h"
 #include "wizard/motor/make_safe.h"
+#include "wizard/params/announcement.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
@@ -169,6 +170,9 @@ bool CWizardPropertyPage::Apply() {
 
 void CWizardPropertyPage::Load() {
     const FailurePass pass;
+    std::vector<quint16> registers;
+    AddReads(registers);
+    const Announcement announcement(registers.empty() ? nullptr : GetParameterRoot(GetDrive()), registers);
     LoadParameters();
 }
 

@@ -5,6 +5,7 @@
 #include <QPixmap>
 
 #include <array>
+#include <vector>
 
 namespace krt550 {
 
@@ -54,6 +55,9 @@ public:
     virtual bool CancelPage() { return true; }
     /// The page becomes active: find, bind and show.
     virtual bool LoadParameters() { return true; }
+    /// Adds the registers that LoadParameters is about to read, as far as they are known before: a link may fetch them
+    /// in one request.
+    virtual void AddReads(std::vector<quint16>&) {}
     /// Shows what the load collected.
     virtual bool ShowPendingMessages();
     /// The page is left: stop what runs on it.

@@ -1,6 +1,7 @@
 #include "wizard/shell/wizard_tab_page.h"
 
 #include "wizard/motor/make_safe.h"
+#include "wizard/params/announcement.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/failure_pass.h"
 #include "wizard/platform/tool_tip.h"
@@ -28,6 +29,11 @@ bool CWizardTabPage::OnInitDialog() {
     return true;
 }
 
+void CWizardTabPage::AddUpdate(UpdatePlan& plan) {
+    plan.AddStep([this] { return RefreshValues(); });
+    plan.AddRows(*this);
+}
+
 bool CWizardTabPage::OnKillActive() {
     return !IsMotorStopping() && CPropertyPage::OnKillActive();
 }
@@ -37,6 +43,9 @@ bool CWizardTabPage::OnSetActive() {
     ClearUpdateList();
     {
         const FailurePass pass;
+        std::vector<quint16> registers;
+        AddReads(registers);
+        const Announcement announcement(m_root, registers);
         LoadParameters();
     }
     CPropertyPage::OnSetActive();

@@ -6,6 +6,7 @@
 namespace krt550 {
 
 class CSheetWizard;
+struct UpdatePlan;
 
 /// Base of the tabs inside an assistant page. It has hooks like its page, which calls them through CWizardTabSheet.
 class CWizardTabPage : public CPropertyPage {
@@ -24,9 +25,14 @@ public:
     virtual bool LoadParameters() { return true; }
     /// Writes what the user changed, also while another tab is in front. Writes nothing before the first load.
     virtual bool ApplyParameters() { return false; }
+    /// Adds the registers that LoadParameters is about to read.
+    virtual void AddReads(std::vector<quint16>&) {}
     /// Re-reads, at every update of the page with the tab in front, what is no row of the update list; false stops the
-    /// update. Says itself what failed.
+    /// update. Says itself what failed. For one read; whoever has more adds steps to the plan (AddUpdate).
     virtual bool RefreshValues() { return true; }
+    /// Adds what an update of the page with the tab in front refreshes: RefreshValues, then its rows of the update
+    /// list.
+    virtual void AddUpdate(UpdatePlan& plan);
     virtual void AddToolTip(int controlId, const QString& text);
     virtual void AddToolTip(QWidget* control, const QString& text);
 
@@ -58,6 +64,7 @@ public:
 
     bool LoadParameters() override;
     bool ApplyParameters() override;
+    void AddReads(std::vector<quint16>& registers) override { m_rows.AddReads(registers); }
 
 protected:
     virtual bool BindRows(CParameterGroup* root, QString& errors) { return m_rows.Bind(root, errors); }

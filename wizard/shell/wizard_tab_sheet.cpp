@@ -1,9 +1,6 @@
 #include "wizard/shell/wizard_tab_sheet.h"
 
-#include "wizard/params/cyclic_update.h"
 #include "wizard/shell/wizard_tab_page.h"
-
-#include <QScopedValueRollback>
 
 namespace krt550 {
 
@@ -34,15 +31,16 @@ bool CWizardTabSheet::Apply() {
     return success;
 }
 
-void CWizardTabSheet::Update(int& timerHandle) {
-    CWizardTabPage* front = GetFrontTab();
-    // A box about a failed refresh keeps the timer running; a second refresh on top of it has nothing to add.
-    if (!front || m_refreshing)
-        return;
-    const QScopedValueRollback<bool> refreshing(m_refreshing, true);
-    if (!front->RefreshValues())
-        StopFailedUpdate(m_page, timerHandle);
-    UpdateParameters(*front, m_page, timerHandle);
+void CWizardTabSheet::AddReads(std::vector<quint16>& registers) const {
+    if (CWizardTabPage* front = GetFrontTab())
+        front->AddReads(registers);
+    else if (!m_tabPages.empty())
+        m_tabPages.front()->AddReads(registers);
+}
+
+void CWizardTabSheet::AddUpdate(UpdatePlan& plan) const {
+    if (CWizardTabPage* front = GetFrontTab())
+        front->AddUpdate(plan);
 }
 
 CWizardTabPage* CWizardTabSheet::GetFrontTab() const {

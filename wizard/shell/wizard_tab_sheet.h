@@ -10,6 +10,7 @@ class CParameterGroup;
 class CSheetWizard;
 class CWindow;
 class CWizardTabPage;
+struct UpdatePlan;
 
 /// The tabs inside an assistant page: what all pages with tabs do with them.
 class CWizardTabSheet : public CPropertySheet {
@@ -27,9 +28,10 @@ public:
     void Load(CSheetWizard* sheet, CParameterGroup* root);
     /// Every tab writes what the user changed on it, in tab order and each attempted; true when all succeeded.
     bool Apply();
-    /// Refreshes the tab in front: its RefreshValues, then its rows of the update list. `timerHandle` is the page's
-    /// update timer; a failure stops it.
-    void Update(int& timerHandle);
+    /// Adds the registers that Load is about to read: those of the tab in front.
+    void AddReads(std::vector<quint16>& registers) const;
+    /// Adds what an update refreshes on the tab in front.
+    void AddUpdate(UpdatePlan& plan) const;
 
     /// Null before the first load.
     CWizardTabPage* GetFrontTab() const;
@@ -39,7 +41,6 @@ private:
     CWindow& m_page;
     int m_placeholderId;
     QPoint m_offset;
-    bool m_refreshing = false;
 };
 
 } // namespace krt550

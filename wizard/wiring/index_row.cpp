@@ -6,6 +6,7 @@
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/parameter_rows.h"
 #include "wizard/params/validation.h"
+#include "wizard/platform/control_factory.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
@@ -13,6 +14,7 @@
 #include "wizard/wiring/index_choices.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 
@@ -111,6 +113,8 @@ void CIndexRow::Unmark() {
 void CIndexRow::ShowView(bool basic) {
     ShowControl(m_window.GetDlgItem(m_ids.choice), basic);
     ShowControl(m_window.GetDlgItem(m_ids.index), !basic);
+    if (auto* label = m_window.GetControl<QLabel>(m_ids.label))
+        NameControl(*label, m_window.GetDlgItem(basic ? m_ids.choice : m_ids.index));
 }
 
 void CIndexRow::Chosen() {

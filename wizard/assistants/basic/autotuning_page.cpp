@@ -35,6 +35,11 @@ bool CAutotuningPage::LoadParameters() {
     return loaded;
 }
 
+void CAutotuningPage::AddReads(std::vector<quint16>& registers) {
+    CRowPage::AddReads(registers);
+    AddStartConditionReads(GetStepNumber(), registers);
+}
+
 bool CAutotuningPage::BindRows(CParameterGroup* root, QString& errors) {
     const ConditionAfter condition = m_definition.condition;
     const std::size_t before =

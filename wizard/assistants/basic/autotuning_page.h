@@ -47,6 +47,7 @@ public:
     bool ApplyParameters() override;
     bool CancelPage() override;
     bool LoadParameters() override;
+    void AddReads(std::vector<quint16>& registers) override;
 
 protected:
     bool BindRows(CParameterGroup* root, QString& errors) override;

@@ -40,13 +40,13 @@ Ending CAutotuningPage::RunAutotuning(CMotorRun& run) {
 
 CAutotuningPage::Follow CAutotuningPage::FollowDrive(CMotorRun& run) {
     for (int cycle = 0;; ++cycle) {
-        if (!run.Wait(0))
+        if (!run.Look())
             return Follow::NotWanted;
         if (cycle > kCycles)
             return Follow::TimedOut;
         if (!ReadProgress(run))
-            return Follow::NoAnswer;
-        if (!run.Wait(kCycleMs))
+            return run.IsWanted() ? Follow::NoAnswer : Follow::NotWanted;
+        if (!run.PassCycle(kCycleMs))
             return Follow::NotWanted;
         if (m_serviceMode->GetValue() == 0)
             return Follow::Finished;

@@ -15,13 +15,14 @@ public:
     CPageSpeedFeedback();
 
     bool CancelPage() override;
+    bool LoadParameters() override;
     bool LeavePage() override;
 
 protected:
     bool BindRows(CParameterGroup* root, QString& errors) override;
     bool WriteRows() override;
-    /// The tabs refresh themselves.
-    void UpdateValues() override {}
+    void UpdateValues() override;
+    void AddUpdate(UpdatePlan& plan) override;
 
     void OnButtonNext() override;
     void OnButtonBack() override;
@@ -30,25 +31,27 @@ protected:
 private:
     CHostDrive* GetHostDrive() const override { return GetDrive(); }
     int GetStep() const override { return GetStepNumber(); }
-    void PostRefreshDisplays(quint16 feedback) override;
+    void OnTabLoaded(quint16 feedback, bool follows) override;
+    void OnRunBegun() override { StartUpdate(); }
+    bool ShowSpeeds(CMotorRun& run, quint16 feedback) override;
+    void ShowSpeeds(quint16 feedback) override;
     void ShowNotice(const QString& text) override;
     void MarkDone() override;
     void EnableNavigation(bool enable) override;
 
     void EndRun();
-    void RefreshDisplays();
-    void ShowSpeed(CParameter* parameter, int label);
-    void ShowSpeedOf(quint16 feedback);
+    void BindSpeeds(CParameterGroup* root, QString& errors);
+    void BindFeedbackSpeed(CParameterGroup* root, QString& errors);
+    bool IsEmfShownTwice() const;
+    void ShowSpeed(std::size_t row);
+    void FollowFeedback(quint16 feedback);
 
     CTabPageAuto m_auto{*this};
     CTabPageTachoManual m_manual{*this};
-    CParameter* m_reference = nullptr; ///< 2.18
-    CParameter* m_emf = nullptr;       ///< 1.02
-    CParameter* m_encoder = nullptr;   ///< 1.03
-    CParameter* m_tacho = nullptr;     ///< 1.05
-    quint16 m_feedback = 0;            ///< whose speed is the third one
+    quint16 m_feedback = 0;     ///< whose speed is the third one
+    bool m_loading = false;     ///< the page is: the speeds are shown once, after the tab
+    bool m_follows = false;     ///< the tab in front has asked for the update
     bool m_readsFailed = false; ///< and that was told, once until the page is entered again
-    bool m_refreshPosted = false;
 };
 
 } // namespace krt550

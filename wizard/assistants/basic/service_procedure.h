@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+#include <vector>
+
 class QWidget;
 
 namespace krt550 {

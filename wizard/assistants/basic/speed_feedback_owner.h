@@ -5,6 +5,7 @@
 namespace krt550 {
 
 class CHostDrive;
+class CMotorRun;
 
 /// What the tabs of step 5 ask of their page.
 class CSpeedFeedbackOwner {
@@ -12,11 +13,17 @@ public:
     virtual ~CSpeedFeedbackOwner() = default;
     /// The host's drive, or null.
     virtual CHostDrive* GetHostDrive() const = 0;
-    /// Id of the update timers, and key of the texts of the step.
+    /// Key of the texts of the step.
     virtual int GetStep() const = 0;
-    /// Has the speeds read and shown as soon as the message queue is drained; asked for again before that, once. The
-    /// third one is that of `feedback`, a value of 50.03.
-    virtual void PostRefreshDisplays(quint16 feedback) = 0;
+    /// A tab has come to the front or was loaded again. The page shows the speeds anew, the third one that of
+    /// `feedback`, a value of 50.03; and the update runs from now on if `follows`.
+    virtual void OnTabLoaded(quint16 feedback, bool follows) = 0;
+    /// A run begins: whatever has stopped the update, it runs again.
+    virtual void OnRunBegun() = 0;
+    /// Reads and shows the speeds, and looks before each of them whether the run is still wanted; false when it is not.
+    virtual bool ShowSpeeds(CMotorRun& run, quint16 feedback) = 0;
+    /// Reads and shows them at a standstill.
+    virtual void ShowSpeeds(quint16 feedback) = 0;
     /// Says something without a box: the motor may turn. Empty: nothing any more.
     virtual void ShowNotice(const QString& text) = 0;
     /// Step 5 is done.

@@ -70,8 +70,7 @@ Ending CTabPageAuto::RunTest(CMotorRun& run) {
         return FailedOrAborted(run);
     }
     m_phase = Phase::Testing;
-    StartTimer();
-    m_page.PostRefreshDisplays(GetFeedback());
+    m_page.OnRunBegun();
     const Follow follow = FollowProgress(run, [](int progress) { return progress > kFound; });
     // Whoever did not want it any more has gone the way out already.
     return follow == Follow::NotWanted ? Ending::Aborted : JudgeTest(run, follow);
@@ -79,17 +78,16 @@ Ending CTabPageAuto::RunTest(CMotorRun& run) {
 
 template <class IsOver> CTabPageAuto::Follow CTabPageAuto::FollowProgress(CMotorRun& run, const IsOver& isOver) {
     for (int cycle = 0;; ++cycle) {
-        if (!run.Wait(0))
+        if (!m_page.ShowSpeeds(run, GetFeedback()) || !run.Look())
             return Follow::NotWanted;
         if (cycle > kCycles)
             return Follow::TimedOut;
         if (!run.Read(m_progress))
-            return Follow::NoAnswer;
+            return run.IsWanted() ? Follow::NoAnswer : Follow::NotWanted;
         const int progress = m_progress->GetValue();
         ShowProgress(progress);
-        if (!run.Wait(kCycleMs))
+        if (!run.PassCycle(kCycleMs))
             return Follow::NotWanted;
-        m_page.PostRefreshDisplays(GetFeedback());
         if (isOver(progress))
             return Follow::Reached;
     }
@@ -158,8 +156,8 @@ Ending CTabPageAuto::RunFineTuning(CMotorRun& run, bool good) {
     const auto startAgain = qScopeGuard([this] { ShowStartAs(kStartCaption); });
     EnableControl(GetDlgItem(kIdAutotuningStart), true);
     m_page.EnableNavigation(true);
-    const Follow follow = FollowProgress(
-        run, [this](int progress) { return m_phase != Phase::Tuning || progress > kTuned; });
+    const Follow follow =
+        FollowProgress(run, [this](int progress) { return m_phase != Phase::Tuning || progress > kTuned; });
     if (follow == Follow::NotWanted)
         return Ending::Aborted;
     if (follow == Follow::Reached || m_phase != Phase::Tuning) {

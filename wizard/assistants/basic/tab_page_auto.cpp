@@ -7,7 +7,6 @@
 #include "wizard/diagnosis/fault_record.h"
 #include "wizard/motor/make_safe.h"
 #include "wizard/motor/motor_run.h"
-#include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/start_condition.h"
 #include "wizard/platform/control_text.h"
@@ -46,9 +45,7 @@ bool CTabPageAuto::LoadParameters() {
         m_diagnosis = FindParameter(root, 911);
         EvaluateStartCondition();
         EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
-        StopParameterUpdate(*this, m_updateTimer);
-        if (bound)
-            StartTimer();
+        m_page.OnTabLoaded(GetFeedback(), bound);
     }
     ShowProgress(0);
     return bound;
@@ -75,33 +72,17 @@ quint16 CTabPageAuto::GetFeedback() const {
 }
 
 bool CTabPageAuto::OnKillActive() {
-    if (IsRunning())
-        return false;
-    StopParameterUpdate(*this, m_updateTimer);
-    return CRowTabPage::OnKillActive();
+    return !IsRunning() && CRowTabPage::OnKillActive();
 }
 
-void CTabPageAuto::StartTimer() {
-    StopParameterUpdate(*this, m_updateTimer);
-    m_updateTimer = StartParameterUpdate(*this, m_page.GetStep());
+void CTabPageAuto::AddReads(std::vector<quint16>& registers) {
+    CRowTabPage::AddReads(registers);
+    AddStartConditionReads(m_page.GetStep(), registers);
 }
 
-void CTabPageAuto::OnTimer(int id) {
-    if (id != m_page.GetStep()) {
-        CRowTabPage::OnTimer(id);
-        return;
-    }
-    if (IsMotorStopping()) // the link is the stop's alone
-        return;
-    UpdateParameters(*this, m_updateTimer);
-    if (m_updateTimer != 0)
-        m_page.PostRefreshDisplays(GetFeedback());
-    if ((m_phase == Phase::Testing || m_phase == Phase::Tuning) && !m_looking)
-        LookForFaults();
-}
-
-/// The drive may give up in the middle of the test.
 void CTabPageAuto::LookForFaults() {
+    if (m_looking)
+        return;
     const QScopedValueRollback<bool> looking(m_looking, true);
     CHostDrive* drive = m_page.GetHostDrive();
     if (drive && drive->CheckDiagnosisCondition() && m_run && m_run->Read(m_diagnosis) && m_diagnosis->GetValue() != 0)
@@ -136,7 +117,7 @@ void CTabPageAuto::OnButtonStart() {
         ReadFaultAfterRun(m_page.GetHostDrive(), GetDlgItem(kIdAutotuningDiagnosis));
     }
     if (run.IsWanted())
-        m_page.PostRefreshDisplays(GetFeedback());
+        m_page.ShowSpeeds(GetFeedback());
     EnableControl(GetDlgItem(kIdAutotuningStart), true);
     ShowProgress(0);
 }

@@ -20,10 +20,15 @@ public:
 
     bool LoadParameters() override;
     bool ApplyParameters() override;
+    void AddReads(std::vector<quint16>& registers) override;
 
     /// Value of 50.03 as it was read last; one that is no feedback when the drive has no such parameter.
     quint16 GetFeedback() const;
     bool IsRunning() const { return m_phase != Phase::Idle; }
+    /// A run follows the drive.
+    bool IsTurning() const { return m_phase == Phase::Testing || m_phase == Phase::Tuning; }
+    /// Whether the drive has given up in the middle of the run.
+    void LookForFaults();
     /// Stops the motor and says that fine tuning is over. Does nothing without fine tuning.
     void FinishFineTuning();
     /// Aborts whatever runs and leaves the drive safe.
@@ -32,14 +37,11 @@ public:
 protected:
     /// A tab in front of another one would let go of the drive: nobody leaves while the motor turns.
     bool OnKillActive() override;
-    void OnTimer(int id) override;
 
 private:
     // tab_page_auto.cpp
     void OnButtonStart();
     void EvaluateStartCondition();
-    void StartTimer();
-    void LookForFaults();
 
     // speed_feedback_run.cpp
     enum class Phase {
@@ -69,7 +71,6 @@ private:
     CParameter* m_serviceMode = nullptr; ///< 99.06
     CParameter* m_progress = nullptr;    ///< 4.24
     CParameter* m_diagnosis = nullptr;   ///< 9.11
-    int m_updateTimer = 0;
     Phase m_phase = Phase::Idle;
     CMotorRun* m_run = nullptr; ///< the one on the stack of the Start button's handler
     bool m_looking = false;

@@ -74,11 +74,8 @@ bool CTabPageTachoManual::LoadParameters() {
     ShowDriveState();
     LoadImageButtons();
     const bool bound = CRowTabPage::LoadParameters();
-    if (!GetParameterRoot())
-        return bound;
-    m_page.PostRefreshDisplays(kTachoFeedback);
-    StopParameterUpdate(*this, m_updateTimer);
-    m_updateTimer = StartParameterUpdate(*this, m_page.GetStep());
+    if (GetParameterRoot())
+        m_page.OnTabLoaded(kTachoFeedback, true);
     return bound;
 }
 
@@ -100,21 +97,24 @@ bool CTabPageTachoManual::OnKillActive() {
     if (IsMotorStopping())
         return false;
     GiveUpControl();
-    if (IsMotorUnderControl())
-        return false;
-    StopParameterUpdate(*this, m_updateTimer);
-    return CRowTabPage::OnKillActive();
+    return !IsMotorUnderControl() && CRowTabPage::OnKillActive();
 }
 
-void CTabPageTachoManual::OnTimer(int id) {
-    if (IsMotorStopping())
-        return;
-    LookAfterControl();
-    m_page.PostRefreshDisplays(kTachoFeedback);
+void CTabPageTachoManual::AddUpdate(UpdatePlan& plan) {
+    plan.whileMotorTurns = true;
+    for (void (CTabPageTachoManual::*refresh)() :
+         {&CTabPageTachoManual::LookAfterControl, &CTabPageTachoManual::ShowRange})
+        plan.AddStep([this, refresh] {
+            if (!IsMotorStopping()) // the link is the stop's alone
+                (this->*refresh)();
+            return true;
+        });
+}
+
+void CTabPageTachoManual::ShowRange() {
     CParameter* range = GetRows().GetParameter(kRangeRow);
     if (range && range->ReadFromDrive())
         ShowDisplayRow(range, nullptr, GetDlgItem(ValueId(425)), nullptr);
-    CRowTabPage::OnTimer(id);
 }
 
 /// Buttons and reference as the drive has them.

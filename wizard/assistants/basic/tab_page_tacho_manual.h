@@ -23,13 +23,14 @@ public:
 
     bool LoadParameters() override;
     bool ApplyParameters() override;
+    /// The drive's state and 4.25, also while the motor turns.
+    void AddUpdate(UpdatePlan& plan) override;
     /// Stops the motor and gives local control back, when it is held.
     void GiveUpControl();
 
 protected:
     QWidget* CreateControl(const ControlLayout& control) override;
     bool OnKillActive() override;
-    void OnTimer(int id) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -43,13 +44,13 @@ private:
     void ToggleLocalControl();
     void TakeControl(CHostDrive& drive);
     void LookAfterControl();
+    void ShowRange();
     void Refused(int text, const QString& what = {});
     void SendReference();
     void StepAdjustment(bool up);
 
     CSpeedFeedbackOwner& m_page;
     std::shared_ptr<CMotorRun> m_run; ///< while local control is held; outlived by a way out that is on the stack
-    int m_updateTimer = 0;
 };
 
 } // namespace krt550

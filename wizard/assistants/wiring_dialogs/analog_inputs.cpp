@@ -35,6 +35,7 @@ CDialogAISettings::CDialogAISettings(QWidget* owner)
 bool CDialogAISettings::Bind(QString& errors) {
     const bool bound = GetRows().Bind(GetRoot(), errors);
     ShowConnections();
+    ShowConvertedValues();
     return bound;
 }
 
@@ -48,17 +49,19 @@ bool CDialogAISettings::HasActualValues() const {
     return std::ranges::any_of(kTerminals, [this](quint16 reg) { return FindInTree(GetRoot(), reg); });
 }
 
-/// Each selector is read once, and so is each converted value.
-bool CDialogAISettings::ShowConnections() {
+/// Each selector is read once. What was picked is applied now, or forgotten.
+void CDialogAISettings::ShowConnections() {
     CReadOnce reads;
     const CSelectorList selectors(InputKind::Analogue, GetRoot(), reads);
-    bool shown = true;
     for (int input = 1; input <= kInputs; ++input) {
         At(input) = {selectors.UseOf(input), {}};
         SetControlText(GetDlgItem(ChannelId(input, kChannelConnection)), At(input).use.text);
-        shown = ShowConvertedValue(input) && shown;
     }
-    return shown;
+}
+
+void CDialogAISettings::ShowConvertedValues() {
+    for (int input = 1; input <= kInputs; ++input)
+        ShowConvertedValue(input);
 }
 
 bool CDialogAISettings::ShowConvertedValue(int input) {
@@ -80,19 +83,20 @@ void CDialogAISettings::ShowTexts(int input, const QString& converted, const QSt
 void CDialogAISettings::ShowWaiting(int input) {
     const QString unknown = QStringLiteral("?");
     SetControlText(GetDlgItem(ChannelId(input, kChannelConnection)), unknown);
-    SetControlText(GetRows().Find(TerminalOf(input))->GetValueControl(), unknown);
+    if (const CRow* terminal = GetRows().Find(TerminalOf(input)); terminal->GetParameter())
+        SetControlText(terminal->GetValueControl(), unknown);
     ShowTexts(input, unknown, unknown);
 }
 
-bool CDialogAISettings::ShowActualValues() {
-    bool shown = true;
+/// An input with something picked goes on showing that nothing is known.
+CDialogAnalogSettings::Steps CDialogAISettings::ActualValues() {
+    Steps steps;
     for (int input = 1; input <= kInputs; ++input) {
-        if (!At(input).change.IsEmpty())
-            continue;
-        shown = ShowActualValue(TerminalOf(input)) && shown;
-        shown = ShowConvertedValue(input) && shown;
+        steps.push_back([this, input] { return !At(input).change.IsEmpty() || ShowActualValue(TerminalOf(input)); });
+        steps.push_back([this, input] { return !At(input).change.IsEmpty() || ShowConvertedValue(input); });
     }
-    return ShowActualValue(kSpeedScaling) && shown;
+    steps.push_back([this] { return ShowActualValue(kSpeedScaling); });
+    return steps;
 }
 
 void CDialogAISettings::PickConnections(int input) {
@@ -136,9 +140,11 @@ bool CDialogAISettings::Write() {
 }
 
 void CDialogAISettings::Applied(bool written) {
-    const bool shown = ShowConnections();
-    if (written && shown)
+    ShowConnections();
+    if (written)
         Refresh();
+    else
+        ShowConvertedValues();
 }
 
 } // namespace krt550

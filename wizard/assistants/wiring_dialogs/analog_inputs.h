@@ -17,7 +17,7 @@ public:
 protected:
     bool Bind(QString& errors) override;
     bool Write() override;
-    bool ShowActualValues() override;
+    Steps ActualValues() override;
     void Applied(bool written) override;
     void Empty() override;
     bool HasActualValues() const override;
@@ -31,7 +31,8 @@ private:
 
     void PickConnections(int input);
     void TakeOver(int input, const ConnectionChange& change);
-    bool ShowConnections();
+    void ShowConnections();
+    void ShowConvertedValues();
     bool ShowConvertedValue(int input);
     void ShowWaiting(int input);
     void ShowTexts(int input, const QString& converted, const QString& unit);

@@ -93,12 +93,15 @@ void CDialogAOSettings::TellNoActualValues() {
     ShowMessageBox(LoadText(kNothingToUpdate), MessageIcon::None);
 }
 
-bool CDialogAOSettings::ShowActualValues() {
-    bool shown = true;
+/// Beside an index that was changed nothing is known.
+CDialogAnalogSettings::Steps CDialogAOSettings::ActualValues() {
+    Steps steps;
     for (std::size_t output = 0; output < m_outputs.size(); ++output)
-        if (!m_outputs[output].index->IsChanged())
-            shown = ShowActualValue(kOutputs[output].terminal) && shown;
-    return ShowActualValue(kSpeedScaling) && shown;
+        steps.push_back([this, output] {
+            return m_outputs[output].index->IsChanged() || ShowActualValue(kOutputs[output].terminal);
+        });
+    steps.push_back([this] { return ShowActualValue(kSpeedScaling); });
+    return steps;
 }
 
 bool CDialogAOSettings::Write() {

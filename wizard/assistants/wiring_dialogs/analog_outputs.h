@@ -19,7 +19,7 @@ protected:
     bool OnInitDialog() override;
     bool Bind(QString& errors) override;
     bool Write() override;
-    bool ShowActualValues() override;
+    Steps ActualValues() override;
     void Applied(bool written) override;
     void Empty() override;
     bool HasActualValues() const override;

@@ -77,10 +77,13 @@ void CDialogAnalogSettings::Close() {
 }
 
 void CDialogAnalogSettings::OnTimer(int id) {
-    if (id == m_timerKey)
-        Refresh();
-    else
-        CDialog::OnTimer(id);
+    if (id != m_timerKey)
+        return CDialog::OnTimer(id);
+    UpdatePlan plan;
+    for (auto& show : ActualValues())
+        plan.AddStep(std::move(show));
+    plan.AddRows(*this);
+    BeginUpdatePass(*this, m_updateTimer, std::move(plan));
 }
 
 void CDialogAnalogSettings::Refresh() {
@@ -88,10 +91,11 @@ void CDialogAnalogSettings::Refresh() {
     if (m_refreshing)
         return;
     const QScopedValueRollback<bool> refreshing(m_refreshing, true);
-    bool shown = false;
+    bool shown = true;
     {
         const FailurePass pass;
-        shown = ShowActualValues();
+        for (const auto& show : ActualValues())
+            shown = show() && shown;
     }
     if (shown)
         UpdateParameters(*this, m_updateTimer);

@@ -3,6 +3,9 @@
 #include "wizard/params/row_table.h"
 #include "wizard/platform/dialog.h"
 
+#include <functional>
+#include <vector>
+
 namespace krt550 {
 
 /// The settings of the analogue inputs or outputs: rows that follow the drive, Apply, Close and Cancel. The dialog
@@ -23,8 +26,9 @@ protected:
     virtual bool Bind(QString& errors) = 0;
     /// Writes what was changed, each attempted; true when all succeeded.
     virtual bool Write() = 0;
-    /// Reads the actual values from the drive and shows them; false when one could not be read (shown).
-    virtual bool ShowActualValues() = 0;
+    /// Each reads one actual value from the drive, at most, and shows it; false when it could not be read (shown).
+    using Steps = std::vector<std::function<bool()>>;
+    virtual Steps ActualValues() = 0;
     /// After an Apply.
     virtual void Applied(bool written) = 0;
     /// Without a root.

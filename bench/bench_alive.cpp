@@ -1,0 +1,268 @@
+// How soon the wizard answers while the drive is slow: prints one table for each time that a drive call takes.
+//   bench_alive [MS...]      without times: 0 5 20 100
+// Real time throughout; the clicks come from another thread, at moments of a fixed seed.
+#include "bench/line_drive.h"
+#include "tests/assistants/procedures.h"
+#include "tests/shell/wizard_fixture.h"
+#include "tests/support/batching_link.h"
+#include "wizard/resources/control_ids.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdio>
+#include <random>
+
+namespace krt550 {
+namespace {
+
+constexpr int kRuns = 8;
+constexpr int kPeriodMs = 300;
+constexpr int kFirstBox = 160; ///< of the start page: step 1
+constexpr int kBoxes[] = {kFirstBox, 164, 165, 166, 167, 168, 169};
+
+const WizardFiles& BenchFiles() {
+    static const WizardFiles files([] {
+        QByteArray text = "SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\n";
+        for (int step = 1; step <= 7; ++step)
+            text += "UPDATE\t" + QByteArray::number(step) + "\t" + QByteArray::number(kPeriodMs) + "\n";
+        return text;
+    }());
+    return files;
+}
+
+void Pause(double milliseconds) {
+    std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(milliseconds));
+}
+
+/// Lets the event loop run.
+void Pass(double milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(std::chrono::milliseconds(1 + int(milliseconds)), &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// Answers every box with OK at once.
+class CYesSayer : public QObject {
+public:
+    CYesSayer() { qApp->installEventFilter(this); }
+    int answered = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (auto* box = qobject_cast<QMessageBox*>(watched); box && event->type() == QEvent::Show)
+            QMetaObject::invokeMethod(
+                box,
+                [this, box] {
+                    ++answered;
+                    box->button(QMessageBox::Ok)->click();
+                },
+                Qt::QueuedConnection);
+        return false;
+    }
+};
+
+/// A run, and when the click that is to end it may come.
+struct Run {
+    const char* name;
+    int box;            ///< of its page on the start page
+    const char* begins; ///< the call from which on the click may come
+    quint16 goal;       ///< progress at which step 5 goes on to the fine tuning
+    bool byHand = false;
+};
+
+const Run kAllRuns[] = {
+    {"step 3", 165, "read 801", 80},
+    {"step 4", 166, "read 801", 80},
+    {"step 5, test", 167, "read 801", 80},
+    {"step 5, fine tuning", 167, "write 9906=14", 81},
+    {"step 6", 168, "read 801", 80},
+    {"step 7", 169, "read 801", 80},
+    {"step 5, by hand", 167, "start motor", 80, true},
+};
+
+struct Reaction {
+    double first = -1; ///< from the click to the first of the two below [ms]
+    double mode = -1;  ///< to 9906 := 0
+    double stop = -1;  ///< to StopMotor
+};
+
+Reaction React(const Run& run, int callMs, unsigned seed) {
+    std::mt19937 random(seed);
+    const double moment = std::uniform_real_distribution<>(0, 500 + 12.0 * callMs)(random);
+    CLineDrive drive(callMs);
+    drive.wizardPath = BenchFiles().WizardPath();
+    drive.goal = run.goal;
+    drive.found = 2;
+    drive.instant = true;
+    Reaction reaction;
+    std::atomic<double> clicked = -1;
+    std::thread person;
+    drive.noted = [&](const QString& call, double begin) {
+        if (!person.joinable() && call == QLatin1String(run.begins)) {
+            drive.instant = false;
+            person = std::thread([&] {
+                Pause(moment);
+                clicked = drive.Now();
+                QMetaObject::invokeMethod(
+                    qApp, [] { PressIfThere(kCancel); }, Qt::QueuedConnection);
+            });
+        }
+        if (clicked < 0)
+            return;
+        const double since = begin - clicked;
+        if (reaction.mode < 0 && call == QLatin1String("write 9906=0"))
+            reaction.mode = since;
+        if (reaction.stop < 0 && call == QLatin1String("stop motor"))
+            reaction.stop = since;
+        if (reaction.first < 0 && std::max(reaction.mode, reaction.stop) >= 0)
+            reaction.first = since;
+    };
+    CYesSayer clerk;
+    RunWizardWith(drive, [&] {
+        PressIfThere(run.box);
+        PressIfThere(kNext);
+        if (run.byHand) {
+            ShowTab(1);
+            for (const int id : {int(kIdLocalOrRemote), int(kIdCloseContactor), int(kIdStartMotor)})
+                PressIfThere(id);
+        } else {
+            PressIfThere(kIdAutotuningStart);
+        }
+        Pass(run.byHand ? moment + 20 * callMs + 100 : 1);
+    });
+    if (person.joinable())
+        person.join();
+    return reaction;
+}
+
+/// Median and maximum, in the width of a column.
+void PrintTimes(std::vector<double> times) {
+    std::erase_if(times, [](double time) { return time < 0; });
+    std::ranges::sort(times);
+    if (times.empty())
+        std::printf("%9s %8s", "-", "-");
+    else
+        std::printf("%9.1f %8.1f", times[times.size() / 2], times.back());
+}
+
+void MeasureReactions(int callMs) {
+    std::printf("  From the click on Cancel [ms], %d runs    9906 := 0         StopMotor      first of both\n", kRuns);
+    std::printf("  %-32s    median  maximum  median  maximum  median  maximum\n", "");
+    for (const Run& run : kAllRuns) {
+        std::vector<double> first;
+        std::vector<double> mode;
+        std::vector<double> stop;
+        for (int i = 0; i < kRuns; ++i) {
+            const Reaction reaction = React(run, callMs, 1000U + unsigned(i));
+            first.push_back(reaction.first);
+            mode.push_back(reaction.mode);
+            stop.push_back(reaction.stop);
+        }
+        std::printf("  %-32s", run.name);
+        PrintTimes(mode);
+        PrintTimes(stop);
+        PrintTimes(first);
+        std::printf("\n");
+        std::fflush(stdout);
+    }
+}
+
+/// The longest time that an event from outside has waited for the thread of the windows [ms].
+double LongestDeadTime(double milliseconds) {
+    std::atomic<bool> ends = false;
+    std::atomic<bool> handled = true;
+    double longest = 0;
+    QElapsedTimer time;
+    time.start();
+    std::thread pulse([&] {
+        while (!ends) {
+            Pause(1);
+            if (!handled.exchange(false))
+                continue;
+            const qint64 posted = time.nsecsElapsed();
+            QMetaObject::invokeMethod(
+                qApp,
+                [&, posted] {
+                    longest = std::max(longest, double(time.nsecsElapsed() - posted) / 1e6);
+                    handled = true;
+                },
+                Qt::QueuedConnection);
+        }
+    });
+    Pass(milliseconds);
+    ends = true;
+    pulse.join();
+    QCoreApplication::sendPostedEvents();
+    return longest;
+}
+
+void MeasureDeadTimes(int callMs) {
+    std::printf("  Longest time that input waits during updates [ms], and reads of a pass\n");
+    for (int step = 1; step <= int(std::size(kBoxes)); ++step) {
+        CLineDrive drive(callMs);
+        drive.wizardPath = BenchFiles().WizardPath();
+        drive.instant = true;
+        CYesSayer clerk;
+        RunWizardWith(drive, [&] {
+            PressIfThere(kBoxes[step - 1]);
+            PressIfThere(kNext);
+            Pass(kPeriodMs);
+            drive.TakeLog();
+            Pass(kPeriodMs + 100);
+            const QStringList reads = drive.TakeLog({QStringLiteral("read")});
+            drive.instant = false;
+            const double dead = LongestDeadTime(2.0 * kPeriodMs + 60.0 * callMs);
+            std::printf("  step %d %33.1f %8lld\n", step, dead, static_cast<long long>(reads.size()));
+            std::fflush(stdout);
+        });
+    }
+}
+
+void CountRequests() {
+    std::printf(
+        "Requests of a page's activation: on a link that fetches in one request what is announced, and on any other\n");
+    for (int step = 1; step <= int(std::size(kBoxes)); ++step) {
+        CLineDrive drive(0);
+        drive.wizardPath = BenchFiles().WizardPath();
+        CBatchingLink link(drive);
+        drive.SetTreeLink(link);
+        CYesSayer clerk;
+        RunWizardWith(drive, [&] {
+            PressIfThere(kBoxes[step - 1]);
+            link.TakeRequests();
+            drive.TakeLog();
+            PressIfThere(kNext);
+            const QStringList requests = link.TakeRequests();
+            std::printf("  step %d %9lld %9lld\n", step, static_cast<long long>(requests.size()),
+                        static_cast<long long>(drive.TakeLog({QStringLiteral("read")}).size()));
+        });
+    }
+}
+
+} // namespace
+} // namespace krt550
+
+int main(int argc, char** argv) {
+    using namespace krt550;
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    application.setQuitOnLastWindowClosed(false);
+    std::vector<int> times;
+    for (int i = 1; i < argc; ++i)
+        times.push_back(std::clamp(std::atoi(argv[i]), 0, 10000));
+    if (times.empty())
+        times = {0, 5, 20, 100};
+    CountRequests();
+    for (const int callMs : times) {
+        std::printf("\nA drive call takes %d ms\n", callMs);
+        MeasureReactions(callMs);
+        MeasureDeadTimes(callMs);
+    }
+    return 0;
+}
