@@ -1,6 +1,7 @@
 #include "wizard/wiring/pointer_rows.h"
 
 #include "hostlib/tolvbo32/parameter.h"
+#include "wizard/params/cyclic_update.h"
 #include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/control_text.h"
@@ -93,18 +94,22 @@ bool CPointerRows::Write() {
     return written;
 }
 
-bool CPointerRows::Refresh() {
-    const FailurePass pass;
-    bool refreshed = true;
-    for (Row& row : m_rows) {
-        const CParameter* pointer = row.index.GetParameter();
-        if (!row.index.IsRead() || row.index.IsChanged())
-            continue;
-        // The update of the rows may have brought another pointer.
-        const bool moved = pointer->GetActualValue() != row.pointed.GetPointer();
-        refreshed = (moved ? Resolve(row, UploadFailed()) : row.pointed.Refresh()) && refreshed;
-    }
-    return refreshed;
+void CPointerRows::AddReads(std::vector<quint16>& registers) const {
+    for (const Row& row : m_rows)
+        registers.push_back(row.index.GetRegister());
+}
+
+void CPointerRows::AddUpdate(UpdatePlan& plan) {
+    for (Row& row : m_rows)
+        plan.AddStep([this, &row] { return Refresh(row); });
+}
+
+bool CPointerRows::Refresh(Row& row) {
+    if (!row.index.IsRead() || row.index.IsChanged())
+        return true;
+    // The update of the rows may have brought another pointer.
+    const bool moved = row.index.GetParameter()->GetActualValue() != row.pointed.GetPointer();
+    return moved ? Resolve(row, UploadFailed()) : row.pointed.Refresh();
 }
 
 void CPointerRows::ShowView(bool basic) {

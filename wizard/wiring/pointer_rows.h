@@ -5,8 +5,11 @@
 
 #include <deque>
 #include <span>
+#include <vector>
 
 namespace krt550 {
+
+struct UpdatePlan;
 
 /// The rows of a window that tie the words of a telegram to parameters: index rows, each with what it points to, and
 /// one button for the view of them all. Control ids are those of pointer_ids.h.
@@ -29,8 +32,10 @@ public:
     bool BindUnchanged(CParameterGroup* root, const IndexList& list, QString& errors);
     /// Writes the changed rows, each attempted, and resolves them anew. False when one was refused (shown).
     bool Write();
-    /// Reads again what the rows without a change point to; false when that failed (shown).
-    bool Refresh();
+    /// Adds the registers that binding reads, as far as they are known beforehand.
+    void AddReads(std::vector<quint16>& registers) const;
+    /// Adds to an update, a step a row, that what the rows without a change point to is read again.
+    void AddUpdate(UpdatePlan& plan);
     /// Drop-downs, or edits with their heading.
     void ShowView(bool basic);
     bool IsBasicView() const { return m_basic; }
@@ -45,6 +50,7 @@ private:
 
     bool Bind(Row& row, const IndexList& list, QString& errors);
     bool Resolve(Row& row, const QString& failure);
+    bool Refresh(Row& row);
 
     CWindow& m_window;
     std::deque<Row> m_rows;

@@ -1,5 +1,6 @@
 #include "wizard/assistants/special/tab_page_dataset.h"
 
+#include "wizard/params/cyclic_update.h"
 #include "wizard/resources/page_rows.h"
 #include "wizard/texts/wizard_text_store.h"
 
@@ -14,6 +15,16 @@ constexpr quint16 kToPLC[] = {9201, 9202, 9203, 9204, 9205, 9206, 9207, 9208, 92
 CTabPageDataset::CTabPageDataset(DatasetDirection direction)
     : CRowTabPage(kDatasetRows), m_direction(direction),
       m_words(*this, direction == DatasetDirection::FromPLC ? kFromPLC : kToPLC) {}
+
+void CTabPageDataset::AddReads(std::vector<quint16>& registers) {
+    CRowTabPage::AddReads(registers);
+    m_words.AddReads(registers);
+}
+
+void CTabPageDataset::AddUpdate(UpdatePlan& plan) {
+    m_words.AddUpdate(plan);
+    CRowTabPage::AddUpdate(plan);
+}
 
 bool CTabPageDataset::BindRows(CParameterGroup* root, QString& errors) {
     m_words.ShowView(m_words.IsBasicView());

@@ -14,7 +14,8 @@ class CTabPageDataset : public CRowTabPage {
 public:
     explicit CTabPageDataset(DatasetDirection direction);
 
-    bool RefreshValues() override { return m_words.Refresh(); }
+    void AddReads(std::vector<quint16>& registers) override;
+    void AddUpdate(UpdatePlan& plan) override;
 
 protected:
     bool BindRows(CParameterGroup* root, QString& errors) override;

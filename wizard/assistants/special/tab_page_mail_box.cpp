@@ -1,6 +1,7 @@
 #include "wizard/assistants/special/tab_page_mail_box.h"
 
 #include "hostlib/tolvbo32/parameter.h"
+#include "wizard/params/cyclic_update.h"
 #include "wizard/platform/resources.h"
 #include "wizard/resources/page_rows.h"
 #include "wizard/texts/wizard_text_store.h"
@@ -41,6 +42,16 @@ CTabPageMailBox::CTabPageMailBox(int number)
     : CRowTabPage(kMailBoxRows), m_number(number), m_idRegister(IdRegister(number)),
       m_words(*this, WordRegisters(number)) {
     GetRows()[0].SetRegister(m_idRegister);
+}
+
+void CTabPageMailBox::AddReads(std::vector<quint16>& registers) {
+    CRowTabPage::AddReads(registers);
+    m_words.AddReads(registers);
+}
+
+void CTabPageMailBox::AddUpdate(UpdatePlan& plan) {
+    m_words.AddUpdate(plan);
+    CRowTabPage::AddUpdate(plan);
 }
 
 bool CTabPageMailBox::BindRows(CParameterGroup* root, QString& errors) {

@@ -14,7 +14,8 @@ public:
     /// `number` 1 to 4.
     explicit CTabPageMailBox(int number);
 
-    bool RefreshValues() override { return m_words.Refresh(); }
+    void AddReads(std::vector<quint16>& registers) override;
+    void AddUpdate(UpdatePlan& plan) override;
 
 protected:
     bool BindRows(CParameterGroup* root, QString& errors) override;
