@@ -112,7 +112,9 @@ TEST_F(NamePlateData, HasNothingToTypeIntoWithoutADrivesParameters) {
 }
 
 TEST_F(NamePlateData, ShowsTheOtherRowsOfADriveThatLacksOne) {
-    FakeDrive drive(NamePlateParameters({3016}));
+    std::vector<ParameterDescription> parameters = WizardParameters();
+    std::erase_if(parameters, [](const ParameterDescription& parameter) { return parameter.reg == 3016; });
+    FakeDrive drive(parameters);
     drive.wizardPath = m_drive.wizardPath;
     RunWizardWith(drive, [&] {
         m_boxes.Expect("- Parameter 3016 not found from drive.\n\nUnable to use the specified parameter.\n");
