@@ -140,6 +140,13 @@ void AddRowsOfAllPages(std::vector<ParameterDescription>& parameters) {
                 add(row.reg, row.kind == RowKind::List);
     for (const int reg : {418, 419})
         add(static_cast<quint16>(reg), false);
+    // Words of datasets and mailboxes; the registers of those rows are given at run time.
+    for (const auto& [first, last] : {std::pair{9001, 9012}, {9201, 9212}, {9412, 9435}})
+        for (int reg = first; reg <= last; ++reg)
+            add(static_cast<quint16>(reg), false);
+    for (ParameterDescription& parameter : parameters)
+        if (parameter.reg == 9002 || parameter.reg == 9415)
+            parameter.defaultValue = 9902; // what they point to is read
 }
 
 std::vector<ParameterDescription> WizardParameters() {

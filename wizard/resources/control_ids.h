@@ -71,7 +71,17 @@ enum ControlId : int {
     kIdLinkStatus = 970,
     // Of the configurable assistant, and of the window with a row's help.
     kIdConfigurableGroup = 60391,
-    kIdHelpText = 60392
+    kIdHelpText = 60392,
+    // Of the serial communication assistant and of the master-follower assistant.
+    kIdFieldbusDefaults = 60393,
+    kIdMailBoxPicture = 60394,
+    kIdActualHeading = 60395, ///< of the rows that point to parameters
+    kIdUnitHeading = 60396,
+    kIdMailBoxLabel = 60960, ///< of the row of a mailbox's ID
+    kIdMailBoxId,
+    kIdMailBoxUnit,
+    kIdMailBoxMinimum,
+    kIdMailBoxMaximum
 };
 
 /// Rows of the configurable assistant: 1 to 20 edits on the left, 21 to 40 drop-downs on the right.

@@ -34,6 +34,7 @@ constexpr FullLayout kFullLayouts[] = {
     {134, TerminalsLayout},
     {135, EStopLayout},
     {137, FieldExciterLayout},
+    {138, MasterFollowerLayout},
     {139, TwelvePulseLayout},
     {140, AnalogueOutputsLayout},
     {141, DigitalTerminalsLayout},
@@ -41,9 +42,13 @@ constexpr FullLayout kFullLayouts[] = {
     {143, AnalogueInputConnectionsLayout},
     {144, ProtectionsTabLayout},
     {145, LimitsTabLayout},
+    {146, SerialCommunicationLayout},
     {147, ConfigurableLayout},
+    {148, MailBoxTabLayout},
     {149, TwelvePulseCommonLayout},
     {150, TwelvePulseProtectionsLayout},
+    {7118, FieldbusTabLayout},
+    {7119, DatasetTabLayout},
     {10000, RowHelpLayout},
     {10056, SpeedGeneralTabLayout},
     {10057, SpeedFiltersTabLayout},
@@ -54,8 +59,6 @@ constexpr FullLayout kFullLayouts[] = {
 
 constexpr PlainPage kPlainPages[] = {
     {136, 278, false},
-    {138, 286, false},
-    {146, 298, false},
 };
 
 DialogLayout PlainLayout(const PlainPage& page) {

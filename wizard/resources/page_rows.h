@@ -27,6 +27,11 @@ extern const PageRows k12PulseProtectionRows;
 extern const PageRows kEStopRows;
 extern const PageRows kFieldExciterRows;
 extern const PageRows kConfigurableRows;
+extern const PageRows kSerialRows;
+extern const PageRows kFieldbusRows;
+extern const PageRows kDatasetRows;
+extern const PageRows kMasterFollowerRows;
+extern const PageRows kMailBoxRows;
 
 /// All of them.
 inline constexpr const PageRows* kAllPageRows[] = {
@@ -34,7 +39,8 @@ inline constexpr const PageRows* kAllPageRows[] = {
     &kSpeedControllerRows, &kSpeedGeneralRows,  &kSpeedFiltersRows,      &kSpeedLimitsRows,     &kSpeedFeedbackAutoRows,
     &kTachoManualRows,     &kAnalogueInputRows, &kAnalogueOutputRows,    &kDigitalTerminalRows, &kProtectionRows,
     &kLimitRows,           &k12PulseCommonRows, &k12PulseProtectionRows, &kEStopRows,           &kFieldExciterRows,
-    &kConfigurableRows,
+    &kConfigurableRows,    &kSerialRows,        &kFieldbusRows,          &kDatasetRows,         &kMasterFollowerRows,
+    &kMailBoxRows,
 };
 
 } // namespace krt550
