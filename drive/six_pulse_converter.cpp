@@ -15,8 +15,9 @@ constexpr double kIdealOfPeak = 3 / pi;
 constexpr double kCosine30 = std::numbers::sqrt3 / 2;
 constexpr double kAtLimit = 0.5 - pi / 6 * kCosine30; ///< sin(h) - h*cos(h) at h = 30 deg
 constexpr double kBoundary = 2 * kAtLimit;            ///< 1 - pi/6*cot(pi/6)
-constexpr double kNear = 0.01;                        ///< of the current: what is missing then goes by the slope
+constexpr double kNear = 0.03;                        ///< of the current: what is missing then goes by the slope
 constexpr int kPasses = 12;
+constexpr double kShortest = 1e-3; ///< half a pulse [rad]
 
 /// e at which a pulse that starts at theta0 lasts `length`: the root condition solved for e.
 double EmfOf(double theta0, double length) {
@@ -38,12 +39,12 @@ struct PulsePoint {
 /// The pulse fired at 30 degrees or later that carries `share` (above 0, up to 1) of the current at the limit. With h
 /// half its length and a = alpha - 30 deg the sums of sines turn into products:
 ///     e = cos(a + h) * sin(h)/h,  Id*w*L/Upeak = 6/pi * sin(a + h) * (sin(h) - h*cos(h)).
-/// The current goes nearly with a power of h, the third to the fourth: each pass takes that root of what is missing.
-PulsePoint PulseCarrying(double share, double cosine, double sine) {
+/// The current goes nearly with a power of h, the third to the fourth: each pass takes that root of what is missing,
+/// beginning at the h that is given (above 0) and left for the next search: a step later little has changed.
+PulsePoint PulseCarrying(double share, double cosine, double sine, double& h) {
     const double sineLate = sine * kCosine30 - cosine / 2; // sin(a)
     const double cosineLate = cosine * kCosine30 + sine / 2;
     const double wanted = share * sine * kAtLimit;
-    double h = kPulse / 2 * std::sqrt(std::sqrt(share));
     for (int pass = 0;; ++pass) {
         const double q = h * h;
         // sin(h)/h and (sin(h) - h*cos(h))/h^3 as their series, exact to 1e-9 up to 30 degrees.
@@ -62,19 +63,20 @@ PulsePoint PulseCarrying(double share, double cosine, double sine) {
             return {along * sinc + rise * (wanted - given), rise * sine * kAtLimit};
         }
         const double power = std::max(1.0, givenRise * h / given);
-        h = std::min(kPulse / 2, h * (power - 1 + (power + 1) * ratio) / (power + 1 + (power - 1) * ratio));
+        const double next = h * (power - 1 + (power + 1) * ratio) / (power + 1 + (power - 1) * ratio);
+        h = std::max(kShortest, std::min(kPulse / 2, next)); // beyond 170 degrees there may be no such pulse
     }
 }
 
 /// The same at any firing angle. Fired before 30 degrees a valve waits for the EMF to be passed: the curve of 30
 /// degrees, drawn together.
-PulsePoint PulseAt(double share, double cosine, double sine) {
+PulsePoint PulseAt(double share, double cosine, double sine, double& h) {
     if (cosine <= kCosine30)
-        return PulseCarrying(share, cosine, sine);
+        return PulseCarrying(share, cosine, sine, h);
     const double late = kCosine30 * kIdealOfPeak;
     const double here = cosine * kIdealOfPeak;
     const double drawn = (1 - here) / (1 - late);
-    const PulsePoint point = PulseCarrying(share, kCosine30, 0.5);
+    const PulsePoint point = PulseCarrying(share, kCosine30, 0.5, h);
     return {here + (point.e - late) * drawn, point.rise * drawn};
 }
 
@@ -111,18 +113,23 @@ double CSixPulseConverter::GetIdealVoltage() const {
     return kIdealOfPeak * m_peak;
 }
 
+double CSixPulseConverter::LimitOf(double sine, double inductance) const {
+    return GetIdealVoltage() * kBoundary * sine / (m_frequency * inductance);
+}
+
 double CSixPulseConverter::DiscontinuousLimit(double cosine, double inductance) const {
-    return GetIdealVoltage() * SineOf(cosine) / (m_frequency * inductance) * kBoundary;
+    return LimitOf(SineOf(cosine), inductance);
 }
 
 ConverterVoltage CSixPulseConverter::MeanVoltage(double cosine, double current, double inductance) const {
     if (m_twoPulse)
         return {GetIdealVoltage() * cosine * 2 / 3 - m_commutation * current, -m_commutation, false};
-    const double limit = DiscontinuousLimit(cosine, inductance);
+    const double sine = SineOf(cosine);
+    const double limit = LimitOf(sine, inductance);
     if (current >= limit)
         return {GetIdealVoltage() * cosine - CommutationDrop(current, limit), -m_commutation, true};
     constexpr double kLeast = 8e-6; // the curve stands upright at 0
-    const PulsePoint point = PulseAt(std::max(kLeast, current / limit), cosine, SineOf(cosine));
+    const PulsePoint point = PulseAt(std::max(kLeast, current / limit), cosine, sine, m_halfPulse);
     const double slope = m_peak * point.rise / limit;
     return {m_peak * point.e - CommutationDrop(current, limit),
             std::min(0.0, slope) - 2 * m_commutation * current / limit, false};

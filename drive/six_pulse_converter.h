@@ -47,11 +47,13 @@ public:
 
 private:
     double CommutationDrop(double current, double limit) const;
+    double LimitOf(double sine, double inductance) const;
 
     double m_peak = 0;
     double m_frequency = 0;
     double m_commutation = 0; ///< 3/pi*w*Lk [Ohm]
     bool m_twoPulse = false;
+    mutable double m_halfPulse = 0.3; ///< where the next search for a pulse begins [rad]
 };
 
 } // namespace krt550
