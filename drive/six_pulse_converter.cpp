@@ -39,12 +39,12 @@ struct PulsePoint {
 /// The pulse fired at 30 degrees or later that carries `share` (above 0, up to 1) of the current at the limit. With h
 /// half its length and a = alpha - 30 deg the sums of sines turn into products:
 ///     e = cos(a + h) * sin(h)/h,  Id*w*L/Upeak = 6/pi * sin(a + h) * (sin(h) - h*cos(h)).
-/// The current goes nearly with a power of h, the third to the fourth: each pass takes that root of what is missing,
-/// beginning at the h that is given (above 0) and left for the next search: a step later little has changed.
-PulsePoint PulseCarrying(double share, double cosine, double sine, double& h) {
+/// The current goes nearly with a power of h, the third to the fourth: each pass takes that root of what is missing.
+PulsePoint PulseCarrying(double share, double cosine, double sine) {
     const double sineLate = sine * kCosine30 - cosine / 2; // sin(a)
     const double cosineLate = cosine * kCosine30 + sine / 2;
     const double wanted = share * sine * kAtLimit;
+    double h = kPulse / 2 * std::sqrt(std::sqrt(share));
     for (int pass = 0;; ++pass) {
         const double q = h * h;
         // sin(h)/h and (sin(h) - h*cos(h))/h^3 as their series, exact to 1e-9 up to 30 degrees.
@@ -70,13 +70,13 @@ PulsePoint PulseCarrying(double share, double cosine, double sine, double& h) {
 
 /// The same at any firing angle. Fired before 30 degrees a valve waits for the EMF to be passed: the curve of 30
 /// degrees, drawn together.
-PulsePoint PulseAt(double share, double cosine, double sine, double& h) {
+PulsePoint PulseAt(double share, double cosine, double sine) {
     if (cosine <= kCosine30)
-        return PulseCarrying(share, cosine, sine, h);
+        return PulseCarrying(share, cosine, sine);
     const double late = kCosine30 * kIdealOfPeak;
     const double here = cosine * kIdealOfPeak;
     const double drawn = (1 - here) / (1 - late);
-    const PulsePoint point = PulseCarrying(share, kCosine30, 0.5, h);
+    const PulsePoint point = PulseCarrying(share, kCosine30, 0.5);
     return {here + (point.e - late) * drawn, point.rise * drawn};
 }
 
@@ -129,7 +129,7 @@ ConverterVoltage CSixPulseConverter::MeanVoltage(double cosine, double current, 
     if (current >= limit)
         return {GetIdealVoltage() * cosine - CommutationDrop(current, limit), -m_commutation, true};
     constexpr double kLeast = 8e-6; // the curve stands upright at 0
-    const PulsePoint point = PulseAt(std::max(kLeast, current / limit), cosine, sine, m_halfPulse);
+    const PulsePoint point = PulseAt(std::max(kLeast, current / limit), cosine, sine);
     const double slope = m_peak * point.rise / limit;
     return {m_peak * point.e - CommutationDrop(current, limit),
             std::min(0.0, slope) - 2 * m_commutation * current / limit, false};

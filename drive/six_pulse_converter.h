@@ -53,7 +53,6 @@ private:
     double m_frequency = 0;
     double m_commutation = 0; ///< 3/pi*w*Lk [Ohm]
     bool m_twoPulse = false;
-    mutable double m_halfPulse = 0.3; ///< where the next search for a pulse begins [rad]
 };
 
 } // namespace krt550
