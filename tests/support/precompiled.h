@@ -7,7 +7,6 @@
 #include <QSize>
 #include <QString>
 #include <QStringList>
-#include <QTest>
 #include <QTimer>
 #include <QWidget>
 
