@@ -1,8 +1,10 @@
-// The wizard text file: loading it, and asking for a text.
+// The wizard text file: loading it, and asking for a text; and loading a drive description.
 #include "bench/generated_texts.h"
+#include "hostlib/tolvbo32/drive_description.h"
 #include "wizard/texts/wizard_directory.h"
 #include "wizard/texts/wizard_text_store.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -38,6 +40,22 @@ void LoadTextFile(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * QFileInfo(directory + QStringLiteral("/Wzkrt550.txt")).size());
 }
 BENCHMARK(LoadTextFile)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+
+/// A drive that has nearly every register there can be.
+void LoadDriveDescription(benchmark::State& state) {
+    QByteArray text("register\tname\tunit\tdata type\ttype\tdecimals\tminimum\tmaximum\tdefault\taccess\tvalues\n");
+    for (int reg = 100; reg < 65'100; ++reg)
+        text +=
+            QByteArray::number(reg) + "\tParameter " + QByteArray::number(reg) +
+            (reg % 4 ? "\tms\t8\t3\t1\t0.0\t6000.5\t12.5\trw\t\n" : "\t\t8\t4\t0\t0\t2\t1\trw\t0=Off;1=On;2=Both\n");
+    for (auto _ : state) {
+        QBuffer buffer(&text);
+        buffer.open(QIODevice::ReadOnly);
+        QStringList errors;
+        benchmark::DoNotOptimize(ReadDriveDescription(buffer, QStringLiteral("drive"), errors).value());
+    }
+}
+BENCHMARK(LoadDriveDescription)->Unit(benchmark::kMillisecond);
 
 void LookUpText(benchmark::State& state) {
     SetWizardDirectory(DirectoryOf(1));

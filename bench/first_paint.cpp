@@ -29,8 +29,8 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        const auto* widget = qobject_cast<QWidget*>(watched);
-        if (event->type() == QEvent::Paint && widget && widget->isWindow())
+        // A window that its children cover is not painted itself.
+        if (event->type() == QEvent::Paint && watched->isWidgetType())
             QMetaObject::invokeMethod(this, &CFirstPaint::Report, Qt::QueuedConnection);
         return false;
     }

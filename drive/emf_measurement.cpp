@@ -6,8 +6,7 @@
 
 namespace krt550 {
 
-void CEmfMeasurement::Step(double seconds, double voltage, double current, double field,
-                           const DriveSettings& settings) {
+void CEmfMeasurement::Step(double seconds, double voltage, double current, double flux, const DriveSettings& settings) {
     constexpr double kLeastFlux = 0.05;
     m_voltage.Step(voltage - settings.resistance * current, seconds, settings.emfFilter);
     // What is left of a current when its bridge is blocked goes out without a trace in the mean voltage.
@@ -18,9 +17,8 @@ void CEmfMeasurement::Step(double seconds, double voltage, double current, doubl
     const double rise = settings.emfFilter > seconds ? (current - m_current.GetOutput()) / settings.emfFilter : 0;
     m_current.Step(current, seconds, settings.emfFilter);
     m_emf = m_voltage.GetOutput() - settings.inductance * rise;
-    const double relative = std::abs(field) / settings.ratedFieldCurrent;
     // The flux through the same lag as the EMF: a field that changes fast must not look like another speed.
-    m_flux.Step(std::copysign(settings.fluxOfField(relative), field), seconds, settings.emfFilter);
+    m_flux.Step(flux, seconds, settings.emfFilter);
     const bool tells = std::abs(m_flux.GetOutput()) >= kLeastFlux;
     m_speed = tells ? m_emf / (settings.ratedEmf * m_flux.GetOutput()) * settings.baseSpeed : 0;
 }

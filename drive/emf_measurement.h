@@ -11,8 +11,8 @@ struct DriveSettings;
 /// one of them is wrong, the speed is wrong.
 class CEmfMeasurement {
 public:
-    /// `voltage` [V] and `current` [A] of the armature, `field` current [A].
-    void Step(double seconds, double voltage, double current, double field, const DriveSettings& settings);
+    /// `voltage` [V] and `current` [A] of the armature, `flux` relative, with the field current's sign.
+    void Step(double seconds, double voltage, double current, double flux, const DriveSettings& settings);
     /// Begins anew with a motor that stands.
     void Reset();
 

@@ -68,8 +68,7 @@ double CMotorControl::ReferenceFor(const MotorCommand& command, const DriveSetti
     m_state.torqueReference = 0;
     m_state.speedReference = 0;
     if (m_mode == ArmatureMode::Speed) {
-        const double field = std::abs(m_motor.GetFieldCurrent()) / settings.ratedFieldCurrent;
-        const double flux = std::max(kLeastFlux, settings.fluxOfField(field));
+        const double flux = std::max(kLeastFlux, m_state.flux);
         const double rated = settings.ratedCurrent / flux;
         const bool borrowed = command.guide == SpeedGuide::Emf && settings.speedSource != SpeedSource::Emf;
         m_state.torqueReference = m_speedControl.Step(kStep, command.speed, m_state.signals.used,
@@ -175,7 +174,9 @@ void CMotorControl::Observe(SpeedGuide guide, const DriveSettings& settings) {
     m_state.armatureCurrent = m_motor.GetArmatureCurrent();
     m_state.fieldCurrent = m_motor.GetFieldCurrent();
     m_state.speed = m_motor.GetSpeed();
-    m_emf.Step(kStep, m_state.armatureVoltage, m_state.armatureCurrent, m_state.fieldCurrent, settings);
+    m_state.flux = settings.fluxOfField(std::abs(m_state.fieldCurrent) / settings.ratedFieldCurrent);
+    m_emf.Step(kStep, m_state.armatureVoltage, m_state.armatureCurrent,
+               std::copysign(m_state.flux, m_state.fieldCurrent), settings);
     m_state.emf = m_emf.GetEmf();
     const double chance = m_feedback.noise > 0 ? std::uniform_real_distribution(-1.0, 1.0)(m_random) : 0;
     m_state.signals = MeasureSpeed(m_state.speed, m_emf.GetSpeed(), m_feedback, settings, chance);

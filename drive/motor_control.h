@@ -54,6 +54,7 @@ struct MotorState {
     double fieldCurrent = 0;     ///< [A]
     double speed = 0;            ///< of the shaft [rad/s]
     SpeedSignals signals;        ///< what the speed inputs make of it [rad/s]
+    double flux = 0;             ///< that the drive takes the field current for, relative
     double emf = 0;              ///< as measured [V]
     double torque = 0;           ///< [N*m]
     double currentReference = 0; ///< [A]

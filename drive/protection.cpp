@@ -73,8 +73,7 @@ void CProtection::Heat(double seconds, const MotorState& state, const DriveSetti
 
 bool CProtection::IsStalled(double seconds, const MotorState& state, const DriveSettings& settings,
                             const TripLevels& levels) {
-    const double flux = settings.fluxOfField(std::abs(state.fieldCurrent) / settings.ratedFieldCurrent);
-    const double torque = flux * std::abs(state.armatureCurrent) / settings.ratedCurrent;
+    const double torque = state.flux * std::abs(state.armatureCurrent) / settings.ratedCurrent;
     const bool stands = std::abs(state.signals.used) < levels.stallSpeed && torque >= levels.stallTorque;
     m_stalled = Lasting(m_stalled, levels.stallTime > 0 && stands, seconds);
     return m_stalled > 0 && m_stalled >= levels.stallTime;

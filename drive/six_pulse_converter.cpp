@@ -15,8 +15,9 @@ constexpr double kIdealOfPeak = 3 / pi;
 constexpr double kCosine30 = std::numbers::sqrt3 / 2;
 constexpr double kAtLimit = 0.5 - pi / 6 * kCosine30; ///< sin(h) - h*cos(h) at h = 30 deg
 constexpr double kBoundary = 2 * kAtLimit;            ///< 1 - pi/6*cot(pi/6)
-constexpr double kNear = 0.01;                        ///< of the current: what is missing then goes by the slope
+constexpr double kNear = 0.03;                        ///< of the current: what is missing then goes by the slope
 constexpr int kPasses = 12;
+constexpr double kShortest = 1e-3; ///< half a pulse [rad]
 
 /// e at which a pulse that starts at theta0 lasts `length`: the root condition solved for e.
 double EmfOf(double theta0, double length) {
@@ -62,7 +63,8 @@ PulsePoint PulseCarrying(double share, double cosine, double sine) {
             return {along * sinc + rise * (wanted - given), rise * sine * kAtLimit};
         }
         const double power = std::max(1.0, givenRise * h / given);
-        h = std::min(kPulse / 2, h * (power - 1 + (power + 1) * ratio) / (power + 1 + (power - 1) * ratio));
+        const double next = h * (power - 1 + (power + 1) * ratio) / (power + 1 + (power - 1) * ratio);
+        h = std::max(kShortest, std::min(kPulse / 2, next)); // beyond 170 degrees there may be no such pulse
     }
 }
 
@@ -111,18 +113,23 @@ double CSixPulseConverter::GetIdealVoltage() const {
     return kIdealOfPeak * m_peak;
 }
 
+double CSixPulseConverter::LimitOf(double sine, double inductance) const {
+    return GetIdealVoltage() * kBoundary * sine / (m_frequency * inductance);
+}
+
 double CSixPulseConverter::DiscontinuousLimit(double cosine, double inductance) const {
-    return GetIdealVoltage() * SineOf(cosine) / (m_frequency * inductance) * kBoundary;
+    return LimitOf(SineOf(cosine), inductance);
 }
 
 ConverterVoltage CSixPulseConverter::MeanVoltage(double cosine, double current, double inductance) const {
     if (m_twoPulse)
         return {GetIdealVoltage() * cosine * 2 / 3 - m_commutation * current, -m_commutation, false};
-    const double limit = DiscontinuousLimit(cosine, inductance);
+    const double sine = SineOf(cosine);
+    const double limit = LimitOf(sine, inductance);
     if (current >= limit)
         return {GetIdealVoltage() * cosine - CommutationDrop(current, limit), -m_commutation, true};
     constexpr double kLeast = 8e-6; // the curve stands upright at 0
-    const PulsePoint point = PulseAt(std::max(kLeast, current / limit), cosine, SineOf(cosine));
+    const PulsePoint point = PulseAt(std::max(kLeast, current / limit), cosine, sine);
     const double slope = m_peak * point.rise / limit;
     return {m_peak * point.e - CommutationDrop(current, limit),
             std::min(0.0, slope) - 2 * m_commutation * current / limit, false};

@@ -47,6 +47,7 @@ public:
 
 private:
     double CommutationDrop(double current, double limit) const;
+    double LimitOf(double sine, double inductance) const;
 
     double m_peak = 0;
     double m_frequency = 0;

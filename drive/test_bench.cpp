@@ -19,33 +19,26 @@ CTestBench::CTestBench(const DriveSettings& settings, double ideal, double peak,
 /// Evenly spread noise with the standard deviation `range`.
 double CTestBench::Noisy(double value, double range) {
     constexpr double kWidth = 1.7320508; // half width of an even spread with deviation 1
-    const double even = 2 * double(m_random() - decltype(m_random)::min()) /
-                            double(decltype(m_random)::max() - decltype(m_random)::min()) -
-                        1;
-    return value + range * kWidth * even;
+    constexpr double kScale = 2 * kWidth / double(decltype(m_random)::max() - decltype(m_random)::min());
+    return value + range * (kScale * double(m_random() - decltype(m_random)::min()) - kWidth);
 }
 
 bool CTestBench::Observe(double seconds, const MotorState& state, bool pulseOver) {
     m_time += seconds;
-    const struct {
-        double Measurement::*value;
-        double actual;
-        double noise;
-    } inputs[] = {
-        {&Measurement::armatureVoltage, state.armatureVoltage, kNoise * m_settings.ratedVoltage},
-        {&Measurement::armatureCurrent, state.armatureCurrent, kNoise * m_settings.ratedCurrent},
-        {&Measurement::fieldVoltage, state.fieldVoltage, kNoise * m_settings.ratedFieldVoltage},
-        {&Measurement::fieldCurrent, state.fieldCurrent, kNoise * m_settings.ratedFieldCurrent},
-        {&Measurement::emf, state.emf, kNoise * m_settings.ratedVoltage},
-        {&Measurement::speed, state.signals.used, kSpeedNoise * m_settings.baseSpeed},
-        {&Measurement::emfSpeed, state.signals.emf, kSpeedNoise * m_settings.baseSpeed},
-        {&Measurement::encoderSpeed, state.signals.encoder, kSpeedNoise * m_settings.baseSpeed},
-        {&Measurement::tachoSpeed, state.signals.tacho, kSpeedNoise * m_settings.baseSpeed},
+    const auto take = [this](double Measurement::*value, double actual, double noise) {
+        m_now.*value = Noisy(actual, noise);
+        m_sum.*value += m_now.*value;
     };
-    for (const auto& input : inputs) {
-        m_now.*input.value = Noisy(input.actual, input.noise);
-        m_sum.*input.value += m_now.*input.value;
-    }
+    const double speedNoise = kSpeedNoise * m_settings.baseSpeed;
+    take(&Measurement::armatureVoltage, state.armatureVoltage, kNoise * m_settings.ratedVoltage);
+    take(&Measurement::armatureCurrent, state.armatureCurrent, kNoise * m_settings.ratedCurrent);
+    take(&Measurement::fieldVoltage, state.fieldVoltage, kNoise * m_settings.ratedFieldVoltage);
+    take(&Measurement::fieldCurrent, state.fieldCurrent, kNoise * m_settings.ratedFieldCurrent);
+    take(&Measurement::emf, state.emf, kNoise * m_settings.ratedVoltage);
+    take(&Measurement::speed, state.signals.used, speedNoise);
+    take(&Measurement::emfSpeed, state.signals.emf, speedNoise);
+    take(&Measurement::encoderSpeed, state.signals.encoder, speedNoise);
+    take(&Measurement::tachoSpeed, state.signals.tacho, speedNoise);
     ++m_count;
     m_continuous = state.continuous;
     m_pulseOver = pulseOver;

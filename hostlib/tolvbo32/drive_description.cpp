@@ -1,96 +1,56 @@
 #include "hostlib/tolvbo32/drive_description.h"
 
+#include "hostlib/tolvbo32/description_line.h"
 #include "hostlib/tolvbo32/value_codec.h"
 
 #include <QFile>
-#include <QSet>
-#include <QTextStream>
+#include <QStringConverter>
+
+#include <algorithm>
 
 namespace krt550 {
 namespace {
 
-enum Column { Register, Name, Unit, Type, Kind, Decimals, Minimum, Maximum, Default, Access, Values, ColumnCount };
+using namespace description;
 
-const QStringList kHeader = {QStringLiteral("register"),  QStringLiteral("name"),    QStringLiteral("unit"),
-                             QStringLiteral("data type"), QStringLiteral("type"),    QStringLiteral("decimals"),
-                             QStringLiteral("minimum"),   QStringLiteral("maximum"), QStringLiteral("default"),
-                             QStringLiteral("access"),    QStringLiteral("values")};
-
-/// Reads the fields of one line; remembers the first thing that is wrong.
-class CLineReader {
-public:
-    explicit CLineReader(QStringList fields) : m_fields(std::move(fields)) {}
-
-    QString text(Column column) const { return m_fields[column]; }
-
-    int integer(Column column, std::initializer_list<int> allowed) {
-        bool ok = false;
-        const int value = m_fields[column].toInt(&ok);
-        if (!ok || std::find(allowed.begin(), allowed.end(), value) == allowed.end())
-            bad(column);
-        return value;
-    }
-
-    double number(Column column) {
-        bool ok = false;
-        const double value = m_fields[column].toDouble(&ok);
-        if (!ok)
-            bad(column);
-        return value;
-    }
-
-    void bad(Column column) { fail(QStringLiteral("bad %1 \"%2\"").arg(kHeader[column], m_fields[column])); }
-
-    void fail(const QString& what) {
-        if (m_error.isEmpty())
-            m_error = what;
-    }
-
-    const QString& error() const { return m_error; }
-
-private:
-    QStringList m_fields;
-    QString m_error;
-};
-
-quint16 ReadRegister(CLineReader& line) {
-    bool ok = false;
-    const quint16 reg = line.text(Register).toUShort(&ok);
-    if (!ok || reg < 100 || QString::number(reg) != line.text(Register))
+quint16 ReadRegister(CDescriptionLine& line) {
+    quint16 reg = 0;
+    if (!Parse(line.text(Register), reg) || reg < 100 || line.text(Register).front() == '0')
         line.bad(Register);
     return reg;
 }
 
-std::vector<std::pair<quint16, QString>> ReadValues(CLineReader& line, DataType dataType) {
+std::vector<std::pair<quint16, QString>> ReadValues(CDescriptionLine& line, DataType dataType) {
     std::vector<std::pair<quint16, QString>> values;
-    QSet<quint16> numbers;
-    QSet<QString> texts;
-    const QStringList entries = line.text(Values).split(QLatin1Char(';'), Qt::SkipEmptyParts);
-    for (const QString& entry : entries) {
-        const qsizetype equals = entry.indexOf(QLatin1Char('='));
-        bool ok = false;
-        const quint16 number = entry.left(equals).toUShort(&ok);
-        const QString text = entry.mid(equals + 1);
-        const bool repeated = numbers.contains(number) || (texts.contains(text) && text != kExcludedValue);
-        const bool tooWide = dataType == DataType::Unsigned8 && number > 0xFF;
-        if (equals < 0 || !ok || tooWide || text.isEmpty() || repeated) {
-            line.fail(QStringLiteral("bad or repeated value \"%1\"").arg(entry));
+    std::string_view left = line.text(Values);
+    while (!left.empty()) {
+        const std::string_view entry = TakeUpTo(left, ';');
+        if (entry.empty())
+            continue;
+        const std::size_t equals = entry.find('=');
+        quint16 number = 0;
+        const bool good = equals != entry.npos && equals + 1 < entry.size() && Parse(entry.substr(0, equals), number) &&
+                          (dataType != DataType::Unsigned8 || number <= 0xFF);
+        const QString text = good ? Text(entry.substr(equals + 1)) : QString();
+        const bool repeated = std::ranges::any_of(values, [&](const auto& value) {
+            return value.first == number || (value.second == text && text != kExcludedValue);
+        });
+        if (!good || repeated) {
+            line.fail(QStringLiteral("bad or repeated value \"%1\"").arg(Text(entry)));
             break;
         }
-        numbers.insert(number);
-        texts.insert(text);
         values.emplace_back(number, text);
     }
     return values;
 }
 
-void CheckNumbers(const ParameterDescription& parameter, CLineReader& line) {
+void CheckNumbers(const ParameterDescription& parameter, CDescriptionLine& line) {
     if (parameter.minimum > parameter.maximum)
         return line.fail(QStringLiteral("minimum is above maximum"));
     QString error;
-    ParameterDescription unlimited = parameter;
-    unlimited.minimum = unlimited.maximum = 0;
-    unlimited.values.clear();
+    ParameterDescription unlimited;
+    unlimited.dataType = parameter.dataType;
+    unlimited.decimals = parameter.decimals;
     for (const double limit : {parameter.minimum, parameter.maximum})
         if (!WordOfNumber(unlimited, limit, error))
             return line.fail(QStringLiteral("limit %1 does not fit the data type").arg(limit));
@@ -99,21 +59,21 @@ void CheckNumbers(const ParameterDescription& parameter, CLineReader& line) {
         line.fail(QStringLiteral("default %1 is not a value of the parameter").arg(parameter.defaultValue));
 }
 
-ParameterDescription ReadParameterLine(CLineReader& line) {
+ParameterDescription ReadParameterLine(CDescriptionLine& line) {
     ParameterDescription parameter;
     parameter.reg = ReadRegister(line);
-    parameter.name = line.text(Name);
+    parameter.name = Text(line.text(Name));
     if (parameter.name.isEmpty())
         line.bad(Name);
-    parameter.unit = line.text(Unit);
+    parameter.unit = Text(line.text(Unit));
     parameter.dataType = static_cast<DataType>(line.integer(Type, {1, 2, 4, 8}));
     parameter.type = static_cast<ParameterType>(line.integer(Kind, {1, 2, 3, 4, 5, 6, 8, 10}));
     parameter.decimals = line.integer(Decimals, {0, 1, 2, 3, 4});
     parameter.minimum = line.number(Minimum);
     parameter.maximum = line.number(Maximum);
     parameter.defaultValue = line.number(Default);
-    parameter.readOnly = line.text(Access) == QLatin1String("ro");
-    if (!parameter.readOnly && line.text(Access) != QLatin1String("rw"))
+    parameter.readOnly = line.text(Access) == "ro";
+    if (!parameter.readOnly && line.text(Access) != "rw")
         line.bad(Access);
     parameter.values = ReadValues(line, parameter.dataType);
     if (line.error().isEmpty())
@@ -121,44 +81,57 @@ ParameterDescription ReadParameterLine(CLineReader& line) {
     return parameter;
 }
 
+/// UTF-8 without a byte-order mark. Editors that save as UTF-16 mark it.
+QByteArray ReadUtf8(QIODevice& input) {
+    const QByteArray data = input.readAll();
+    const auto marked = QStringConverter::encodingForData(data);
+    return marked ? QString(QStringDecoder(*marked)(data)).toUtf8() : data;
+}
+
 } // namespace
 
 std::optional<std::vector<ParameterDescription>> ReadDriveDescription(QIODevice& input, const QString& fileName,
                                                                       QStringList& errors) {
     const qsizetype errorsBefore = errors.size();
+    const QByteArray data = ReadUtf8(input);
+    std::string_view left(data.constData(), static_cast<std::size_t>(data.size()));
     std::vector<ParameterDescription> parameters;
-    QSet<quint16> seen;
+    parameters.reserve(static_cast<std::size_t>(std::ranges::count(left, '\n')) + 1);
+    std::vector<bool> seen(0x10000);
     bool headerSeen = false;
-    QTextStream stream(&input);
-    for (int lineNumber = 1; !stream.atEnd(); ++lineNumber) {
-        const QString text = stream.readLine();
-        if (text.isEmpty() || text.startsWith(QLatin1Char('#')))
+    for (int lineNumber = 1; !left.empty(); ++lineNumber) {
+        std::string_view text = TakeUpTo(left, '\n');
+        if (text.ends_with('\r'))
+            text.remove_suffix(1);
+        if (text.empty() || text.starts_with('#'))
             continue;
         const auto report = [&](const QString& what) {
             errors.append(QStringLiteral("%1:%2: %3").arg(fileName, QString::number(lineNumber), what));
         };
-        const QStringList fields = text.split(QLatin1Char('\t'));
+        CDescriptionLine line(text);
         if (!headerSeen) {
-            if (fields != kHeader) {
-                report(QStringLiteral("the header line must read: %1").arg(kHeader.join(QLatin1String(" | "))));
+            if (!line.isHeader()) {
+                QStringList header;
+                for (const std::string_view column : kHeader)
+                    header.append(Text(column));
+                report(QStringLiteral("the header line must read: %1").arg(header.join(QLatin1String(" | "))));
                 return std::nullopt;
             }
             headerSeen = true;
             continue;
         }
-        if (fields.size() != ColumnCount) {
-            report(QStringLiteral("%1 fields instead of %2").arg(fields.size()).arg(int(ColumnCount)));
+        if (line.count() != ColumnCount) {
+            report(QStringLiteral("%1 fields instead of %2").arg(line.count()).arg(int(ColumnCount)));
             continue;
         }
-        CLineReader line(fields);
         ParameterDescription parameter = ReadParameterLine(line);
-        if (line.error().isEmpty() && seen.contains(parameter.reg))
+        if (line.error().isEmpty() && seen[parameter.reg])
             line.fail(QStringLiteral("register %1 stands here a second time").arg(parameter.reg));
         if (!line.error().isEmpty()) {
             report(line.error());
             continue;
         }
-        seen.insert(parameter.reg);
+        seen[parameter.reg] = true;
         parameters.push_back(std::move(parameter));
     }
     if (!headerSeen)

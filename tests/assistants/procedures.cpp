@@ -2,6 +2,7 @@
 
 #include "tests/assistants/tuning_drive.h"
 #include "tests/shell/wizard_fixture.h"
+#include "wizard/platform/pointer_ids.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/digital_terminals.h"
@@ -113,6 +114,8 @@ void ApplySpecial(int box, std::initializer_list<int> edits) {
     for (const int id : edits) {
         if (tab > 0)
             ShowTab(tab);
+        if (!Robot::Find(id))
+            PressIfThere(kIdPointerView); // a word's edit is shown in the advanced view
         if (Robot::Find(id) && Robot::IsEnabled(id))
             Robot::Type(id, "22");
         ++tab;
@@ -219,6 +222,16 @@ const Procedure kProcedures[] = {
     {"Apply12Pulse",
      [] {
          ApplySpecial(178, {ValueId(9401), ValueId(4702)});
+     },
+     0, 1, 0, true},
+    {"ApplySerial",
+     [] {
+         ApplySpecial(179, {ValueId(5001), PointerId(1, kPointerIndex)});
+     },
+     0, 1, 0, true},
+    {"ApplyMasterFollower",
+     [] {
+         ApplySpecial(177, {kIdMailBoxId, kIdMailBoxId});
      },
      0, 1, 0, true},
     {"ApplyEStop", [] { ApplySpecial(174, {733}); }, 0},

@@ -26,7 +26,11 @@ protected:
         });
     }
     void MakeDrive(const std::set<quint16>& missing = {}) {
-        m_drive = std::make_unique<FakeDrive>(ShippedParameters(missing));
+        std::vector<ParameterDescription> parameters = ShippedParameters(missing);
+        for (ParameterDescription& parameter : parameters)
+            if (const auto name = m_names.find(parameter.reg); name != m_names.end())
+                parameter.name = name->second;
+        m_drive = std::make_unique<FakeDrive>(std::move(parameters));
         m_drive->wizardPath = QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550Wizard.so");
         if (m_prepare)
             m_prepare(*m_drive);
@@ -57,6 +61,7 @@ protected:
     CSteppedClock m_clock;
     ClockScope m_clockScope{m_clock};
     std::function<void(FakeDrive&)> m_prepare;
+    std::map<quint16, QString> m_names; ///< that the drive gives its parameters in place of the shipped ones
     std::unique_ptr<FakeDrive> m_drive;
     MessageBoxes m_boxes;
 };

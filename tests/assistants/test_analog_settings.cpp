@@ -257,7 +257,7 @@ TEST_F(AnalogSettings, AFailedRefreshStopsTheTimerAndIsToldOnce) {
             m_boxes.Expect("Error while updating parameters\n Stopping parameter update.")
                 .WithIcon(QMessageBox::Critical);
             const auto count = m_boxes.Seen().size() + 2;
-            EXPECT_TRUE(Robot::WaitUntil([&] { return m_boxes.Seen().size() == count; })) << reg;
+            EXPECT_TRUE(Robot::WaitUntil([&] { return m_boxes.Seen().size() == count && !IsUpdatePassOn(); })) << reg;
             drive.TakeLog();
             QTimer later;
             later.setSingleShot(true);

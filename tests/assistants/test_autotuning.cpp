@@ -1,14 +1,9 @@
 // Every run, asserted by its whole log of drive calls.
-#include "tests/assistants/tuning_drive.h"
-#include "tests/shell/wizard_fixture.h"
-#include "tests/support/application_end.h"
+#include "tests/assistants/tuning_fixture.h"
 
-#include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/row_ids.h"
 
-#include <QApplication>
 #include <QProgressBar>
-#include <QTest>
 
 namespace krt550 {
 namespace {
@@ -23,60 +18,28 @@ struct PageCase {
     QString success;
     bool readsOnceMore;
     bool readsFaultRecord;
-    QStringList results;
+    QString results; ///< registers, blank-separated
     bool judgesFirst = false;
-    bool showsProgress = true;
 };
 
 const PageCase kPages[] = {
-    {3,
-     165,
-     2,
-     kMightTurn,
-     "Autotuning field current controller successful",
-     true,
-     false,
-     {"read 4402", "read 4403", "read 4502", "read 9408"}},
-    {4,
-     166,
-     1,
-     kMightTurn,
-     "Autotuning armature current controller successful",
-     true,
-     true,
-     {"read 4306", "read 4307", "read 4308", "read 4309", "read 4310"}},
-    {6, 168, 4, kRunsUp, "Autotuning speed controller successful", true, true, {"read 2403", "read 2409"}, true},
-    {7,
-     169,
-     3,
-     kRunsUp,
-     "Autotuning field weakening assistant successful",
-     false,
-     true,
-     {"read 4409", "read 4410", "read 4412", "read 4413", "read 4414"}},
-    {11, 175, 9, kMightTurn, "Autotuning field reversal successful", false, true, {}, false, false},
+    {3, 165, 2, kMightTurn, "Autotuning field current controller successful", true, false, "4402 4403 4502 9408"},
+    {4, 166, 1, kMightTurn, "Autotuning armature current controller successful", true, true,
+     "4306 4307 4308 4309 4310"},
+    {6, 168, 4, kRunsUp, "Autotuning speed controller successful", true, true, "2403 2409", true},
+    {7, 169, 3, kRunsUp, "Autotuning field weakening assistant successful", false, true, "4409 4410 4412 4413 4414"},
 };
 
 void PrintTo(const PageCase& page, std::ostream* out) {
     *out << "step " << page.page;
 }
 
-class Autotuning : public testing::TestWithParam<PageCase> {
+class Autotuning : public TuningFixture<TuningDrive>, public testing::WithParamInterface<PageCase> {
 protected:
-    Autotuning() {
-        // No update periods: only the run itself talks to the drive.
-        static const WizardFiles files("ENABLESTART\t9\t801\t1\n");
-        m_drive.wizardPath = files.WizardPath();
-        EnsureStepStates();
-    }
+    Autotuning() : TuningFixture("ENABLESTART\t9\t801\t1\n") {}
 
-    /// Opens the page as the only one of a chain and runs the script on it.
     void OnPage(const std::function<void()>& script) {
-        RunWizardWith(m_drive, [&] {
-            if (!Robot::Find(GetParam().box))
-                Robot::Press(kView);
-            Robot::Press(GetParam().box);
-            Robot::Press(kNext);
+        TuningFixture::OnPage(GetParam().box, [&] {
             m_drive.TakeLog();
             script();
         });
@@ -90,21 +53,13 @@ protected:
         return {"write 9906=" + QString::number(GetParam().mode), "refresh", "take local control", "close contactor",
                 "start motor"};
     }
-    static QStringList Looks(int count) {
-        QStringList looks = krt550::Looks(count);
-        if (!GetParam().showsProgress)
-            looks.removeAll("read 424");
-        return looks;
-    }
-    static void ExpectStep(StepState state) {
-        if (GetParam().page <= kStepCount) {
-            EXPECT_EQ(GetStepState(GetParam().page), state);
-        }
-    }
     /// The drive has finished.
     static QStringList Close() {
         const QStringList judge = {"read 911"};
-        return (GetParam().judgesFirst ? judge + Stop() : Stop() + judge) + GetParam().results;
+        QStringList calls = GetParam().judgesFirst ? judge + Stop() : Stop() + judge;
+        for (const QString& reg : GetParam().results.split(' '))
+            calls.append("read " + reg);
+        return calls;
     }
     /// What a failed run reads for its box, and the fault record where the page reads it.
     static QStringList Report() {
@@ -113,11 +68,6 @@ protected:
             report += {"read fault buffer", "write 9906=0"};
         return report;
     }
-
-    CSteppedClock m_clock;
-    ClockScope m_clockScope{m_clock};
-    TuningDrive m_drive;
-    MessageBoxes m_boxes;
 };
 
 TEST_P(Autotuning, SucceedsAndMarksItsStep) {
@@ -131,12 +81,9 @@ TEST_P(Autotuning, SucceedsAndMarksItsStep) {
         Robot::Press(kStartRun);
         EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Close());
         EXPECT_EQ(m_clock.Now(), 200 + 3 * 50);
-        ExpectStep(StepState::Done);
-        if (GetParam().showsProgress) {
-            EXPECT_EQ(qobject_cast<QProgressBar*>(Robot::Control(kProgress))->value(), 100);
-        }
-        for (const QString& result : GetParam().results.mid(0, 1))
-            EXPECT_EQ(Robot::Text(20000 + result.mid(5).toInt()), "77") << "the results are shown";
+        EXPECT_EQ(GetStepState(GetParam().page), StepState::Done);
+        EXPECT_EQ(qobject_cast<QProgressBar*>(Robot::Control(kProgress))->value(), 100);
+        EXPECT_EQ(Robot::Text(20000 + GetParam().results.left(4).toInt()), "77") << "the results are shown";
         EXPECT_FALSE(Robot::IsEnabled(kDiagnosis));
         ExpectIdle();
         EXPECT_FALSE(m_drive.localControl);
@@ -157,38 +104,27 @@ TEST_P(Autotuning, TellsTheDiagnosisAfterAFailure) {
             EXPECT_EQ(m_drive.TakeLog(),
                       Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Close() + Report());
             EXPECT_EQ(Robot::IsEnabled(kDiagnosis), !GetParam().readsFaultRecord || code == 5) << code;
-            ExpectStep(StepState::Pending);
+            EXPECT_EQ(GetStepState(GetParam().page), StepState::Pending);
             ExpectIdle();
         });
     }
 }
 
-TEST_P(Autotuning, DoesNothingWhenNotConfirmed) {
-    OnPage([this] {
-        m_boxes.Expect(GetParam().confirmation, Answer::Cancel);
-        Robot::Press(kStartRun);
-        EXPECT_EQ(m_drive.TakeLog(), QStringList());
-        ExpectIdle();
-    });
-}
-
-TEST_P(Autotuning, IsDeniedWhileSomebodyElseControlsTheDrive) {
+TEST_P(Autotuning, DoesNothingWhenSomebodyElseControlsTheDriveOrNobodyConfirms) {
     struct {
         const char* name;
-        std::function<void(TuningDrive&)> prepare;
+        quint16 status;
+        bool held, granted;
         QStringList log;
-    } const cases[] = {
-        {"ready to run", [](TuningDrive& d) { d.words[801] = 2; }, {"refresh", "read 801"}},
-        {"running", [](TuningDrive& d) { d.words[801] = 4; }, {"refresh", "read 801"}},
-        {"local control held", [](TuningDrive& d) { d.localControl = true; }, {"refresh"}},
-        {"local control refused", [](TuningDrive& d) { d.grantsLocalControl = false; }, Permission()},
-    };
+    } const cases[] = {{"ready to run", 2, false, true, {"refresh", "read 801"}},
+                       {"running", 4, false, true, {"refresh", "read 801"}},
+                       {"local control held", 1, true, true, {"refresh"}},
+                       {"local control refused", 1, false, false, Permission()}};
     for (const auto& c : cases) {
         OnPage([&] {
-            m_drive.words[801] = 1;
-            m_drive.localControl = false;
-            m_drive.grantsLocalControl = true;
-            c.prepare(m_drive);
+            m_drive.words[801] = c.status;
+            m_drive.localControl = c.held;
+            m_drive.grantsLocalControl = c.granted;
             m_boxes.Expect(GetParam().confirmation);
             m_boxes.Expect(kDenied).WithIcon(QMessageBox::Critical);
             Robot::Press(kStartRun);
@@ -197,134 +133,75 @@ TEST_P(Autotuning, IsDeniedWhileSomebodyElseControlsTheDrive) {
             m_drive.localControl = false;
         });
     }
-}
-
-TEST_P(Autotuning, EndsWhenTheServiceModeCannotBeWritten) {
     OnPage([this] {
-        m_drive.unwritable.insert(9906);
-        const QString refused = "Writing parameter 99.06 Service mode failed: simulated failure";
-        m_boxes.Expect(GetParam().confirmation);
-        m_boxes.Expect(refused);
-        m_boxes.Expect(FailureText("No message"));
-        if (GetParam().readsFaultRecord)
-            m_boxes.Expect(refused); // reading the fault record ends the mode too
-        m_drive.faultBufferError = 0;
+        m_boxes.Expect(GetParam().confirmation, Answer::Cancel);
         Robot::Press(kStartRun);
-        EXPECT_EQ(m_drive.TakeLog(),
-                  Permission() + QStringList{Launch()[0]} + EndMode() + QStringList{"read 9906"} + Report());
-        ExpectIdle();
-        m_drive.unwritable.clear();
-    });
-}
-
-TEST_P(Autotuning, EndsWhenLocalControlIsRefusedAfterThePermission) {
-    OnPage([this] {
-        m_drive.faultBufferError = 0;
-        m_drive.onCall = [this](const QString& call) {
-            if (call.startsWith("write 9906="))
-                m_drive.grantsLocalControl = false;
-        };
-        m_boxes.Expect(GetParam().confirmation);
-        m_boxes.Expect(FailureText("No message"));
-        Robot::Press(kStartRun);
-        EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch().mid(0, 3) + EndMode() + Report())
-            << "the motor is not started";
+        EXPECT_EQ(m_drive.TakeLog(), QStringList());
         ExpectIdle();
     });
 }
 
-using AutotuningThatShowsProgress = Autotuning;
-
-// A drive that stops answering is stopped before anybody is asked to read a message.
-TEST_P(AutotuningThatShowsProgress, StopsTheDriveBeforeItTellsOfAFailedRead) {
-    for (const quint16 reg : {quint16(9906), quint16(424)}) {
-        for (const int look : {1, 2}) {
-            OnPage([&] {
-                m_drive.faultBufferError = 0;
-                m_drive.looksUntilDone = 5;
-                m_drive.onLook = [&](int now) {
-                    if (now == look)
-                        m_drive.unreadable.insert(reg);
-                };
-                bool stopped = false;
-                m_boxes.Expect(GetParam().confirmation);
-                m_boxes.Expect("Reading parameter *").Then([&](QMessageBox&) { stopped = !m_drive.localControl; });
-                m_boxes.Expect(FailureText("No message"));
-                Robot::Press(kStartRun);
-                EXPECT_TRUE(stopped) << reg;
-                m_drive.unreadable.clear();
-                EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(look) + EndMode() + Stop() + Report())
-                    << reg << ' ' << look;
-                m_drive.onLook = {};
-                ExpectIdle();
-            });
-        }
-    }
-}
-
-TEST_P(Autotuning, EndsAfter5001CyclesWithoutAnEnd) {
-    OnPage([this] {
-        m_drive.faultBufferError = 0;
-        m_drive.looksUntilDone = 0;
-        m_boxes.Expect(GetParam().confirmation);
-        m_boxes.Expect(FailureText("No message"));
-        Robot::Press(kStartRun);
-        EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(5001 + (GetParam().readsOnceMore ? 1 : 0)) +
-                                         EndMode() + Stop() + Report());
-        EXPECT_EQ(m_clock.Now(), 200 + 5001 * 50);
-        ExpectIdle();
-    });
-}
-
-// Cancel, Escape, the close button and the end of the application, in the middle of a run.
-TEST_P(Autotuning, CanBeAbortedAtAnyMoment) {
+// What fails is told when the drive is safe. That it is safe, whatever fails at whichever call, is the fault matrix's.
+TEST_P(Autotuning, TellsOfAFailureOnceTheDriveIsSafe) {
+    const QString refused = "Writing parameter 99.06 Service mode failed: simulated failure";
+    const QStringList launched = Permission() + Launch();
     struct {
         const char* name;
-        std::function<void()> act;
-        int layoutAfter;
-    } const ways[] = {
-        {"cancel", [] { QMetaObject::invokeMethod(Robot::Control(kCancel), "click", Qt::QueuedConnection); }, 107},
-        {"escape",
-         [] {
-             QMetaObject::invokeMethod(
-                 qApp, [] { QTest::keyClick(Robot::Front()->focusWidget(), Qt::Key_Escape); }, Qt::QueuedConnection);
+        std::function<void()> prepare;
+        QStringList boxes;
+        QStringList log;
+        bool boxForTheRecord = false; ///< reading the fault record ends the mode, too
+    } const cases[] = {
+        {"service mode refused",
+         [this] { m_drive.unwritable = {9906}; },
+         {refused},
+         launched.mid(0, Permission().size() + 1) + EndMode() + QStringList{"read 9906"},
+         true},
+        {"local control refused after the permission",
+         [this] {
+             m_drive.onCall = [this](const QString& call) {
+                 if (call.startsWith("write 9906="))
+                     m_drive.grantsLocalControl = false;
+             };
          },
-         107},
-        {"close", [] { QMetaObject::invokeMethod(Robot::Front(), "close", Qt::QueuedConnection); }, 0},
-        {"end of the application", EndApplication, 0},
+         {},
+         launched.mid(0, Permission().size() + 3) + EndMode()},
+        {"no answer",
+         [this] { m_drive.onLook = [this](int) { m_drive.unreadable = {424}; }; },
+         {"Reading parameter *"},
+         launched + Looks(1) + EndMode() + Stop()},
+        {"no end",
+         [this] { m_drive.looksUntilDone = 0; },
+         {},
+         launched + Looks(GetParam().readsOnceMore ? 5002 : 5001) + EndMode() + Stop()},
     };
-    for (const auto& way : ways) {
+    m_drive.faultBufferError = 0;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
         OnPage([&] {
-            m_drive.looksUntilDone = 10;
-            m_drive.onLook = [&](int look) {
-                if (look == 4)
-                    way.act();
-            };
+            c.prepare();
             m_boxes.Expect(GetParam().confirmation);
+            for (const QString& box : c.boxes)
+                m_boxes.Expect(box).Then([this](QMessageBox&) { EXPECT_FALSE(m_drive.localControl); });
+            m_boxes.Expect(FailureText("No message"));
+            if (c.boxForTheRecord && GetParam().readsFaultRecord)
+                m_boxes.Expect(refused);
+            const qint64 before = m_clock.Now();
             Robot::Press(kStartRun);
+            EXPECT_EQ(m_drive.TakeLog(), c.log + Report());
+            EXPECT_LE(m_clock.Now() - before, 200 + 5001 * 50);
+            ExpectIdle();
+            m_drive.unreadable.clear();
+            m_drive.unwritable.clear();
+            m_drive.onCall = {};
             m_drive.onLook = {};
-            EXPECT_EQ(Robot::Layout(), way.layoutAfter) << way.name;
-            const QStringList log = m_drive.TakeLog();
-            const QStringList abort = EndMode() + Stop();
-            EXPECT_EQ(log.mid(0, log.indexOf("write 9906=0")),
-                      Permission() + Launch() + Looks(3) + QStringList("read 9906"))
-                << way.name << ": seen between two calls of a cycle";
-            EXPECT_EQ(log.mid(log.indexOf("write 9906=0"), abort.size()), abort) << way.name;
-            EXPECT_FALSE(log.mid(log.indexOf("write 9906=0")).contains("start motor")) << way.name;
-            EXPECT_EQ(m_drive.words[9906], 0) << way.name;
-            EXPECT_FALSE(m_drive.localControl) << way.name;
+            m_drive.grantsLocalControl = true;
         });
-        RestartApplication();
     }
 }
 
-std::string NameOf(const testing::TestParamInfo<PageCase>& page) {
-    return "Step" + std::to_string(page.param.page);
-}
-
-INSTANTIATE_TEST_SUITE_P(Steps, Autotuning, testing::ValuesIn(kPages), NameOf);
-INSTANTIATE_TEST_SUITE_P(Steps, AutotuningThatShowsProgress,
-                         testing::ValuesIn(std::begin(kPages), std::end(kPages) - 1), NameOf);
+INSTANTIATE_TEST_SUITE_P(Steps, Autotuning, testing::ValuesIn(kPages),
+                         [](const auto& page) { return "Step" + std::to_string(page.param.page); });
 
 } // namespace
 } // namespace krt550

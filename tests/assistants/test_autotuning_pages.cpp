@@ -1,11 +1,8 @@
 // What is special about each autotuning page: its rows, their order, its start condition.
-#include "tests/assistants/tuning_drive.h"
-#include "tests/shell/wizard_fixture.h"
+#include "tests/assistants/tuning_fixture.h"
 
 #include "wizard/platform/row_ids.h"
 #include "wizard/platform/slider.h"
-
-#include <QTest>
 
 namespace krt550 {
 namespace {
@@ -17,24 +14,10 @@ QStringList Reads(std::initializer_list<int> registers) {
     return reads;
 }
 
-class AutotuningPages : public testing::Test {
+class AutotuningPages : public TuningFixture<TuningDrive> {
 protected:
-    AutotuningPages() {
-        // Step 3 starts with an exciter chosen, step 7 with field weakening, step 4 always.
-        m_drive.wizardPath = PageFiles().WizardPath();
-        EnsureStepStates();
-    }
-    void OnPage(int box, const std::function<void()>& script) {
-        RunWizardWith(m_drive, [&] {
-            m_drive.TakeLog();
-            Robot::Press(box);
-            Robot::Press(kNext);
-            script();
-        });
-    }
-
-    TuningDrive m_drive;
-    MessageBoxes m_boxes;
+    // Step 3 starts with an exciter chosen, step 7 with field weakening, step 4 always.
+    AutotuningPages() : TuningFixture(PageFiles()) {}
 };
 
 TEST_F(AutotuningPages, BindTheirRowsInOrderAndEvaluateTheStartConditionInBetween) {
@@ -72,23 +55,11 @@ TEST_F(AutotuningPages, DisableStartWhenTheConditionCannotBeRead) {
     OnPage(165, [] { EXPECT_FALSE(Robot::IsEnabled(kStartRun)); });
 }
 
-TEST_F(AutotuningPages, FollowTheDetectedExciterThroughTheTimer) {
-    OnPage(165, [this] {
-        m_drive.words[406] = 42;
-        EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(ValueId(406)) == "42"; }));
-    });
-}
-
 TEST_F(AutotuningPages, TheSliderOfStep6GoesFrom0To100WhereTheTextsSayNothing) {
-    OnPage(168, [this] {
+    OnPage(168, [] {
         auto* slider = static_cast<CSlider*>(Robot::Control(60211));
         EXPECT_EQ(slider->minimum(), 0);
         EXPECT_EQ(slider->value(), 100);
-        slider->setValue(48);
-        slider->setFocus();
-        m_drive.TakeLog();
-        QTest::keyClick(slider, Qt::Key_Left);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 2306=200"})) << "47 is position 4";
     });
 }
 

@@ -57,24 +57,6 @@ TEST_F(NamePlateData, WritesOnlyWhatWasChanged) {
     });
 }
 
-TEST_F(NamePlateData, AttemptsEveryRowAfterAFailure) {
-    Run([this] {
-        Robot::Press(kStart);
-        Robot::Type(ValueId(9902), "240");
-        Robot::Type(ValueId(9910), "400");
-        m_drive.unwritable.insert(9902);
-        m_drive.TakeLog();
-        m_boxes.Expect("Writing parameter 99.02 Motor 1 nominal voltage failed: simulated failure");
-        Robot::Press(kNext);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 9902=240", "write 9910=400"}));
-        EXPECT_EQ(Robot::Layout(), 100);
-        m_drive.unwritable.clear();
-        Robot::Press(kNext);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList{"write 9902=240"}) << "still marked, tried again";
-        EXPECT_EQ(Robot::Layout(), 101);
-    });
-}
-
 TEST_F(NamePlateData, ChecksAnEditWhenItLosesTheFocus) {
     Run([this] {
         Robot::Press(kStart);
@@ -112,7 +94,9 @@ TEST_F(NamePlateData, HasNothingToTypeIntoWithoutADrivesParameters) {
 }
 
 TEST_F(NamePlateData, ShowsTheOtherRowsOfADriveThatLacksOne) {
-    FakeDrive drive(NamePlateParameters({3016}));
+    std::vector<ParameterDescription> parameters = WizardParameters();
+    std::erase_if(parameters, [](const ParameterDescription& parameter) { return parameter.reg == 3016; });
+    FakeDrive drive(parameters);
     drive.wizardPath = m_drive.wizardPath;
     RunWizardWith(drive, [&] {
         m_boxes.Expect("- Parameter 3016 not found from drive.\n\nUnable to use the specified parameter.\n");

@@ -1,8 +1,6 @@
-// Step 6: its run by the whole log of drive calls, its tabs, its slider.
-#include "tests/assistants/tuning_drive.h"
-#include "tests/shell/wizard_fixture.h"
+// Step 6: its tabs and its slider.
+#include "tests/assistants/tuning_fixture.h"
 
-#include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/property_sheet.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/platform/slider.h"
@@ -20,32 +18,17 @@ constexpr int kPageBox = 168;
 constexpr int kPlaceholder = 60221;
 constexpr int kSlider = 60211;
 
-const QStringList kResults = {"read 2403", "read 2409"};
-const QStringList kLaunch = {"write 9906=4", "refresh", "take local control", "close contactor", "start motor"};
-/// What a failed run reads for its box, then the fault record.
-const QStringList kReport = {"read 911", "read fault buffer", "write 9906=0"};
 const QStringList kFiltersRead = {"read 2306", "read 2311", "read 5006"};
 
-class SpeedController : public testing::Test {
+class SpeedController : public TuningFixture<TuningDrive> {
 protected:
-    SpeedController() {
-        // No update periods: only what is asserted talks to the drive. 3333 is a register that the drive lacks.
-        static const WizardFiles files("SPEEDRESP\t10\t0\t100\n"
-                                       "SLIDERVAL\t4\t2306\t200\nSLIDERVAL\t10\t2306\t1\nSLIDERVAL\t4\t5006\t150\n"
-                                       "SLIDERVAL\t5\t3333\t1\nSLIDERVAL\t5\t2306\t60000\nSLIDERVAL\t5\t2311\t7\n");
-        m_drive.wizardPath = files.WizardPath();
-        m_drive.faultBufferError = 0;
-        EnsureStepStates();
-    }
+    // 3333 is a register that the drive lacks.
+    SpeedController()
+        : TuningFixture("SPEEDRESP\t10\t0\t100\n"
+                        "SLIDERVAL\t4\t2306\t200\nSLIDERVAL\t10\t2306\t1\nSLIDERVAL\t4\t5006\t150\n"
+                        "SLIDERVAL\t5\t3333\t1\nSLIDERVAL\t5\t2306\t60000\nSLIDERVAL\t5\t2311\t7\n") {}
 
-    void OnPage(const std::function<void()>& script) {
-        RunWizardWith(m_drive, [&] {
-            m_drive.TakeLog();
-            Robot::Press(kPageBox);
-            Robot::Press(kNext);
-            script();
-        });
-    }
+    void OnPage(const std::function<void()>& script) { TuningFixture::OnPage(kPageBox, script); }
     static QTabBar* Bar() { return Robot::Front()->findChild<QTabBar*>(); }
     void ShowTab(int index) {
         QTest::mouseClick(Bar(), Qt::LeftButton, {}, Bar()->tabRect(index).center());
@@ -58,33 +41,7 @@ protected:
         Slider()->setSliderPosition(position);
         QTest::mouseRelease(Slider(), Qt::LeftButton);
     }
-
-    CSteppedClock m_clock;
-    ClockScope m_clockScope{m_clock};
-    TuningDrive m_drive;
-    MessageBoxes m_boxes;
 };
-
-TEST_F(SpeedController, IsAbortedByCancelAlsoWhileATabIsSwitched) {
-    OnPage([this] {
-        m_drive.looksUntilDone = 10;
-        m_drive.onLook = [this](int look) {
-            if (look == 3)
-                QMetaObject::invokeMethod(
-                    Robot::Front(), [this] { ShowTab(1); }, Qt::QueuedConnection);
-            if (look == 4)
-                QMetaObject::invokeMethod(Robot::Control(kCancel), "click", Qt::QueuedConnection);
-        };
-        m_boxes.Expect(kRunsUp);
-        m_drive.TakeLog();
-        Robot::Press(kStartRun);
-        const QStringList limits = {"read 2003", "read 2005", "read 2006", "read 2012", "read 2013"};
-        const QStringList calls = Permission() + kLaunch + Looks(2) + QStringList("read 9906") + limits +
-                                  QStringList({"read 424", "read 9906"}) + EndMode() + Stop();
-        EXPECT_EQ(m_drive.TakeLog().mid(0, calls.size()), calls) << "seen between two calls of a cycle";
-        EXPECT_EQ(Robot::Layout(), 107);
-    });
-}
 
 TEST_F(SpeedController, ShowsItsTabsAndRows) {
     OnPage([this] {

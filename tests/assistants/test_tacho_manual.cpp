@@ -139,26 +139,16 @@ TEST_F(TachoManual, WritesItsRowsAndShowsTheTachosSpeed) {
     });
 }
 
-TEST(TachoManualWithout, ARangeHidesItsDisplay) {
-    class Drive : public FakeDrive {
-    public:
-        Drive() : FakeDrive(Without425()) {}
-        static std::vector<ParameterDescription> Without425() {
-            auto parameters = FeedbackDrive::Parameters();
-            std::erase_if(parameters, [](const ParameterDescription& p) { return p.reg == 425; });
-            return parameters;
-        }
-    } drive;
-    static const WizardFiles files("PAN\t1\tNothing\n");
-    drive.wizardPath = files.WizardPath();
-    MessageBoxes boxes;
-    RunWizardWith(drive, [&] {
+TEST_F(TachoManual, HidesTheRangeOfADriveThatHasNone) {
+    std::vector<ParameterDescription> parameters = FeedbackDrive::Parameters();
+    std::erase_if(parameters, [](const ParameterDescription& p) { return p.reg == 425; });
+    FakeDrive drive(parameters);
+    drive.wizardPath = m_drive.wizardPath;
+    RunWizardWith(drive, [] {
         Robot::Press(kBoxOfStep5);
         Robot::Press(kNext);
-        auto* tabs = Robot::Front()->findChild<QTabBar*>();
-        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
-        EXPECT_FALSE(Robot::Find(LabelId(425)));
-        EXPECT_FALSE(Robot::Find(ValueId(425)));
+        ShowTab(1);
+        EXPECT_FALSE(Robot::Find(LabelId(425)) || Robot::Find(ValueId(425)));
     });
 }
 

@@ -1,22 +1,19 @@
 #include "drive/fault_modes.h"
 
-#include <gtest/gtest.h>
-
 namespace krt550 {
 namespace {
 
 TEST(FaultModes, TextsAreReadAndWrittenAlike) {
-    for (const char* text :
-         {"no-answer", "read-fails:9906", "write-refused:801", "late-answer:60000", "other-control", "contactor-stuck",
-          "trip:104", "short-record", "truncated-record:0", "truncated-record:74", "record-error:3", "missing:406"}) {
-        QString error;
+    QString error;
+    for (const auto& [text, written] : {std::pair{"no-answer", "no-answer"},
+                                        {"read-fails:9906", "read-fails:9906"},
+                                        {"truncated-record:0", "truncated-record:0"},
+                                        {"trip", "trip:110"},
+                                        {"trip:104", "trip:104"}}) {
         const auto mode = ParseFaultMode(QString::fromLatin1(text), error);
         ASSERT_TRUE(mode) << text << ": " << error.toStdString();
-        EXPECT_EQ(FaultModeText(*mode).toStdString(), text);
-        EXPECT_TRUE(FaultModeNames().contains(QString::fromLatin1(text).section(u':', 0, 0)));
+        EXPECT_EQ(FaultModeText(*mode).toStdString(), written);
     }
-    QString error;
-    EXPECT_EQ(FaultModeText(ParseFaultMode(QStringLiteral("trip"), error).value()).toStdString(), "trip:110");
 }
 
 TEST(FaultModes, WhatIsNotOneIsRefusedInWords) {

@@ -4,8 +4,6 @@
 #include "drive/unit_texts.h"
 #include "tests/drive/drive_sample.h"
 
-#include <gtest/gtest.h>
-
 namespace krt550 {
 namespace {
 
@@ -59,18 +57,6 @@ TEST(FaultRecord, CapturesTheRegistersInTheirUnits) {
         EXPECT_EQ(field.type, e.type) << e.place;
         EXPECT_EQ(unit.toStdString(), e.unit) << e.place;
     }
-}
-
-TEST(UnitTexts, CodesWithoutTextGiveAnEmptyOne) {
-    CUnitTexts units;
-    QString text = QStringLiteral("old");
-    for (const int code : {-1, 255, 100000}) {
-        EXPECT_FALSE(units.GetTextForParameterUnit(0, 0, code, text)) << code;
-        EXPECT_TRUE(text.isEmpty());
-    }
-    ASSERT_TRUE(units.GetTextForParameterUnit(0, 0, UnitCodeOf(QStringLiteral("°C")), text));
-    EXPECT_EQ(text, QStringLiteral("°C"));
-    EXPECT_EQ(UnitCodeOf(QStringLiteral("furlong")), 0);
 }
 
 } // namespace

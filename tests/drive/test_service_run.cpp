@@ -1,5 +1,4 @@
-// The identification runs: what they measure, and what makes them fail.
-#include "drive/fault_codes.h"
+// The identification runs: the flux curve that they measure, and what makes them fail.
 #include "tests/drive/whole_drive.h"
 
 #include <cmath>
@@ -14,22 +13,7 @@ constexpr quint16 kField = 2;
 constexpr quint16 kWeakening = 3;
 constexpr quint16 kSpeed = 4;
 constexpr quint16 kReversal = 9;
-
-/// How near what is found lies to what the motor really has, in percent.
-void ExpectConstants(WholeDrive& drive) {
-    const struct {
-        quint16 reg;
-        double within;
-    } results[] = {{reg::kArmatureResistance, 1},
-                   {reg::kArmatureInductance, 5},
-                   {reg::kCurrentTime, 6},
-                   {reg::kFieldTime, 3},
-                   {reg::kInertia, 2}};
-    for (const auto& [reg, within] : results) {
-        const double truth = drive.Drive().GetTrueValue(reg).value_or(0);
-        EXPECT_NEAR(drive.Value(reg), truth, within / 100 * truth) << reg;
-    }
-}
+constexpr quint16 kTest = 5;
 
 /// Runs the modes in the order of commissioning.
 void TuneAll(WholeDrive& drive) {
@@ -51,19 +35,6 @@ void TuneAll(WholeDrive& drive) {
     }
 }
 
-class Identification : public testing::TestWithParam<const char*> {};
-
-TEST_P(Identification, MeasuresTheMotor) {
-    WholeDrive drive(GetParam());
-    TuneAll(drive);
-    ExpectConstants(drive);
-    for (const auto& [reg, flux] : {std::pair{reg::kField40, 40}, {reg::kField70, 70}, {reg::kField90, 90}})
-        EXPECT_NEAR(drive.Value(reg), flux, 1) << "without saturation the flux goes with the field current";
-}
-
-INSTANTIATE_TEST_SUITE_P(Sets, Identification, testing::Values("S1", "S2", "S3"),
-                         [](const auto& set) { return std::string(set.param); });
-
 TEST(IdentificationOf, FluxCurveFollowsTheIronsSaturation) {
     WholeDrive drive("S2");
     MotorData iron = drive.Motor().GetData();
@@ -82,69 +53,64 @@ TEST(IdentificationOf, FluxCurveFollowsTheIronsSaturation) {
     EXPECT_NEAR(drive.Value(reg::kField90), 78.7, 1);
 }
 
-/// What spoils a run: before it begins, or when its progress has come to a percentage.
+/// What spoils a run: before it begins, or when its progress has come to 20 %; see WholeDrive::Disturb.
 struct Spoiled {
     const char* name;
     quint16 mode;
-    void (*before)(WholeDrive& drive);
-    void (*during)(WholeDrive& drive);
+    const char* before;
+    const char* during;
     quint16 outcome;
+    FeedbackDevice device = FeedbackDevice::Encoder;
+    void (*act)(CSimulatedDrive& drive) = nullptr; ///< during it, for what is no fault mode
 };
 
 void PrintTo(const Spoiled& spoiled, std::ostream* out) {
     *out << spoiled.name;
 }
 
-void Nothing(WholeDrive& /*drive*/) {}
-
 const Spoiled kSpoiled[] = {
-    {"NoMains", kArmature, [](WholeDrive& d) { d.Drive().GetMains().SetVoltage(0); }, Nothing, diagnosis::kMains},
-    {"NoExciter", kField, [](WholeDrive& d) { d.SetValue(reg::kExciterUsed, 0); }, Nothing, diagnosis::kNoExciter},
-    {"FieldBroken", kField, [](WholeDrive& d) { d.Motor().SetFieldBroken(true); }, Nothing,
-     diagnosis::kFieldNotReached},
-    {"FieldSupplyTooLow", kField, [](WholeDrive& d) { d.SetValue(reg::kFieldSupply, 100); }, Nothing,
-     diagnosis::kFieldNotReached},
-    {"NamePlateOfAnotherField", kField,
-     [](WholeDrive& d) {
-         d.SetValue(reg::kRatedFieldCurrent, 1.1);
-         d.SetValue(reg::kRatedFieldVoltage, 46);
-     },
-     Nothing, diagnosis::kFieldNotReached},
-    {"NamePlateContradictsItself", kSpeed, [](WholeDrive& d) { d.SetValue(reg::kArmatureResistance, 20000); }, Nothing,
-     diagnosis::kNamePlate},
-    {"ArmatureOpen", kArmature, [](WholeDrive& d) { d.Motor().SetArmatureBroken(true); }, Nothing,
-     diagnosis::kNoCurrent},
-    {"LimitFarTooLow", kArmature, [](WholeDrive& d) { d.SetValue(reg::kCurrentLimit1, 10); }, Nothing,
-     diagnosis::kLimitTooLow},
-    {"LimitTooLow", kArmature, [](WholeDrive& d) { d.SetValue(reg::kCurrentLimit1, 16); }, Nothing,
-     diagnosis::kNotContinuous},
-    {"ShaftLocked", kSpeed, [](WholeDrive& d) { d.Motor().SetLocked(true); }, Nothing, diagnosis::kDoesNotTurn},
-    {"BrakeClosed", kSpeed,
-     [](WholeDrive& d) {
-         MotorData braked = d.Motor().GetData();
-         braked.coulombFriction = 30;
-         d.Motor().SetData(braked);
-     },
-     Nothing, diagnosis::kDoesNotTurn},
-    {"LoadTooHeavy", kSpeed,
-     [](WholeDrive& d) {
-         MotorData fan = d.Motor().GetData();
+    {"NoMains", kArmature, "mains=0", "", diagnosis::kMains},
+    {"NoExciter", kField, "9912=0", "", diagnosis::kNoExciter},
+    {"FieldBroken", kField, "field-broken", "", diagnosis::kFieldNotReached},
+    {"FieldSupplyTooLow", kField, "9913=100", "", diagnosis::kFieldNotReached},
+    {"NamePlateOfAnotherField", kField, "9911=1.1 9905=46", "", diagnosis::kFieldNotReached},
+    {"NamePlateOfHalfTheFieldVoltage", kField, "9905=150", "", diagnosis::kFieldResistance},
+    {"NamePlateContradictsItself", kSpeed, "4310=20000", "", diagnosis::kNamePlate},
+    {"ArmatureOpen", kArmature, "armature-broken", "", diagnosis::kNoCurrent},
+    {"LimitFarTooLow", kArmature, "2012=10", "", diagnosis::kLimitTooLow},
+    {"LimitTooLow", kArmature, "2012=16", "", diagnosis::kNotContinuous},
+    {"ShaftLocked", kSpeed, "motor-locked", "", diagnosis::kDoesNotTurn},
+    {"BrakeClosed", kSpeed, "load:150", "", diagnosis::kDoesNotTurn},
+    {"SpeedLimitTooLow", kSpeed, "2002=900", "", diagnosis::kSpeedLimits},
+    {"WeakeningNotSelected", kWeakening, "4401=0", "", diagnosis::kNoWeakening},
+    {"ContactorStuck", kField, "contactor-stuck", "", diagnosis::kContactor},
+    {"FieldLost", kWeakening, "", "field-broken", diagnosis::kFieldLost},
+    {"OtherPlace", kField, "", "other-control", diagnosis::kOtherPlace},
+    {"OtherPlaceForAWhile", kSpeed, "", "other-control-for:500", diagnosis::kOtherPlace},
+    {"PhaseMissing", kSpeed, "", "phase-missing", diagnosis::kPhaseMissing},
+    {"PhaseOrder", kSpeed, "", "phase-order", diagnosis::kPhaseOrder},
+    {"MainsDip", kSpeed, "", "mains-dip:300", diagnosis::kMains},
+    {"FuseBlown", kArmature, "", "fuse-blown", diagnosis::kRipple},
+    {"EarthFault", kSpeed, "", "earth-fault:10", diagnosis::kEarth},
+    {"ContactorDrops", kSpeed, "", "contactor-drops", diagnosis::kContactor},
+    {"EmergencyStop", kSpeed, "", "e-stop", diagnosis::kEmergencyStop},
+    {"FieldSwapped", kTest, "", "field-swapped", diagnosis::kEncoderReversed},
+    {"ArmatureSwapped", kTest, "", "armature-swapped", diagnosis::kEncoderReversed},
+    {"BothSwapped", kSpeed, "", "field-swapped armature-swapped", diagnosis::kNone},
+    {"Load", kSpeed, "", "load:150", diagnosis::kDoesNotTurn},
+    {"HangingLoad", kArmature, "", "hanging-load:60", diagnosis::kTurned},
+    {"TachoNoisy", kTest, "", "tacho-noisy:10", diagnosis::kTachoNoisy, FeedbackDevice::Tacho},
+    {"EncoderChannel", kTest, "5003=1", "encoder-channel", diagnosis::kEncoderMissing},
+    {"LoadTooHeavy", kSpeed, "", "", diagnosis::kSpeedNotReached, FeedbackDevice::Encoder,
+     [](CSimulatedDrive& d) {
+         MotorData fan = d.GetMotor().GetData();
          fan.viscousFriction = 0.2;
-         d.Motor().SetData(fan);
-     },
-     Nothing, diagnosis::kSpeedNotReached},
-    {"SpeedLimitTooLow", kSpeed, [](WholeDrive& d) { d.SetValue(reg::kSpeedMaximum, 900); }, Nothing,
-     diagnosis::kSpeedLimits},
-    {"WeakeningNotSelected", kWeakening, [](WholeDrive& d) { d.SetValue(reg::kFieldMode, 0); }, Nothing,
-     diagnosis::kNoWeakening},
-    {"FieldLost", kWeakening, Nothing, [](WholeDrive& d) { d.Motor().SetFieldBroken(true); }, diagnosis::kFieldLost},
-    {"ContactorStuck", kField, [](WholeDrive& d) { d.Drive().GetContactor().SetDefect(ContactorDefect::Stuck); },
-     Nothing, diagnosis::kContactor},
-    {"OtherPlaceFromTheStart", kField, [](WholeDrive& d) { d.Drive().TakeLocalControl(); },
-     [](WholeDrive& d) { d.Drive().SetOtherControl(true); }, diagnosis::kOtherPlace},
-    {"StartTakenAway", kArmature, Nothing, [](WholeDrive& d) { d.Drive().StopMotor(); }, diagnosis::kStartWithdrawn},
-    {"StoppedFromOutside", kSpeed, Nothing, [](WholeDrive& d) { d.Drive().WriteRegister(reg::kServiceMode, 0); },
-     diagnosis::kStopped},
+         d.GetMotor().SetData(fan);
+     }},
+    {"StartTakenAway", kArmature, "", "", diagnosis::kStartWithdrawn, FeedbackDevice::Encoder,
+     [](CSimulatedDrive& d) { d.StopMotor(); }},
+    {"StoppedFromOutside", kSpeed, "", "", diagnosis::kStopped, FeedbackDevice::Encoder,
+     [](CSimulatedDrive& d) { d.WriteRegister(reg::kServiceMode, 0); }},
 };
 
 class SpoiledRun : public testing::TestWithParam<Spoiled> {};
@@ -152,23 +118,36 @@ class SpoiledRun : public testing::TestWithParam<Spoiled> {};
 TEST_P(SpoiledRun, EndsSafelyAndSaysWhy) {
     const Spoiled& spoiled = GetParam();
     WholeDrive drive("S2");
+    CSimulatedDrive& simulated = drive.Drive();
     drive.SetValue(reg::kFieldMode, 1);
+    drive.KnowArmature();
+    simulated.GetFeedback().device = spoiled.device;
+    drive.Disturb(spoiled.before);
     const double before = drive.Value(reg::kCurrentGain);
-    spoiled.before(drive);
-    bool done = false;
-    const int outcome = drive.Tune(spoiled.mode, [&] {
-        if (!done && drive.Value(reg::kProgress) >= 20) {
-            done = true;
-            spoiled.during(drive);
-        }
-    });
-    EXPECT_EQ(outcome, spoiled.outcome);
-    EXPECT_EQ(drive.Value(reg::kServiceMode), 0);
+    simulated.WriteRegister(reg::kServiceMode, spoiled.mode);
+    ASSERT_TRUE(simulated.TakeLocalControl());
+    simulated.CloseContactor();
+    simulated.StartMotor();
+    for (int i = 0; i < 600 && drive.Value(reg::kProgress) < 20; ++i)
+        drive.Seconds(0.05);
+    drive.Disturb(spoiled.during);
+    if (spoiled.act)
+        spoiled.act(simulated);
+    drive.Seconds(60);
+    EXPECT_EQ(drive.Value(reg::kDiagnosis), spoiled.outcome);
     EXPECT_EQ(drive.Value(reg::kCurrentGain), before) << "no results of a run that failed";
-    drive.Motor().SetLoad(0);
+    if (spoiled.mode == kTest) // goes on until it is stopped
+        simulated.StopMotor();
+    drive.Repair();
     drive.Seconds(40);
-    EXPECT_TRUE(drive.Drive().IsStopped()) << "nobody may be surprised by a motor that runs on";
-    EXPECT_EQ(drive.Drive().GetMotorState().armatureCurrent, 0);
+    EXPECT_EQ(drive.Value(reg::kServiceMode), 0);
+    EXPECT_NEAR(simulated.GetSpeed(), 0, 1) << "nobody may be surprised by a motor that runs on";
+    EXPECT_EQ(simulated.GetMotorState().armatureCurrent, 0);
+    simulated.GetMains().SetVoltage(simulated.GetMotorSet().mains);
+    simulated.ResetFault();
+    EXPECT_TRUE(simulated.TakeLocalControl()) << "given back";
+    simulated.OpenContactor();
+    EXPECT_TRUE(simulated.CloseContactor()) << "and ready again: " << simulated.GetLastError().toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(Causes, SpoiledRun, testing::ValuesIn(kSpoiled),
@@ -239,6 +218,27 @@ TEST(FieldReversal, HasItsTime) {
                 drive.Drive().WriteRegister(reg::kFieldDirection, 0);
         });
         EXPECT_EQ(outcome, weak ? diagnosis::kReversalTooSlow : diagnosis::kNone);
+    }
+}
+
+// Until the motor is stopped, and for its register even longer.
+TEST(ServiceMode, ARunThatDoesNotEndLeavesTheMotorToTheStop) {
+    for (const char* fault : {"progress-stuck", "mode-stays"}) {
+        const bool stays = *fault == 'm';
+        WholeDrive drive("S2");
+        drive.Begin(kSpeed, 20);
+        drive.Disturb(fault);
+        const double progress = drive.Value(reg::kProgress);
+        if (!stays)
+            drive.Seconds(300);
+        EXPECT_EQ(drive.Value(reg::kProgress), progress);
+        EXPECT_EQ(drive.Value(reg::kServiceMode), kSpeed);
+        EXPECT_TRUE(drive.Drive().StopMotor());
+        drive.Seconds(30);
+        EXPECT_EQ(drive.Value(reg::kServiceMode), stays ? kSpeed : 0);
+        EXPECT_TRUE(drive.Drive().IsStopped());
+        EXPECT_TRUE(drive.Drive().WriteRegister(reg::kServiceMode, 0));
+        EXPECT_EQ(drive.Value(reg::kServiceMode), 0);
     }
 }
 

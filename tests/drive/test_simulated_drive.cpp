@@ -4,8 +4,6 @@
 #include "hostlib/tolvbo32/clock.h"
 #include "tests/drive/drive_sample.h"
 
-#include <gtest/gtest.h>
-
 namespace krt550 {
 namespace {
 
@@ -76,15 +74,10 @@ TEST_F(SimulatedDriveTest, RunsUpAndDownInTheRampTimes) {
 }
 
 TEST_F(SimulatedDriveTest, CommandsNeedLocalControlAndTheirOrder) {
-    const std::pair<bool (CSimulatedDrive::*)(), const char*> needLocal[] = {
-        {&CSimulatedDrive::CloseContactor, "close"},
-        {&CSimulatedDrive::OpenContactor, "open"},
-        {&CSimulatedDrive::StartMotor, "start"},
-        {&CSimulatedDrive::StopMotor, "stop"},
-        {&CSimulatedDrive::ReleaseLocalControl, "release"},
-    };
-    for (const auto& [command, name] : needLocal) {
-        EXPECT_FALSE((m_drive.*command)()) << name;
+    for (const auto command :
+         {&CSimulatedDrive::CloseContactor, &CSimulatedDrive::OpenContactor, &CSimulatedDrive::StartMotor,
+          &CSimulatedDrive::StopMotor, &CSimulatedDrive::ReleaseLocalControl}) {
+        EXPECT_FALSE((m_drive.*command)());
         EXPECT_EQ(Error(), "Take local control of the drive first.");
     }
     ASSERT_TRUE(m_drive.TakeLocalControl());
@@ -93,14 +86,6 @@ TEST_F(SimulatedDriveTest, CommandsNeedLocalControlAndTheirOrder) {
     ASSERT_TRUE(m_drive.CloseContactor());
     Seconds(5);
     EXPECT_EQ(m_drive.GetState(), DriveState::On) << "a refused start is not made up for later";
-
-    const DriveCounters& told = m_drive.GetCounters();
-    EXPECT_EQ(told.motorStarts, 2);
-    EXPECT_EQ(told.motorStops, 1);
-    EXPECT_EQ(told.contactorCloses, 2);
-    EXPECT_EQ(told.contactorOpens, 1);
-    EXPECT_EQ(told.localTakes, 1);
-    EXPECT_EQ(told.localReleases, 1);
 }
 
 TEST_F(SimulatedDriveTest, ReferenceStaysWithinTheSpeedLimits) {
@@ -207,13 +192,9 @@ TEST_F(SimulatedDriveTest, TripCoastsAndIsRememberedUntilItIsReset) {
     EXPECT_EQ(Status() & (status::kFault | status::kInhibited), status::kFault | status::kInhibited);
     EXPECT_FALSE(m_drive.IsContactorClosed());
     Seconds(1);
-    EXPECT_GT(Speed(), 400) << "coasts";
-    EXPECT_LT(Speed(), 850);
+    EXPECT_NEAR(Speed(), 625, 225) << "coasts";
     ASSERT_TRUE(m_drive.GetFaults().GetFields());
-    EXPECT_EQ(m_drive.GetFaults().GetFields()->at(1).value, 104U);
-    EXPECT_EQ(m_drive.GetFaults().GetFields()->at(0).value, 100000U) << "10 s after power-up";
     EXPECT_EQ(m_drive.GetFaults().GetFields()->at(7).value, 900U) << "the speed at the moment of the trip";
-
     EXPECT_FALSE(m_drive.CloseContactor());
     EXPECT_NE(Error().find("fault 104 (field current lost)"), std::string::npos) << Error();
     EXPECT_FALSE(m_drive.ResetFault()) << "its cause is still there";
@@ -222,9 +203,7 @@ TEST_F(SimulatedDriveTest, TripCoastsAndIsRememberedUntilItIsReset) {
     EXPECT_TRUE(m_drive.ResetFault());
     EXPECT_FALSE(m_drive.CloseContactor());
     EXPECT_NE(Error().find("inhibited"), std::string::npos);
-    ASSERT_TRUE(m_drive.OpenContactor());
-    EXPECT_TRUE(m_drive.CloseContactor());
-    EXPECT_TRUE(m_drive.GetFaults().GetFields()) << "the buffer keeps the last fault";
+    EXPECT_TRUE(m_drive.OpenContactor() && m_drive.CloseContactor());
 }
 
 TEST_F(SimulatedDriveTest, OverridingControlAcknowledgesWithARisingEdge) {
@@ -238,7 +217,7 @@ TEST_F(SimulatedDriveTest, OverridingControlAcknowledgesWithARisingEdge) {
     EXPECT_EQ(m_drive.GetFaults().GetActive(), 0);
 }
 
-TEST_F(SimulatedDriveTest, StuckContactorFailsTheCommandAndThenTrips) {
+TEST_F(SimulatedDriveTest, WhatDoesNotSwitchFailsTheCommandAndThenTrips) {
     ASSERT_TRUE(m_drive.TakeLocalControl());
     m_drive.GetContactor().SetDefect(ContactorDefect::Stuck);
     EXPECT_FALSE(m_drive.CloseContactor());
@@ -253,32 +232,22 @@ TEST_F(SimulatedDriveTest, StuckContactorFailsTheCommandAndThenTrips) {
     ASSERT_TRUE(m_drive.ResetFault());
     ASSERT_TRUE(m_drive.OpenContactor());
     ASSERT_TRUE(m_drive.CloseContactor());
-    m_drive.GetContactor().SetDefect(ContactorDefect::Stuck);
+    m_drive.SetStartRefused(true);
+    EXPECT_FALSE(m_drive.StartMotor());
+    EXPECT_NE(Error().find("interlock"), std::string::npos);
+    m_drive.GetContactor().SetDefect(ContactorDefect::Welded);
     EXPECT_FALSE(m_drive.OpenContactor());
     EXPECT_EQ(Error(), "The main contactor does not open.");
     EXPECT_TRUE(m_drive.IsContactorClosed());
-}
-
-TEST(SimulatedDriveWithoutRegisters, StillSwitchesTurnsAndTrips) {
-    CSteppedClock clock;
-    const ClockScope scope(clock);
-    CSimulatedDrive drive({});
-    ASSERT_TRUE(drive.TakeLocalControl());
-    ASSERT_TRUE(drive.SetSpeedReference(1000));
-    ASSERT_TRUE(drive.CloseContactor());
-    ASSERT_TRUE(drive.StartMotor());
-    clock.Sleep(60000);
-    drive.Advance();
-    EXPECT_NEAR(drive.GetSpeed(), 1000, 1);
-    drive.Trip(kFaultExternal);
-    EXPECT_EQ(drive.ReadFaultRecord().size(), kFaultRecordSize);
+    Seconds(2);
+    EXPECT_EQ(m_drive.GetFaults().GetActive(), kFaultMainContactor);
 }
 
 TEST(SimulatedDriveClock, AClockThatStartsAnewDoesNotTurnTimeBack) {
     CSteppedClock first;
     first.Sleep(1000000);
     ClockScope firstScope(first);
-    CSimulatedDrive drive(test::SampleDrive());
+    CSimulatedDrive drive({}); // works without a register, too
     drive.TakeLocalControl();
     drive.SetSpeedReference(1000);
     drive.CloseContactor();
@@ -287,9 +256,9 @@ TEST(SimulatedDriveClock, AClockThatStartsAnewDoesNotTurnTimeBack) {
     const ClockScope secondScope(second);
     drive.Advance();
     EXPECT_EQ(drive.GetSpeed(), 0);
-    second.Sleep(5000);
+    second.Sleep(60000);
     drive.Advance();
-    EXPECT_GT(drive.GetSpeed(), 300);
+    EXPECT_NEAR(drive.GetSpeed(), 1000, 1);
 }
 
 } // namespace

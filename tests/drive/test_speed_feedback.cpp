@@ -11,17 +11,6 @@ using test::WholeDrive;
 constexpr quint16 kTest = 5;
 constexpr quint16 kTuning = 14;
 
-/// Begins a service mode and waits until its progress passes `progress`.
-void Begin(WholeDrive& drive, quint16 mode, double progress) {
-    ASSERT_TRUE(drive.Drive().WriteRegister(reg::kServiceMode, mode));
-    ASSERT_TRUE(drive.Drive().TakeLocalControl());
-    ASSERT_TRUE(drive.Drive().CloseContactor());
-    ASSERT_TRUE(drive.Drive().StartMotor());
-    for (int i = 0; i < 600 && drive.Value(reg::kProgress) <= progress; ++i)
-        drive.Seconds(0.05);
-    ASSERT_GT(drive.Value(reg::kProgress), progress);
-}
-
 void Stop(WholeDrive& drive) {
     drive.Drive().StopMotor();
     drive.Drive().OpenContactor();
@@ -33,9 +22,9 @@ void Stop(WholeDrive& drive) {
 struct Shaft {
     const char* name;
     FeedbackDevice device;
-    void (*defect)(FeedbackEquipment& equipment);
-    int chosen; ///< before
-    int found;  ///< -1: stays as it was
+    const char* defect; ///< see WholeDrive::Disturb
+    int chosen;         ///< before
+    int found;          ///< -1: stays as it was
     quint16 outcome;
     int tachoRange;
 };
@@ -44,31 +33,20 @@ void PrintTo(const Shaft& shaft, std::ostream* out) {
     *out << shaft.name;
 }
 
-void Sound(FeedbackEquipment& /*equipment*/) {}
-void Broken(FeedbackEquipment& equipment) {
-    equipment.broken = true;
-}
-void Reversed(FeedbackEquipment& equipment) {
-    equipment.reversed = true;
-}
-
 const Shaft kShafts[] = {
-    {"Encoder", FeedbackDevice::Encoder, Sound, 0, 1, 0, 0},
-    {"EncoderChosenBefore", FeedbackDevice::Encoder, Sound, 1, 1, 0, 0},
-    {"EncoderBroken", FeedbackDevice::Encoder, Broken, 1, -1, diagnosis::kEncoderMissing, 0},
-    {"EncoderReversed", FeedbackDevice::Encoder, Reversed, 0, -1, diagnosis::kEncoderReversed, 0},
-    {"EncoderPulses", FeedbackDevice::Encoder, [](FeedbackEquipment& e) { e.pulses = 2500; }, 0, -1,
-     diagnosis::kEncoderPulses, 0},
-    {"Tacho", FeedbackDevice::Tacho, Sound, 0, 2, 0, 3},
-    {"TachoInPlaceOfAnEncoder", FeedbackDevice::Tacho, Sound, 1, 2, 0, 3},
-    {"TachoBroken", FeedbackDevice::Tacho, Broken, 2, -1, diagnosis::kTachoMissing, 0},
-    {"TachoReversed", FeedbackDevice::Tacho, Reversed, 0, -1, diagnosis::kTachoReversed, 0},
-    {"TachoScaling", FeedbackDevice::Tacho, [](FeedbackEquipment& e) { e.tachoVoltage = 100; }, 0, -1,
-     diagnosis::kTachoScaling, 0},
-    {"TachoVoltage", FeedbackDevice::Tacho, [](FeedbackEquipment& e) { e.tachoVoltage = 200; }, 0, -1,
-     diagnosis::kTachoVoltage, 0},
-    {"None", FeedbackDevice::None, Sound, 0, 0, 0, 0},
-    {"NoneButChosen", FeedbackDevice::None, Sound, 1, -1, diagnosis::kEncoderMissing, 0},
+    {"Encoder", FeedbackDevice::Encoder, "", 0, 1, 0, 0},
+    {"EncoderChosenBefore", FeedbackDevice::Encoder, "", 1, 1, 0, 0},
+    {"EncoderBroken", FeedbackDevice::Encoder, "feedback-broken", 1, -1, diagnosis::kEncoderMissing, 0},
+    {"EncoderReversed", FeedbackDevice::Encoder, "feedback-reversed", 0, -1, diagnosis::kEncoderReversed, 0},
+    {"EncoderPulses", FeedbackDevice::Encoder, "encoder-pulses:2500", 0, -1, diagnosis::kEncoderPulses, 0},
+    {"Tacho", FeedbackDevice::Tacho, "", 0, 2, 0, 3},
+    {"TachoInPlaceOfAnEncoder", FeedbackDevice::Tacho, "", 1, 2, 0, 3},
+    {"TachoBroken", FeedbackDevice::Tacho, "feedback-broken", 2, -1, diagnosis::kTachoMissing, 0},
+    {"TachoReversed", FeedbackDevice::Tacho, "feedback-reversed", 0, -1, diagnosis::kTachoReversed, 0},
+    {"TachoScaling", FeedbackDevice::Tacho, "tacho-voltage:100", 0, -1, diagnosis::kTachoScaling, 0},
+    {"TachoVoltage", FeedbackDevice::Tacho, "tacho-voltage:200", 0, -1, diagnosis::kTachoVoltage, 0},
+    {"None", FeedbackDevice::None, "", 0, 0, 0, 0},
+    {"NoneButChosen", FeedbackDevice::None, "", 1, -1, diagnosis::kEncoderMissing, 0},
 };
 
 class FeedbackTest : public testing::TestWithParam<Shaft> {};
@@ -78,10 +56,10 @@ TEST_P(FeedbackTest, FindsWhatIsMounted) {
     WholeDrive drive("S2");
     drive.KnowArmature();
     drive.Drive().GetFeedback().device = shaft.device;
-    shaft.defect(drive.Drive().GetFeedback());
+    drive.Disturb(shaft.defect);
     drive.SetValue(reg::kSpeedSource, shaft.chosen);
     // Also a test that fails goes past 80 %, so that nobody waits for it in vain.
-    Begin(drive, kTest, 80);
+    drive.Begin(kTest, 81);
     EXPECT_EQ(drive.Value(reg::kDiagnosis), shaft.outcome);
     EXPECT_EQ(drive.Value(reg::kSpeedSource), shaft.found < 0 ? shaft.chosen : shaft.found);
     EXPECT_EQ(drive.Value(reg::kTachoRange), shaft.tachoRange);
@@ -102,9 +80,9 @@ INSTANTIATE_TEST_SUITE_P(Shafts, FeedbackTest, testing::ValuesIn(kShafts),
 TEST(TachoTuning, ConvergesToTheHandHeldTacho) {
     WholeDrive drive("S2");
     drive.Drive().GetFeedback().device = FeedbackDevice::Tacho;
-    drive.Drive().GetFeedback().tachoVoltage = 66;
+    drive.Disturb("tacho-voltage:66");
     drive.SetValue(reg::kSpeedSource, 2);
-    Begin(drive, kTuning, 50);
+    drive.Begin(kTuning, 50);
     drive.Seconds(3);
     EXPECT_NEAR(drive.Value(reg::kSpeedTacho), 1750, 10);
     EXPECT_NEAR(drive.Drive().GetSpeed(), 1750 * 60 / 66, 10) << "the tacho reads too much";
@@ -131,10 +109,10 @@ TEST(TachoTuning, GoesPastAHundredWhenTheDriveEndsIt) {
     WholeDrive drive("S2");
     drive.Drive().GetFeedback().device = FeedbackDevice::Tacho;
     drive.SetValue(reg::kSpeedSource, 2);
-    Begin(drive, kTuning, 50);
+    drive.Begin(kTuning, 50);
     drive.Seconds(120);
     EXPECT_EQ(drive.Value(reg::kServiceMode), kTuning) << "a person takes the time that is needed";
-    drive.Motor().SetFieldBroken(true);
+    drive.Disturb("field-broken");
     drive.Seconds(2);
     EXPECT_GT(drive.Value(reg::kProgress), 100);
     EXPECT_EQ(drive.Value(reg::kDiagnosis), diagnosis::kFieldLost);
@@ -144,9 +122,7 @@ TEST(TachoTuning, StepsOfTheAdjustmentMoveTheShownSpeed) {
     WholeDrive drive("S2");
     drive.Drive().GetFeedback().device = FeedbackDevice::Tacho;
     drive.KnowArmature();
-    drive.SetValue(reg::kRampUp, 3);
-    drive.Run(1000);
-    drive.Seconds(8);
+    drive.RunUp(1000);
     const double before = drive.Value(reg::kSpeedTacho);
     EXPECT_NEAR(before, 1040, 5);
     drive.SetValue(reg::kTachoAdjust, 96.15);

@@ -1,7 +1,5 @@
 #include "drive/speed_ramp.h"
 
-#include <gtest/gtest.h>
-
 namespace krt550 {
 namespace {
 

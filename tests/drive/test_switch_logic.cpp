@@ -1,8 +1,6 @@
 #include "drive/control_word.h"
 #include "drive/switch_logic.h"
 
-#include <gtest/gtest.h>
-
 namespace krt550 {
 namespace {
 
@@ -65,25 +63,6 @@ TEST(SwitchLogic, WalksThroughItsStates) {
             EXPECT_EQ(logic.GetState(), move.state) << walk.name << ", move " << i;
         }
     }
-}
-
-TEST(SwitchLogic, StatusBitsFollowTheState) {
-    CSwitchLogic logic;
-    SwitchInputs inputs{kIdle, true, true, false};
-    const auto bitsAt = [&](quint16 word, bool standstill, bool fault) {
-        inputs = {word, true, standstill, fault};
-        while (logic.Step(inputs)) {
-        }
-        return logic.GetStatusBits(inputs);
-    };
-    EXPECT_EQ(bitsAt(kIdle, true, false), 0b0110001);
-    EXPECT_EQ(bitsAt(kOn, true, false), 0b0110011);
-    EXPECT_EQ(bitsAt(kRun, false, false), 0b0110111);
-    EXPECT_EQ(bitsAt(kIdle, false, false), 0b0110100) << "switching off, still driven";
-    EXPECT_EQ(bitsAt(control::kNoCoastStop, false, false), 0b0010100) << "quick stop";
-    EXPECT_EQ(bitsAt(kIdle, false, false), 0b0010100) << "quick stop goes on";
-    EXPECT_EQ(bitsAt(control::kNoQuickStop, false, false), 0b1100000) << "coast stop";
-    EXPECT_EQ(bitsAt(kIdle, true, true), 0b1111000) << "fault";
 }
 
 } // namespace

@@ -1,14 +1,15 @@
 #pragma once
 
+#include "drive/applied_faults.h"
+#include "drive/fault_modes.h"
 #include "drive/motor_sets.h"
 #include "drive/registers.h"
+#include "drive/service_run.h"
 #include "drive/simulated_drive.h"
 #include "hostlib/tolvbo32/clock.h"
 #include "hostlib/tolvbo32/drive_description.h"
 
 #include <gtest/gtest.h>
-
-#include "drive/service_run.h"
 
 #include <functional>
 
@@ -40,6 +41,31 @@ public:
         SetValue(reg::kArmatureInductance, Motor().GetData().armatureInductance * 1000);
     }
 
+    /// Sets registers and switches fault modes on: "3009=50 load:95"; also "mains=130" [V] and "hanging=-60" [Nm].
+    void Disturb(const char* words) {
+        for (const QString& word : QString::fromLatin1(words).split(u' ', Qt::SkipEmptyParts)) {
+            const QString name = word.section(u'=', 0, 0);
+            const double value = word.section(u'=', 1).toDouble();
+            if (name == QLatin1String("mains")) {
+                m_drive.GetMains().SetVoltage(value);
+            } else if (name == QLatin1String("hanging")) {
+                Motor().SetLoad(value);
+            } else if (name != word) {
+                SetValue(name.toUShort(), value);
+            } else {
+                QString error;
+                const auto mode = ParseFaultMode(word, error);
+                ASSERT_TRUE(mode) << error.toStdString();
+                m_modes.Add(*mode);
+                ApplyFaultModes(m_modes, m_drive);
+                BeginFaultMode(*mode, m_drive);
+            }
+        }
+    }
+
+    /// Everything is sound again.
+    void Repair() { ApplyFaultModes(m_modes = {}, m_drive); }
+
     /// Lets time pass while the tool keeps asking.
     void Seconds(double seconds, const std::function<void()>& look = {}) {
         constexpr qint64 kPoll = 50;
@@ -65,6 +91,23 @@ public:
         ASSERT_TRUE(m_drive.StartMotor());
     }
 
+    /// Runs up within 3 s to base speed and lets it settle.
+    void RunUp(double rpm) {
+        SetValue(reg::kRampUp, 3);
+        Run(rpm);
+        Seconds(8);
+    }
+
+    /// Begins a service mode and waits until its progress has come to a percentage.
+    void Begin(quint16 mode, double progress) {
+        ASSERT_TRUE(m_drive.WriteRegister(reg::kServiceMode, mode));
+        ASSERT_TRUE(m_drive.TakeLocalControl());
+        ASSERT_TRUE(m_drive.CloseContactor());
+        ASSERT_TRUE(m_drive.StartMotor());
+        for (int i = 0; i < 600 && Value(reg::kProgress) < progress; ++i)
+            Seconds(0.05);
+    }
+
     /// Runs a service mode as the tool does; `look` is called in every cycle. Gives the outcome.
     int Tune(quint16 mode, const std::function<void()>& look = {}) {
         EXPECT_TRUE(m_drive.WriteRegister(reg::kServiceMode, mode));
@@ -83,6 +126,7 @@ private:
     CSteppedClock m_clock;
     ClockScope m_scope{m_clock};
     CSimulatedDrive m_drive;
+    CFaultModes m_modes;
 };
 
 } // namespace krt550::test

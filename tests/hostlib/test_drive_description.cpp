@@ -4,8 +4,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 namespace krt550 {
 namespace {
 

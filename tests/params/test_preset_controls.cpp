@@ -1,6 +1,5 @@
 #include "tests/params/row_fixture.h"
 
-#include "hostlib/tolvbo32/parameter.h"
 #include "wizard/params/preset_controls.h"
 
 #include <QApplication>
@@ -12,20 +11,33 @@
 namespace krt550 {
 namespace {
 
-/// A window that can be asked for all its presets.
-class CPresetWindow : public QWidget, public CPresetOwner {
+/// The table's rows 201 and 101 with presets, in a window that can be asked for all of them.
+class CPresetWindow : public CWindow, public CPresetOwner {
 public:
+    CPresetWindow() : CWindow(1) {}
     void SetAllToPresets() override { ++asked; }
     int asked = 0;
+
+protected:
+    QWidget* CreateControl(const ControlLayout& control) override {
+        return control.id == ValueId(201)   ? static_cast<QWidget*>(new CPresetComboBox(this))
+               : control.id == ValueId(101) ? new CPresetEdit(this)
+                                            : nullptr;
+    }
 };
 
 class PresetControls : public RowFixture {
 protected:
     PresetControls() {
-        m_combo.SetParameter(m_drive.Root().FindChildByRegister("201"));
-        m_combo.addItems({"Slow", "Fast"});
-        m_edit.SetParameter(m_drive.Root().FindChildByRegister("101"));
+        m_presetWindow.Create();
+        m_presetWindow.show();
+        EXPECT_TRUE(m_presetRows.Bind(&m_drive.Root(), errors));
+        Combo().SetParameter(m_drive.Root().FindChildByRegister("201"));
+        Edit().SetParameter(m_drive.Root().FindChildByRegister("101"));
+        m_drive.TakeLog();
     }
+    CPresetComboBox& Combo() { return *m_presetWindow.GetControl<CPresetComboBox>(ValueId(201)); }
+    CPresetEdit& Edit() { return *m_presetWindow.GetControl<CPresetEdit>(ValueId(101)); }
 
     /// Right click, then the menu's entry with this text.
     void Choose(QWidget& control, const QString& text) {
@@ -48,54 +60,47 @@ protected:
     }
 
     CPresetWindow m_presetWindow;
-    CPresetComboBox m_combo{&m_presetWindow};
-    CPresetEdit m_edit{&m_presetWindow};
+    CRowTable m_presetRows{m_presetWindow, kRows, TextSource::ConfigurableFile};
 };
 
-TEST_F(PresetControls, ChangeToTheirPresetWithoutWriting) {
-    m_combo.SetPreset("2");
-    m_combo.ChangeToPreset();
-    EXPECT_EQ(m_combo.currentText(), "Fast");
-    EXPECT_TRUE(IsChanged(201));
-    m_edit.SetPreset("4.5");
-    m_edit.ChangeToPreset();
-    EXPECT_EQ(m_edit.text(), "4.5");
-    EXPECT_EQ(m_drive.TakeLog(), QStringList());
-}
-
-TEST_F(PresetControls, DoNothingWhenDisabledOrWithoutPreset) {
-    m_edit.setText("1");
-    m_edit.ChangeToPreset();
-    m_edit.SetPreset("4.5");
-    m_edit.setEnabled(false);
-    m_edit.ChangeToPreset();
-    EXPECT_EQ(m_edit.text(), "1");
-    m_combo.ChangeToPreset();
-    EXPECT_FALSE(IsChanged(201));
+TEST_F(PresetControls, ChangeToTheirPresetWhereTheyCanAndMarkTheirRow) {
+    Edit().ChangeToPreset();
+    Combo().ChangeToPreset();
+    Edit().SetPreset("4.5");
+    Edit().setEnabled(false);
+    Edit().ChangeToPreset();
+    EXPECT_EQ(Edit().text(), "0.0") << "without a preset, or disabled";
+    EXPECT_FALSE(IsChanged(101) || IsChanged(201));
+    Edit().setEnabled(true);
+    Edit().ChangeToPreset();
+    Combo().SetPreset("2");
+    Combo().ChangeToPreset();
+    EXPECT_EQ(Edit().text() + ' ' + Combo().currentText(), "4.5 Fast");
+    EXPECT_TRUE(IsChanged(101) && IsChanged(201));
+    EXPECT_EQ(m_drive.TakeLog(), QStringList()) << "nothing is written";
 }
 
 TEST_F(PresetControls, KeepTheOldValueWhenThePresetIsRefused) {
-    m_combo.SetPreset("8");
+    Combo().SetPreset("8");
     m_boxes.Expect("Parameter 2.01 Switch: 8 is not one of its values.");
-    m_combo.ChangeToPreset();
-    EXPECT_EQ(m_combo.currentText(), "Slow");
-    m_combo.clear();
-    m_combo.SetPreset("2");
+    Combo().ChangeToPreset();
+    EXPECT_EQ(Combo().currentText(), "Slow");
+    Combo().clear();
+    Combo().SetPreset("2");
     m_boxes.Expect("Parameter 201 valuelist not found from drive.\n\nUnable to use the specified parameter.");
-    m_combo.ChangeToPreset();
+    Combo().ChangeToPreset();
 }
 
 TEST_F(PresetControls, OfferTheirThreeCommandsOnARightClick) {
-    m_presetWindow.show();
-    m_edit.SetPreset("4.5");
-    Choose(m_edit, "Change to preset value");
-    EXPECT_EQ(m_edit.text(), "4.5");
-    Choose(m_combo, "Change all to preset value");
+    Edit().SetPreset("4.5");
+    Choose(Edit(), "Change to preset value");
+    EXPECT_EQ(Edit().text(), "4.5");
+    Choose(Combo(), "Change all to preset value");
     EXPECT_EQ(m_presetWindow.asked, 1);
-    Choose(m_edit, "Set value and apply");
+    Choose(Edit(), "Set value and apply");
     EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 101=45", "read 101"})) << "forced: the row was not marked";
-    m_combo.setCurrentText("Fast"); // which the drive calls "On"
-    Choose(m_combo, "Set value and apply");
+    Combo().setCurrentText("Fast");
+    Choose(Combo(), "Set value and apply");
     EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 201=2", "read 201"}));
 }
 

@@ -67,6 +67,9 @@ TEST_F(Rows, TakeTheirRegisterAtRunTime) {
     Slot().Enter("6");
     EXPECT_TRUE(Slot().Write()) << "as if the user had typed it";
     EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList{"write 102=6"});
+    Slot().Enter("7");
+    Slot().SetRegister(201);
+    EXPECT_FALSE(IsChanged(102)) << "what was typed belonged to the parameter before";
 }
 
 TEST_F(Rows, OfferTheirChoicesInOrder) {
@@ -230,17 +233,6 @@ TEST_F(Rows, StartTheUpdateWhenTheTableSaysSo) {
             starts += table.StartsUpdate(bound, missing) ? '1' : '0';
         EXPECT_EQ(starts, expected);
     }
-}
-
-TEST_F(Rows, TakeTheirTextsFromTheConfigurableFile) {
-    CRowTable rows(m_window, kRows, TextSource::ConfigurableFile);
-    EXPECT_TRUE(rows.Bind(&m_drive.Root(), errors));
-    EXPECT_EQ(Switch().currentText(), "Slow");
-    m_drive.TakeLog();
-    Choose(&Switch(), "Fast");
-    EXPECT_TRUE(rows.Write());
-    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 201=2", "read 201"}));
-    EXPECT_EQ(Switch().currentText(), "Fast");
 }
 
 } // namespace

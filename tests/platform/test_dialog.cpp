@@ -16,8 +16,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include <gtest/gtest.h>
-
 namespace krt550 {
 namespace {
 
@@ -61,26 +59,21 @@ protected:
 };
 
 TEST_F(Dialog, EnterPressesTheDefaultButtonUnlessAnotherOneHasTheFocus) {
-    struct {
-        const char* name;
-        QList<int> visited;
-        int result;
-    } const cases[] = {
-        {"as it opens", {}, CDialog::kCancel},
-        {"in an edit", {TestResources::kEdit}, CDialog::kCancel},
-        {"back from another button", {TestResources::kButton, TestResources::kEdit}, CDialog::kCancel},
-        {"on another button", {TestResources::kButton}, -1},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Run([&] {
-                      for (const int id : c.visited)
+    const std::pair<QList<int>, int> cases[] = {{{}, CDialog::kCancel},
+                                                {{TestResources::kEdit}, CDialog::kCancel},
+                                                {{TestResources::kButton, TestResources::kEdit}, CDialog::kCancel},
+                                                {{TestResources::kButton}, -1}};
+    for (const auto& [visited, result] : cases) {
+        EXPECT_EQ(Run([&, &visited = visited] {
+                      for (const int id : visited)
                           Item(id)->setFocus();
                       Key(Qt::Key_Return);
                   }),
-                  c.result)
-            << c.name;
-        EXPECT_EQ(m_dialog.TakeEvents(), c.result < 0 ? "click 3;" : "") << c.name;
+                  result)
+            << visited.size();
+        EXPECT_EQ(m_dialog.TakeEvents(), result < 0 ? "click 3;" : "");
     }
+    EXPECT_EQ(Run([] { Key(Qt::Key_Escape); }), CDialog::kCancel);
 }
 
 TEST_F(Dialog, AltAndTheFirstLetterPressAButtonWhoseCaptionStaysAsItIs) {
@@ -159,8 +152,9 @@ TEST_F(Dialog, TicksAreToldWhenAPersonMakesThem) {
     });
 }
 
-TEST_F(Dialog, ShowsLongTextsToReadOnly) {
+TEST_F(Dialog, ShowsLongTextsToReadOnlyAndKeepsItsTimersUntilOnDestroy) {
     Run([this] {
+        m_dialog.timer = m_dialog.SetTimer(1, 1000);
         QWidget* text = Item(TestResources::kText);
         SetControlText(text, "First line\nSecond line");
         EXPECT_EQ(m_dialog.TakeEvents(), "text;");
@@ -171,6 +165,7 @@ TEST_F(Dialog, ShowsLongTextsToReadOnly) {
         Key(Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget(), Item(TestResources::kEdit));
     });
+    EXPECT_TRUE(m_dialog.timerLivedInOnDestroy);
 }
 
 TEST_F(Dialog, HasNamesAndPlainDescriptionsForScreenReaders) {
@@ -186,36 +181,24 @@ TEST_F(Dialog, HasNamesAndPlainDescriptionsForScreenReaders) {
     EXPECT_EQ(Item(TestResources::kLabel)->toolTip(), "");
 }
 
-TEST_F(Dialog, ItsTimersLiveUntilOnDestroyHasSeenThem) {
-    EXPECT_EQ(Run([this] { m_dialog.timer = m_dialog.SetTimer(1, 1000); }), -1);
-    EXPECT_TRUE(m_dialog.timerLivedInOnDestroy);
-}
-
 TEST_F(Dialog, OpensAtAControlAndStaysOnItsScreen) {
     QWidget owner;
     QWidget button(&owner);
     button.setGeometry(10, 20, 60, 15);
     const QRect screen = owner.screen()->availableGeometry();
     owner.resize(100, 50);
-    struct {
-        QPoint owner;
-        CDialog::Place place;
-        std::optional<QPoint> expected; ///< in the owner; none: pushed back onto the screen
-    } const cases[] = {{{30, 40}, CDialog::Place::Over, QPoint(10, 20)},
-                       {{30, 40}, CDialog::Place::Below, QPoint(10, 35)},
-                       {screen.bottomRight(), CDialog::Place::Below, std::nullopt},
-                       {{-500, -500}, CDialog::Place::Over, std::nullopt}};
-    for (const auto& c : cases) {
-        owner.move(c.owner);
-        owner.show();
-        m_dialog.OpenAt(button, c.place);
-        Run([&] {
-            const QRect frame = QApplication::activeModalWidget()->frameGeometry();
-            EXPECT_TRUE(screen.contains(frame));
-            if (c.expected) {
-                EXPECT_EQ(frame.topLeft(), owner.mapToGlobal(*c.expected));
-            }
-        });
+    for (const bool onScreen : {true, false}) {
+        for (const CDialog::Place place : {CDialog::Place::Over, CDialog::Place::Below}) {
+            owner.move(onScreen ? QPoint(30, 40) : screen.bottomRight());
+            owner.show();
+            m_dialog.OpenAt(button, place);
+            Run([&] {
+                const QRect frame = QApplication::activeModalWidget()->frameGeometry();
+                EXPECT_TRUE(screen.contains(frame));
+                EXPECT_EQ(frame.topLeft() == owner.mapToGlobal(QPoint(10, place == CDialog::Place::Over ? 20 : 35)),
+                          onScreen);
+            });
+        }
     }
 }
 

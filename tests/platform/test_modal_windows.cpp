@@ -3,13 +3,13 @@
 #include "wizard/platform/dialog.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/message_queue.h"
+#include "wizard/platform/property_page.h"
+#include "wizard/platform/property_sheet.h"
 
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
-
-#include <gtest/gtest.h>
 
 namespace krt550 {
 namespace {
@@ -36,6 +36,13 @@ protected:
              CHookedDialog dialog;
              EXPECT_EQ(dialog.DoModal(), CDialog::kCancel);
              EXPECT_EQ(dialog.destroyed, 1);
+         }},
+        {"property sheet",
+         [] {
+             CPropertyPage page(TestResources::kLayout);
+             CPropertySheet sheet;
+             sheet.AddPage(&page);
+             EXPECT_EQ(sheet.DoModal(), CPropertySheet::kCancel);
          }},
         {"message box",
          [] { EXPECT_FALSE(ShowMessageBox("Turn the motor?", MessageIcon::None, MessageButtons::OkCancel)); }},
@@ -84,6 +91,14 @@ TEST_F(ModalWindows, EndNobodysEventLoopWhenTheyAreClosed) {
         EXPECT_TRUE(wentOn) << kind.name;
     }
     QApplication::setQuitOnLastWindowClosed(former);
+}
+
+// Whoever presses Enter without having read turns no motor.
+TEST_F(ModalWindows, EnterSaysNoToAQuestion) {
+    for (const MessageButtons buttons : {MessageButtons::Ok, MessageButtons::OkCancel}) {
+        QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
+        EXPECT_EQ(ShowMessageBox("Turn the motor?", MessageIcon::None, buttons), buttons == MessageButtons::Ok);
+    }
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "tests/platform/test_resources.h"
-#include "tests/support/application_end.h"
 #include "wizard/platform/message_queue.h"
 #include "wizard/platform/property_page.h"
 #include "wizard/platform/property_sheet.h"
@@ -8,8 +7,6 @@
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
-
-#include <gtest/gtest.h>
 
 namespace krt550 {
 namespace {
@@ -81,52 +78,23 @@ TEST_F(PropertySheet, RunsThePagesHooksInOrder) {
 }
 
 // Keys must never go to a page that is not to be seen.
-TEST_F(PropertySheet, GivesTheFocusToThePageInFront) {
+TEST_F(PropertySheet, GivesTheFocusToTheFirstControlOfThePageInFrontThatTakesIt) {
     m_sheet.SetWizardMode();
     QTimer::singleShot(0, &m_sheet, [this] {
-        QWidget* frame = QApplication::activeModalWidget();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(frame));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(QApplication::activeModalWidget()));
         EXPECT_EQ(QApplication::focusWidget(), m_first.GetDlgItem(TestResources::kEdit));
         m_first.GetDlgItem(TestResources::kButton)->setFocus();
         m_sheet.SetActivePage(1);
         EXPECT_EQ(QApplication::focusWidget(), m_second.GetDlgItem(TestResources::kEdit));
         m_first.GetDlgItem(TestResources::kEdit)->setEnabled(false);
-        m_sheet.SetActivePage(0);
-        EXPECT_EQ(QApplication::focusWidget(), m_first.GetDlgItem(TestResources::kOtherEdit))
-            << "the first that is enabled";
         m_second.GetDlgItem(TestResources::kEdit)->hide();
-        m_sheet.SetActivePage(1);
-        EXPECT_EQ(QApplication::focusWidget(), m_second.GetDlgItem(TestResources::kOtherEdit))
-            << "the first to be seen";
+        for (CLoggingPage* page : {&m_first, &m_second}) {
+            m_sheet.SetActivePage(page == &m_first ? 0 : 1);
+            EXPECT_EQ(QApplication::focusWidget(), page->GetDlgItem(TestResources::kOtherEdit));
+        }
         m_sheet.EndDialog(8);
     });
     m_sheet.DoModal();
-}
-
-// A handler that works for a long time and drains the queue meanwhile must see the window close under it, and unwind.
-TEST_F(PropertySheet, ClosesUnderABlockingHandler) {
-    struct {
-        const char* name;
-        std::function<void()> close;
-    } const ways[] = {
-        {"close button", [] { QApplication::activeModalWidget()->close(); }},
-        {"end of the application", EndApplication},
-    };
-    for (const auto& way : ways) {
-        TakeLog();
-        bool unwound = false;
-        QTimer::singleShot(0, &m_sheet, [&] {
-            QTimer::singleShot(0, &m_sheet, way.close);
-            for (int cycle = 0; cycle < 1000 && !m_sheet.IsClosing(); ++cycle)
-                DrainMessageQueue();
-            EXPECT_TRUE(m_sheet.IsClosing()) << way.name;
-            EXPECT_TRUE(TakeLog().endsWith("A destroy; ")) << way.name;
-            unwound = true;
-        });
-        EXPECT_EQ(m_sheet.DoModal(), CPropertySheet::kCancel) << way.name;
-        EXPECT_TRUE(unwound) << way.name;
-        RestartApplication();
-    }
 }
 
 /// A window with a place for a child sheet.
@@ -158,9 +126,11 @@ TEST_F(PropertySheet, SwitchesTabsAsAChild) {
 TEST_F(PropertySheet, IsAsLargeAsItsLargestPageAndItsTabsNeed) {
     CParentWindow parent;
     CPropertyPage large(TestResources::kLargeLayout);
-    m_sheet.AddPage(&large);
     CPropertySheet single;
     CPropertyPage alone(TestResources::kLayout);
+    CPropertyPage missing(4711);
+    m_sheet.AddPage(&large);
+    m_sheet.AddPage(&missing);
     single.AddPage(&alone);
     m_sheet.CreateChild(parent, TestResources::kPlaceholder);
     single.CreateChild(parent, TestResources::kPlaceholder);
@@ -170,11 +140,12 @@ TEST_F(PropertySheet, IsAsLargeAsItsLargestPageAndItsTabsNeed) {
         ASSERT_TRUE(m_sheet.SetActivePage(index));
         const CPropertyPage& page = *m_sheet.GetActivePage();
         const QRect inside(page.mapTo(&m_sheet, QPoint()), page.size());
-        EXPECT_TRUE(m_sheet.rect().contains(inside)) << index;
-        EXPECT_FALSE(tabs->geometry().intersects(inside)) << index;
+        EXPECT_TRUE(m_sheet.rect().contains(inside) && !tabs->geometry().intersects(inside)) << index;
     }
-    EXPECT_LT(m_sheet.width(), large.width() + 12) << "the widest page";
-    EXPECT_LT(m_sheet.height(), m_first.height() + tabs->height() + 12) << "the highest page";
+    EXPECT_FALSE(m_sheet.SetActivePage(3)) << "it has no layout";
+    EXPECT_EQ(m_sheet.GetActivePage(), &large);
+    EXPECT_LT(m_sheet.width(), large.width() + 12);
+    EXPECT_LT(m_sheet.height(), m_first.height() + tabs->height() + 12);
     EXPECT_FALSE(single.findChild<QTabBar*>()->isVisible()) << "nothing to switch";
     EXPECT_LT(single.height(), alone.height() + 12);
     m_sheet.setParent(nullptr);

@@ -6,8 +6,6 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include <gtest/gtest.h>
-
 namespace krt550 {
 namespace {
 

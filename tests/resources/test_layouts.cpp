@@ -32,9 +32,9 @@
 namespace krt550 {
 namespace {
 
-constexpr int kLayouts[] = {59,  100, 101, 103, 104, 107,   110,   111,   112,   122,   133,
-                            134, 135, 136, 137, 138, 139,   140,   141,   142,   143,   144,
-                            145, 146, 147, 149, 150, 10000, 10056, 10057, 10058, 10062, 10063};
+constexpr int kLayouts[] = {59,  100, 101, 103, 104,  107,  110,   111,   112,   122,   133,   134,
+                            135, 136, 137, 138, 139,  140,  141,   142,   143,   144,   145,   146,
+                            147, 148, 149, 150, 7118, 7119, 10000, 10056, 10057, 10058, 10062, 10063};
 
 class CLayoutWindow : public CWindow {
 public:
@@ -243,8 +243,9 @@ TEST_P(Layouts, FramesAreApartOrInsideEachOtherAndCutNothing) {
 
 TEST_P(Layouts, HasEachShortcutOnce) {
     // A tab stands on its page together with the page's own buttons.
-    static const std::map<int, int> kPages = {{10062, 110}, {10063, 110}, {10056, 111}, {10057, 111}, {10058, 111},
-                                              {144, 133},   {145, 133},   {149, 139},   {150, 139}};
+    static const std::map<int, int> kPages = {{10062, 110}, {10063, 110}, {10056, 111}, {10057, 111},
+                                              {10058, 111}, {144, 133},   {145, 133},   {149, 139},
+                                              {150, 139},   {7118, 146},  {7119, 146},  {148, 138}};
     std::vector<int> shown = {GetParam()};
     if (const auto page = kPages.find(GetParam()); page != kPages.end())
         shown.push_back(page->second);
@@ -311,7 +312,9 @@ TEST_F(Layouts, EveryRowHasItsTextsOnce) {
         if (row.reg == 0) // from a text file
             continue;
         EXPECT_TRUE(DriveNames().contains(row.reg)) << row.reg;
-        EXPECT_NE(CWizardTextStore::Instance().GetToolTip(row.reg), "") << row.reg;
+        if (layout != kFieldbusRows.layout) {
+            EXPECT_NE(CWizardTextStore::Instance().GetToolTip(row.reg), "") << row.reg;
+        }
         EXPECT_TRUE(!*row.label || row.label == ShownName(row)) << row.label << " in " << layout;
     }
     QFile file(QStringLiteral(KRT550_SOURCE_DIR "/data/Wzkrt550.txt"));
@@ -337,9 +340,9 @@ TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 1.0).size(), size) << picture;
         EXPECT_EQ(m_resources.GetPicture(picture, {}, 2.0).deviceIndependentSize(), QSizeF(size)) << picture;
     }
-    for (const int picture :
-         {10012, 10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022, 10023, 10024, 10025, 10026, 10028,
-          10029, 10030, 10031, 10032, 10034, 10035, 10036, 10037, 10038, 10039, 10046, 10047, 10049, 10050, 10051})
+    for (const int picture : {10012, 10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022, 10023,
+                              10024, 10025, 10026, 10027, 10028, 10029, 10030, 10031, 10032, 10034, 10035,
+                              10036, 10037, 10038, 10039, 10046, 10047, 10049, 10050, 10051, 10054})
         EXPECT_FALSE(m_resources.GetPicture(picture, {}, 1.0).isNull()) << picture;
     EXPECT_TRUE(m_resources.GetPicture(1, {}, 1.0).isNull());
 }

@@ -2,6 +2,7 @@
 // row.
 #include "hostlib/tolvbo32/drive_description.h"
 #include "wizard/resources/module_resources.h"
+#include "wizard/resources/page_rows.h"
 
 #include <QFile>
 #include <QMap>
@@ -80,7 +81,10 @@ QStringList FindWrongConnections(const QStringList& lines, const QMap<int, Param
                                            QStringLiteral("Not used")};
         if (inputs > 0 && !none.contains(ValueTextOf(parameter, fields.value(first + inputs))))
             faults.append(QStringLiteral("%1 does not disconnect").arg(line));
-        const bool isSignal = fields[0] == QLatin1String("AO") && fields.value(1) != QLatin1String("0");
+        static const QSet<QString> signalKeys = {QStringLiteral("AO"), QStringLiteral("VANRECEIVE"),
+                                                 QStringLiteral("VANTRANSMIT"), QStringLiteral("VANMBOXRECEIVE"),
+                                                 QStringLiteral("VANMBOXTRANSMIT")};
+        const bool isSignal = signalKeys.contains(fields[0]) && fields.value(1) != QLatin1String("0");
         if (isSignal && parameter.name != fields.value(2))
             faults.append(QStringLiteral("%1 is named %2").arg(line, parameter.name));
         if (inputs == 0 && !isSignal && fields[0] != QLatin1String("DO"))
@@ -98,13 +102,13 @@ QStringList LinesOf(const char* path) {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split(u'\n') : QStringList();
 }
 
-/// Registers of all rows, with the number of a layout that shows them.
+/// Registers of all rows that have tool tips, with the number of a layout that shows them.
 QMap<int, int> ShownRegisters() {
     constexpr int kLastLayout = 11'000;
     const CModuleResources resources;
     QMap<int, int> shown;
     for (int number = 1; number < kLastLayout; ++number)
-        if (const auto layout = resources.GetLayout(number))
+        if (const auto layout = resources.GetLayout(number); layout && number != kFieldbusRows.layout)
             for (const ControlLayout& control : layout->controls)
                 if (control.reg != 0)
                     shown[control.reg] = number;

@@ -41,6 +41,7 @@ TEST(StripBitmapButton, GrowsWithTheFontAsTheDigitsDo) {
         button.LoadStripBitmap(10066);
         digit.setFont(large);
         ShowStepIcon(digit, 3, StepState::Done);
+        EXPECT_TRUE(!digit.toolTip().isEmpty() && digit.toolTip() == digit.accessibleName());
         EXPECT_NEAR(button.height(), 23 * height, 3 * height);
         EXPECT_NEAR(digit.pixmap(Qt::ReturnByValue).deviceIndependentSize().height(), 16 * height, 2 * height);
     }
@@ -69,26 +70,25 @@ TEST(ColorStatic, HasALookForEachStatus) {
     CColorStatic status;
     const QColor face = status.palette().color(QPalette::Button);
     const QColor windowText = status.palette().color(QPalette::WindowText);
-    const QColor lightGrey(192, 192, 192);
-
-    status.SetLook(StaticLook::Good);
-    EXPECT_TRUE(status.GetColors().text == Qt::black && status.GetColors().behindText == QColor(0, 255, 0));
-    status.SetLook(StaticLook::Bad);
-    EXPECT_TRUE(status.GetColors().text == Qt::black && status.GetColors().behindText == QColor(255, 0, 0));
-    status.SetLook(StaticLook::Neutral);
-    EXPECT_TRUE(status.GetColors().text == windowText && status.GetColors().behindText == face);
-    status.SetInverted(true);
-    EXPECT_TRUE(status.GetColors().text == Qt::white && status.GetColors().behindText == QColor(Qt::black));
-    status.SetInverted(false);
-    EXPECT_TRUE(status.GetColors().text == windowText && status.GetColors().behindRest == face);
-
+    const struct {
+        StaticLook look;
+        bool inverted;
+        QColor text, behind;
+    } looks[] = {{StaticLook::Good, false, Qt::black, QColor(0, 255, 0)},
+                 {StaticLook::Bad, false, Qt::black, QColor(255, 0, 0)},
+                 {StaticLook::Neutral, false, windowText, face},
+                 {StaticLook::Neutral, true, Qt::white, Qt::black}};
+    for (const auto& l : looks) {
+        status.SetLook(l.look);
+        if (l.inverted)
+            status.SetInverted(true);
+        EXPECT_TRUE(status.GetColors().text == l.text && status.GetColors().behindText == l.behind) << &l - looks;
+    }
     status.SetLook(StaticLook::Grey);
-    EXPECT_EQ(status.GetColors().behindRest, lightGrey);
     status.SetInverted(true);
     status.SetInverted(false);
-    EXPECT_EQ(status.GetColors().behindRest, lightGrey) << "back to grey, not to plain";
+    EXPECT_EQ(status.GetColors().behindRest, QColor(192, 192, 192)) << "back to grey, not to plain";
     EXPECT_FALSE(status.GetColors().behindText);
-
     status.SetBoldFont();
     status.SetItalicFont();
     EXPECT_TRUE(status.font().bold() && status.font().italic());

@@ -1,11 +1,10 @@
-// The wizard by keyboard and screen reader: help, shortcuts, ticks, and where the focus is.
+// The wizard by keyboard: help, shortcuts, and where the focus is.
 #include "tests/shell/wizard_fixture.h"
 
 #include "wizard/diagnosis/diagnosis_dialog.h"
 #include "wizard/resources/module_resources.h"
 
 #include <QAbstractButton>
-#include <QAccessible>
 #include <QTest>
 #include <QTimer>
 
@@ -58,16 +57,6 @@ TEST_F(Keyboard, EnterInThePageInFrontNeverReachesTheOneBehind) {
         EXPECT_EQ(Robot::Layout(), 104);
         EXPECT_TRUE(QApplication::focusWidget()->isVisible());
         EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList());
-    });
-}
-
-TEST_F(Keyboard, ATickThroughAccessibilityCountsAsOne) {
-    Run([] {
-        QAccessibleInterface* box = QAccessible::queryAccessibleInterface(Robot::Control(164));
-        box->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-        EXPECT_TRUE(Robot::IsEnabled(kNext));
-        box->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-        EXPECT_FALSE(Robot::IsEnabled(kNext));
     });
 }
 

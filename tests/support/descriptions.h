@@ -2,41 +2,44 @@
 
 #include "hostlib/tolvbo32/parameter_description.h"
 
-#include <initializer_list>
+#include <vector>
 
 /// Short ways to describe parameters in tests.
-namespace krt550::test {
+namespace krt550 {
 
-inline ParameterDescription Number(quint16 reg, const char* name, int decimals = 0, double minimum = 0,
-                                   double maximum = 0, double defaultValue = 0) {
+/// A number of 16 bits, unsigned unless `minimum` is below 0. Its default is 0, or the minimum when that is more.
+inline ParameterDescription Number(quint16 reg, const QString& name, int decimals = 0, double minimum = 0,
+                                   double maximum = 0, const QString& unit = {}) {
     ParameterDescription parameter;
     parameter.reg = reg;
-    parameter.name = QString::fromUtf8(name);
+    parameter.name = name;
+    parameter.unit = unit;
     parameter.decimals = decimals;
     parameter.minimum = minimum;
     parameter.maximum = maximum;
-    parameter.defaultValue = defaultValue;
+    parameter.defaultValue = minimum > 0 ? minimum : 0;
+    if (minimum < 0) {
+        parameter.dataType = DataType::Signed16;
+        parameter.type = ParameterType::SignedNumber;
+    }
     return parameter;
 }
 
-/// A number with a sign.
-inline ParameterDescription Signed(quint16 reg, const char* name, int decimals = 0, double minimum = 0,
-                                   double maximum = 0, double defaultValue = 0) {
-    ParameterDescription parameter = Number(reg, name, decimals, minimum, maximum, defaultValue);
+inline ParameterDescription WithDefault(ParameterDescription parameter, double value) {
+    parameter.defaultValue = value;
+    return parameter;
+}
+
+/// A value with a sign that the drive only shows.
+inline ParameterDescription Signal(quint16 reg, const QString& name, const QString& unit = {}, int decimals = 0) {
+    ParameterDescription parameter = Number(reg, name, decimals, 0, 0, unit);
     parameter.dataType = DataType::Signed16;
     parameter.type = ParameterType::SignedNumber;
-    return parameter;
-}
-
-/// A value that the drive only shows.
-inline ParameterDescription Signal(quint16 reg, const char* name, const char* unit = "", int decimals = 0) {
-    ParameterDescription parameter = Signed(reg, name, decimals);
-    parameter.unit = QString::fromUtf8(unit);
     parameter.readOnly = true;
     return parameter;
 }
 
-inline ParameterDescription Bits(quint16 reg, const char* name, bool readOnly) {
+inline ParameterDescription Bits(quint16 reg, const QString& name, bool readOnly) {
     ParameterDescription parameter = Number(reg, name);
     parameter.dataType = DataType::Bits;
     parameter.type = ParameterType::BitWord;
@@ -44,13 +47,13 @@ inline ParameterDescription Bits(quint16 reg, const char* name, bool readOnly) {
     return parameter;
 }
 
-inline ParameterDescription List(quint16 reg, const char* name,
-                                 std::initializer_list<std::pair<quint16, const char*>> values) {
+/// Its default is the first value.
+inline ParameterDescription List(quint16 reg, const QString& name, std::vector<std::pair<quint16, QString>> values) {
     ParameterDescription parameter = Number(reg, name);
     parameter.type = ParameterType::ValueList;
-    for (const auto& [word, text] : values)
-        parameter.values.emplace_back(word, QString::fromUtf8(text));
+    parameter.defaultValue = values.front().first;
+    parameter.values = std::move(values);
     return parameter;
 }
 
-} // namespace krt550::test
+} // namespace krt550

@@ -83,30 +83,6 @@ bool FakeDrive::Note(const QString& call) {
     return passes;
 }
 
-ParameterDescription Number(quint16 reg, const QString& name, int decimals, double minimum, double maximum,
-                            const QString& unit) {
-    ParameterDescription parameter;
-    parameter.reg = reg;
-    parameter.name = name;
-    parameter.unit = unit;
-    parameter.decimals = decimals;
-    parameter.minimum = minimum;
-    parameter.maximum = maximum;
-    parameter.defaultValue = minimum > 0 ? minimum : 0;
-    parameter.dataType = minimum < 0 ? DataType::Signed16 : DataType::Unsigned16;
-    return parameter;
-}
-
-ParameterDescription List(quint16 reg, const QString& name, std::vector<std::pair<quint16, QString>> values) {
-    ParameterDescription parameter;
-    parameter.reg = reg;
-    parameter.name = name;
-    parameter.type = ParameterType::ValueList;
-    parameter.defaultValue = values.front().first;
-    parameter.values = std::move(values);
-    return parameter;
-}
-
 std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& missing) {
     std::vector<ParameterDescription> parameters = {
         List(9901, "Language", {{0, "English"}, {1, "Deutsch"}, {3, "Suomi"}}),
@@ -164,6 +140,13 @@ void AddRowsOfAllPages(std::vector<ParameterDescription>& parameters) {
                 add(row.reg, row.kind == RowKind::List);
     for (const int reg : {418, 419})
         add(static_cast<quint16>(reg), false);
+    // Words of datasets and mailboxes; the registers of those rows are given at run time.
+    for (const auto& [first, last] : {std::pair{9001, 9012}, {9201, 9212}, {9412, 9435}})
+        for (int reg = first; reg <= last; ++reg)
+            add(static_cast<quint16>(reg), false);
+    for (ParameterDescription& parameter : parameters)
+        if (parameter.reg == 9002 || parameter.reg == 9415)
+            parameter.defaultValue = 9902; // what they point to is read
 }
 
 std::vector<ParameterDescription> WizardParameters() {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "hostlib/host_drive.h"
-#include "hostlib/tolvbo32/parameter_description.h"
 #include "hostlib/tolvbo32/parameter_group.h"
 #include "hostlib/tolvbo32/parameter_link.h"
+#include "tests/support/descriptions.h"
 
 #include <QStringList>
 
@@ -90,13 +90,6 @@ private:
     QStringList m_log;
     std::unique_ptr<CParameterGroup> m_root;
 };
-
-/// A number parameter of 16 bits, unsigned unless `minimum` is below 0.
-ParameterDescription Number(quint16 reg, const QString& name, int decimals, double minimum, double maximum,
-                            const QString& unit = {});
-
-/// A value-list parameter.
-ParameterDescription List(quint16 reg, const QString& name, std::vector<std::pair<quint16, QString>> values);
 
 /// The ten parameters of the name plate page, without the ones in `missing`.
 std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& missing = {});

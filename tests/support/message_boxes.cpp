@@ -20,11 +20,8 @@ bool Matches(const QString& expected, const QString& text) {
 }
 
 void Press(QMessageBox& box, Answer answer) {
-    QAbstractButton* button = answer == Answer::Ok       ? box.button(QMessageBox::Ok)
-                              : answer == Answer::Cancel ? box.button(QMessageBox::Cancel)
-                                                         : nullptr;
-    if (answer != Answer::Close && !button)
-        ADD_FAILURE() << "the message box has no such button: " << box.text().toStdString();
+    QAbstractButton* button = box.button(answer == Answer::Ok ? QMessageBox::Ok : QMessageBox::Cancel);
+    EXPECT_TRUE(button) << "the message box has no such button: " << box.text().toStdString();
     if (button)
         button->click();
     else
@@ -35,11 +32,6 @@ void Press(QMessageBox& box, Answer answer) {
 
 MessageBoxes::Expected& MessageBoxes::Expected::WithIcon(QMessageBox::Icon icon) {
     m_icon = icon;
-    return *this;
-}
-
-MessageBoxes::Expected& MessageBoxes::Expected::WithCaption(const QString& caption) {
-    m_caption = caption;
     return *this;
 }
 
@@ -90,9 +82,6 @@ void MessageBoxes::Take(QMessageBox& box) {
     m_expected.pop_front();
     if (expected.m_icon >= 0) {
         EXPECT_EQ(box.icon(), expected.m_icon) << box.text().toStdString();
-    }
-    if (!expected.m_caption.isEmpty()) {
-        EXPECT_EQ(box.windowTitle().toStdString(), expected.m_caption.toStdString());
     }
     if (expected.m_action)
         expected.m_action(box);

@@ -10,7 +10,7 @@
 
 namespace krt550 {
 
-enum class Answer { Ok, Cancel, Close };
+enum class Answer { Ok, Cancel };
 
 /// Answers the message boxes of a test as a person would, in the order in which they are expected. A box that nobody
 /// expected fails the test (and is answered with Cancel, so that nothing hangs); so does an expected one that has not
@@ -27,7 +27,6 @@ public:
     class Expected {
     public:
         Expected& WithIcon(QMessageBox::Icon icon);
-        Expected& WithCaption(const QString& caption);
         /// Called while the box is on the screen, before it is answered.
         Expected& Then(std::function<void(QMessageBox&)> action);
 
@@ -36,7 +35,6 @@ public:
         QString m_text;
         Answer m_answer = Answer::Ok;
         int m_icon = -1;
-        QString m_caption;
         std::function<void(QMessageBox&)> m_action;
     };
 

@@ -1,6 +1,5 @@
 // The help file, its contents and the viewer.
 #include "tests/support/message_boxes.h"
-#include "tests/support/print_qt.h"
 #include "wizard/texts/context_help.h"
 #include "wizard/texts/help_browser.h"
 #include "wizard/texts/help_file.h"
@@ -20,8 +19,6 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QWindow>
-
-#include <gtest/gtest.h>
 
 namespace krt550 {
 namespace {
@@ -64,8 +61,6 @@ TEST(HelpFileTest, BoundsAreToldBesideTheName) {
     EXPECT_TRUE(ReadHelpPicture(*file, U("dot.png"), 6).failure.isEmpty());
     EXPECT_EQ(ReadHelpPicture(*file, U("dot.png"), 5).failure,
               U("dot.png cannot be shown: a topic's pictures may hold 16777216 pixels."));
-    EXPECT_EQ(ReadHelpPicture(*file, U("1.htm"), 1).failure,
-              U("1.htm cannot be shown: it is no PNG, JPEG, GIF or BMP picture."));
 }
 
 TEST(HelpFileTest, RefusesABookThatIsDamagedOrTooLarge) {
@@ -251,19 +246,15 @@ TEST_F(ContextHelpTest, ADamagedBookIsToldInTheWindow) {
 }
 
 TEST_F(ContextHelpTest, WhatIsMissingShowsNothingAndIsNotTriedAgain) {
-    const QString path = GetWizardDirectory() + U("\\KRT550HelpEnglish.chm");
-    EXPECT_EQ(CallHtmlHelp(m_button, path + U("::/gone.htm"), kDisplayTopic, 0), 0U);
-    EXPECT_EQ(CallHtmlHelp(m_button, path + U("::/1.htm"), 15, 0), 0U);
-    EXPECT_EQ(CallHtmlHelp(m_button, path, kDisplayTopic, 0), 0U);
-    EXPECT_FALSE(Viewer());
-    EXPECT_NE(CallHtmlHelp(m_button, path + U("::/1.htm"), kDisplayTopic, 0), 0U);
-
+    const QString book = GetWizardDirectory() + U("\\KRT550HelpEnglish.chm");
     const QString late = GetWizardDirectory() + U("\\late.chm");
-    EXPECT_EQ(CallHtmlHelp(m_button, late + U("::/1.htm"), kDisplayTopic, 0), 0U);
+    for (const QString& path : {book + U("::/gone.htm"), book, late + U("::/1.htm")})
+        EXPECT_EQ(CallHtmlHelp(m_button, path, kDisplayTopic, 0), 0U) << path.toStdString();
+    EXPECT_EQ(CallHtmlHelp(m_button, book + U("::/1.htm"), 15, 0), 0U) << "no such command";
+    EXPECT_FALSE(Viewer());
     QFile::copy(kFile, m_directory.filePath(U("late.chm")));
     EXPECT_EQ(CallHtmlHelp(m_button, late + U("::/1.htm"), kDisplayTopic, 0), 0U);
-    EXPECT_EQ(CallHtmlHelp(m_button, late + U("::/2.htm"), kDisplayTopic, 0), 0U);
-    EXPECT_NE(CallHtmlHelp(m_button, path + U("::/2.htm"), kDisplayTopic, 0), 0U) << "other files are not concerned";
+    EXPECT_NE(CallHtmlHelp(m_button, book + U("::/2.htm"), kDisplayTopic, 0), 0U) << "other files are not concerned";
     EXPECT_EQ(Viewer()->windowTitle(), U("Step 2"));
 }
 

@@ -1,14 +1,8 @@
 // Lines out of chunks, and files that break off.
 #include "wizard/texts/line_reader.h"
 #include "wizard/texts/text_fields.h"
-#include "wizard/texts/text_tokenizer.h"
 
-#include "tests/support/print_qt.h"
-
-#include <QBuffer>
 #include <QStringEncoder>
-
-#include <gtest/gtest.h>
 
 namespace krt550 {
 namespace {
@@ -70,27 +64,6 @@ TEST(LineReaderTest, AFailureGivesTheWholeLinesBeforeIt) {
     bool failed = false;
     EXPECT_EQ(LinesOf(device, &failed), (QStringList{QStringLiteral("one"), QStringLiteral("two")}));
     EXPECT_TRUE(failed);
-}
-
-TEST(TokenizerTest, GivesThePiecesBetweenSeparators) {
-    const struct {
-        const char* text;
-        QStringList pieces;
-    } cases[] = {
-        {"", {QString()}},
-        {"one", {QStringLiteral("one")}},
-        {"one two", {QStringLiteral("one"), QStringLiteral("two")}},
-        {" a  b ", {QString(), QStringLiteral("a"), QString(), QStringLiteral("b"), QString()}},
-    };
-    for (const auto& test : cases) {
-        QStringList pieces;
-        CTextTokenizer tokens(test.text);
-        while (tokens.HasMoreTokens())
-            pieces.append(TextOfField(tokens.NextToken()));
-        EXPECT_EQ(pieces.size(), test.pieces.size()) << test.text;
-        EXPECT_EQ(pieces.join(u'|'), test.pieces.join(u'|'));
-        EXPECT_TRUE(tokens.NextToken().empty());
-    }
 }
 
 TEST(FieldTest, NumbersEndAtTheFirstOtherCharacter) {

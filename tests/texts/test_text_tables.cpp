@@ -2,10 +2,6 @@
 #include "wizard/texts/text_fields.h"
 #include "wizard/texts/wizard_tables.h"
 
-#include "tests/support/print_qt.h"
-
-#include <gtest/gtest.h>
-
 #include <random>
 
 namespace krt550 {

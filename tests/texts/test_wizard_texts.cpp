@@ -1,6 +1,5 @@
 // Every key of the wizard text file through the query that reads it.
 #include "tests/texts/text_fixture.h"
-#include "wizard/platform/resources.h"
 
 namespace krt550 {
 namespace {
@@ -150,24 +149,6 @@ TEST_F(TextFixture, OutputNamesAndIndexLists) {
     expectList(m_store.GetMailBoxReceiveList(), {3}, {U("mr")});
     expectList(m_store.GetDataSetReceiveList(), {2}, {U("dr")});
     expectList(m_store.GetDataSetTransmitList(), {1}, {U("dt")});
-}
-
-/// Resources with one string.
-class OneString : public CResources {
-public:
-    std::optional<DialogLayout> GetLayout(int) const override { return std::nullopt; }
-    std::optional<QString> GetString(int number) const override {
-        return number == 228 ? std::optional(U("Else")) : std::nullopt;
-    }
-    QPixmap GetPicture(int, QSize, qreal) const override { return {}; }
-    std::optional<MenuLayout> GetMenu(int) const override { return std::nullopt; }
-};
-
-TEST_F(TextFixture, TheWordForAnUnknownOutputIsAResource) {
-    WriteWizardTexts("");
-    const OneString resources;
-    const ResourceScope scope(resources);
-    EXPECT_EQ(m_store.GetAOName(5), U("Else (5)"));
 }
 
 } // namespace

@@ -28,12 +28,6 @@ protected:
         Write(QStringLiteral("KRT550ConfigurableAssistant.txt"), content);
     }
 
-    QString ValueTextOf(const char* reg, quint16 value) {
-        QString text;
-        m_store.GetValueText(QString::fromLatin1(reg), value, text);
-        return text;
-    }
-
     QTemporaryDir m_directory;
     MessageBoxes m_boxes;
     CWizardTextStore m_store;

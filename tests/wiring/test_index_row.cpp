@@ -11,6 +11,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTest>
 
 namespace krt550 {
 namespace {
@@ -127,10 +128,12 @@ TEST_F(IndexRow, FollowsTheDriveUntilItIsChanged) {
     int timer = 0;
     m_drive.words[1501] = 0;
     UpdateParameters(m_window, timer);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !IsUpdatePassOn(); }));
     EXPECT_EQ(Shown(), "Nothing|0||");
     EXPECT_FALSE(AnyChanged());
     Type("7");
     UpdateParameters(m_window, timer);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !IsUpdatePassOn(); }));
     EXPECT_EQ(Shown(), "Other|7|?|?");
 }
 

@@ -1,12 +1,12 @@
 #include "wizard/params/preset_controls.h"
 
 #include "hostlib/tolvbo32/parameter.h"
-#include "wizard/params/changed_registers.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/parameter_rows.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/popup_menu.h"
+#include "wizard/platform/window.h"
 
 #include <QContextMenuEvent>
 
@@ -41,7 +41,8 @@ void CPresetHolder::RunMenu(QWidget& control, const QPoint& position) {
 void CPresetComboBox::ChangeToPreset() {
     if (!isEnabled() || m_preset.isEmpty() || !m_parameter)
         return;
-    MarkChanged(m_parameter->GetRegister());
+    if (CWindow* window = CWindow::OwnerOf(this))
+        window->Notify(this, ControlEvent::Changed);
     const quint16 former = m_parameter->GetValue();
     if (!m_parameter->SetValue(static_cast<quint16>(m_preset.toInt()), false)) {
         ShowLastError(m_parameter);

@@ -39,7 +39,8 @@ class CPresetComboBox : public QComboBox, public CPresetHolder {
 
 public:
     using QComboBox::QComboBox;
-    /// Also sets the parameter object.
+    /// Tells the window of a change, so that the row marks itself, then sets parameter object and selection to the
+    /// preset; nothing is written.
     void ChangeToPreset() override;
 
 protected:

@@ -60,7 +60,7 @@ public:
 
     bool IsChanged() const;
     /// Whether the drive has told its value.
-    bool IsRead() const { return m_read; }
+    bool IsRead() const { return m_parameter && m_read; }
     void Unmark();
     /// Shows or hides the whole row.
     void Show(bool show);

@@ -75,6 +75,8 @@ bool CRowTable::StartsUpdate(bool bound, const QString& errors) const {
 }
 
 void CRowTable::AttachToolTips(const std::function<void(int labelId, const QString& text)>& addToolTip) const {
+    if (m_table.describedByName)
+        return;
     for (const auto& row : m_rows)
         addToolTip(row->GetLabelId(), CWizardTextStore::Instance().GetToolTip(row->GetRegister()));
 }

@@ -30,7 +30,8 @@ public:
     void Unmark() const;
     /// Whether a load that went so starts the cyclic update.
     bool StartsUpdate(bool bound, const QString& errors) const;
-    /// Gives every label the wizard text file's tool tip of its register.
+    /// Gives every label the wizard text file's tool tip of its register; none where the rows are
+    /// described by their names.
     void AttachToolTips(const std::function<void(int labelId, const QString& text)>& addToolTip) const;
 
     std::size_t size() const { return m_rows.size(); }

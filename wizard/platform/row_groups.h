@@ -79,6 +79,8 @@ struct PageRows {
     int layout = 0;
     std::span<const RowGroupDef> groups = {};
     UpdateWhen update = UpdateWhen::AllRead;
+    /// The labels' tool tips are the parameters' names: what they mean is up to the module that is mounted.
+    bool describedByName = false;
     std::span<const quint16> others = {}; ///< registers whose controls the window binds itself
 };
 

@@ -13,7 +13,6 @@ enum ControlId : int {
     kIdApply = 98,
     kIdReset = 99,
     kIdStepsDoneGroup = 60001,
-    kIdPageTitle = 60002,
     kIdStepsDoneLabel = 163,
     // Of the macro assistant.
     kIdMacroView = 60041, ///< the basic or the advanced view
@@ -77,7 +76,17 @@ enum ControlId : int {
     kIdLinkStatus = 970,
     // Of the configurable assistant, and of the window with a row's help.
     kIdConfigurableGroup = 60391,
-    kIdHelpText = 60392
+    kIdHelpText = 60392,
+    // Of the serial communication assistant and of the master-follower assistant.
+    kIdFieldbusDefaults = 60393,
+    kIdMailBoxPicture = 60394,
+    kIdActualHeading = 60395, ///< of the rows that point to parameters
+    kIdUnitHeading = 60396,
+    kIdMailBoxLabel = 60960, ///< of the row of a mailbox's ID
+    kIdMailBoxId,
+    kIdMailBoxUnit,
+    kIdMailBoxMinimum,
+    kIdMailBoxMaximum
 };
 
 /// Rows of the configurable assistant: 1 to 20 edits on the left, 21 to 40 drop-downs on the right.

@@ -1,18 +1,7 @@
 #include "wizard/resources/layouts.h"
 
-#include "wizard/resources/control_ids.h"
-#include "wizard/resources/layout_parts.h"
-#include "wizard/resources/string_table.h"
-
 namespace krt550 {
 namespace {
-
-/// A page that has only its title and the bottom row so far.
-struct PlainPage {
-    int layout;
-    int title; ///< string number
-    bool isStep;
-};
 
 struct FullLayout {
     int number;
@@ -35,6 +24,7 @@ constexpr FullLayout kFullLayouts[] = {
     {135, EStopLayout},
     {136, FieldReversalLayout},
     {137, FieldExciterLayout},
+    {138, MasterFollowerLayout},
     {139, TwelvePulseLayout},
     {140, AnalogueOutputsLayout},
     {141, DigitalTerminalsLayout},
@@ -42,9 +32,13 @@ constexpr FullLayout kFullLayouts[] = {
     {143, AnalogueInputConnectionsLayout},
     {144, ProtectionsTabLayout},
     {145, LimitsTabLayout},
+    {146, SerialCommunicationLayout},
     {147, ConfigurableLayout},
+    {148, MailBoxTabLayout},
     {149, TwelvePulseCommonLayout},
     {150, TwelvePulseProtectionsLayout},
+    {7118, FieldbusTabLayout},
+    {7119, DatasetTabLayout},
     {10000, RowHelpLayout},
     {10056, SpeedGeneralTabLayout},
     {10057, SpeedFiltersTabLayout},
@@ -53,29 +47,12 @@ constexpr FullLayout kFullLayouts[] = {
     {10063, SpeedFeedbackAutoLayout},
 };
 
-constexpr PlainPage kPlainPages[] = {
-    {138, 286, false},
-    {146, 298, false},
-};
-
-DialogLayout PlainLayout(const PlainPage& page) {
-    CLayoutBuilder builder(page.layout, kPageWidth, kPageHeight);
-    builder.Add({.id = kIdPageTitle,
-                 .rect = {18, 10, 400, 14},
-                 .text = StringTableText(page.title).value_or(QString()),
-                 .bold = true});
-    return builder.BottomRow(page.isStep).Take();
-}
-
 } // namespace
 
 std::optional<DialogLayout> LayoutOfNumber(int number) {
     for (const FullLayout& layout : kFullLayouts)
         if (layout.number == number)
             return layout.make();
-    for (const PlainPage& page : kPlainPages)
-        if (page.layout == number)
-            return PlainLayout(page);
     return std::nullopt;
 }
 

@@ -22,11 +22,13 @@ DialogLayout TerminalsLayout();                ///< 134
 DialogLayout EStopLayout();                    ///< 135
 DialogLayout FieldReversalLayout();            ///< 136
 DialogLayout FieldExciterLayout();             ///< 137
+DialogLayout MasterFollowerLayout();           ///< 138
 DialogLayout TwelvePulseLayout();              ///< 139
 DialogLayout AnalogueOutputsLayout();          ///< 140
 DialogLayout DigitalTerminalsLayout();         ///< 141
 DialogLayout DigitalInputConnectionsLayout();  ///< 142
 DialogLayout AnalogueInputConnectionsLayout(); ///< 143
+DialogLayout SerialCommunicationLayout();      ///< 146
 DialogLayout ConfigurableLayout();             ///< 147
 DialogLayout RowHelpLayout();                  ///< 10000
 
@@ -38,8 +40,11 @@ DialogLayout TachoManualLayout();            ///< 10062
 DialogLayout SpeedFeedbackAutoLayout();      ///< 10063
 DialogLayout ProtectionsTabLayout();         ///< 144
 DialogLayout LimitsTabLayout();              ///< 145
+DialogLayout MailBoxTabLayout();             ///< 148
 DialogLayout TwelvePulseCommonLayout();      ///< 149
 DialogLayout TwelvePulseProtectionsLayout(); ///< 150
+DialogLayout FieldbusTabLayout();            ///< 7118
+DialogLayout DatasetTabLayout();             ///< 7119
 
 /// Layout by number.
 std::optional<DialogLayout> LayoutOfNumber(int number);

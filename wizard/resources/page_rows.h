@@ -28,6 +28,11 @@ extern const PageRows kEStopRows;
 extern const PageRows kFieldReversalRows;
 extern const PageRows kFieldExciterRows;
 extern const PageRows kConfigurableRows;
+extern const PageRows kSerialRows;
+extern const PageRows kFieldbusRows;
+extern const PageRows kDatasetRows;
+extern const PageRows kMasterFollowerRows;
+extern const PageRows kMailBoxRows;
 
 /// All of them.
 inline constexpr const PageRows* kAllPageRows[] = {
@@ -35,7 +40,8 @@ inline constexpr const PageRows* kAllPageRows[] = {
     &kSpeedControllerRows, &kSpeedGeneralRows,  &kSpeedFiltersRows,      &kSpeedLimitsRows,     &kSpeedFeedbackAutoRows,
     &kTachoManualRows,     &kAnalogueInputRows, &kAnalogueOutputRows,    &kDigitalTerminalRows, &kProtectionRows,
     &kLimitRows,           &k12PulseCommonRows, &k12PulseProtectionRows, &kEStopRows,           &kFieldExciterRows,
-    &kFieldReversalRows,   &kConfigurableRows,
+    &kConfigurableRows,    &kSerialRows,        &kFieldbusRows,          &kDatasetRows,         &kMasterFollowerRows,
+    &kMailBoxRows,         &kFieldReversalRows,
 };
 
 } // namespace krt550

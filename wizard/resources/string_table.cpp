@@ -102,9 +102,15 @@ constexpr Entry kStrings[] = {
     {308, u"Autotuning field reversal successful"},
     {314, u"OK"},
     {320, u"Fault"},
+    {325, u"Mail box"},
+    {335, u"Transmit value"},
+    {343, u"Receive value"},
     {351, u"Other can not be selected from dropdown list. Use advanced view to set other value."},
     {352, u"Protections"},
     {353, u"Common"},
+    {354, u"Fieldbus parameters"},
+    {355, u"Datasets (from PLC to KRT550)"},
+    {356, u"Datasets (from KRT550 to PLC)"},
     {358, u"Error while updating parameters\n Stopping parameter update."},
     {359, u"Unable to stop parameter update."},
     {360, u"Parameters that should be updated did not found\nCan not start parameter update!"},
@@ -136,8 +142,9 @@ constexpr Entry kStrings[] = {
     {574, u"Start of autotuning denied.\nDrive is controlled by another source!"},
     {1063, u"Set limits"},
     // From here on the module's own.
-    {2001, u"The motor is running down.\n\nThe drive has taken the stop command and does not report standstill yet. If the "
-           u"motor does not slow down, use the E-stop."},
+    {2001,
+     u"The motor is running down.\n\nThe drive has taken the stop command and does not report standstill yet. If the "
+     u"motor does not slow down, use the E-stop."},
     {2002, u"THE DRIVE DOES NOT CONFIRM THE STOP.\n\nUSE THE E-STOP.\n\nThe stop command is being repeated."},
     {2003, u"The drive has not opened its main contactor.\nSwitch it off before anybody touches motor or cabinet."},
     {2004, u"The drive has not taken local control back."},
@@ -147,8 +154,9 @@ constexpr Entry kStrings[] = {
     {2008, u"The drive did not close its main contactor."},
     {2009, u"The drive did not start the motor."},
     {2010, u"The drive did not give local control."},
-    {2011, u"The macro was not loaded: the drive is switched on, or the motor may turn.\n\nStop the motor, take the on and "
-           u"run commands away from terminals and fieldbus, and apply again."},
+    {2011,
+     u"The macro was not loaded: the drive is switched on, or the motor may turn.\n\nStop the motor, take the on and "
+     u"run commands away from terminals and fieldbus, and apply again."},
 };
 
 static_assert(std::is_sorted(std::begin(kStrings), std::end(kStrings),

@@ -48,7 +48,7 @@ public:
     /// Cancel, pressed as a button or as Escape: while a stop waits to be confirmed the page is left after that.
     void CancelByPerson();
 
-    // Hooks, in the order of their table.
+    // Hooks that a page overrides.
     /// Writes what the user changed; false keeps the user on the page. The page itself says why.
     virtual bool ApplyParameters() { return false; }
     /// Cancel was pressed, or the window goes away.

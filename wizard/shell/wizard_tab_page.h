@@ -20,7 +20,7 @@ public:
     /// The page's sheet (borrowed), given before every load.
     void SetSheet(CSheetWizard* sheet) { m_sheet = sheet; }
 
-    // Hooks, in the order of their table.
+    // Hooks that a tab overrides.
     /// The tab comes to the front, or its page becomes active with the tab in front: find, bind and show.
     virtual bool LoadParameters() { return true; }
     /// Writes what the user changed, also while another tab is in front. Writes nothing before the first load.

@@ -60,6 +60,8 @@ public:
     /// stays changed.
     bool Write();
     bool IsChanged() const;
+    /// Whether the drive has told its value.
+    bool IsRead() const { return m_read; }
     void Unmark();
     /// Shows drop-down or edit; a heading above the edits is the window's.
     void ShowView(bool basic);

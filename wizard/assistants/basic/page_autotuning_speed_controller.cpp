@@ -32,7 +32,7 @@ constexpr int kFiltersLabel = 573;
 /// Where the wizard text file gives none.
 constexpr int kDefaultSliderStep = 10;
 
-/// Sets and writes one value; a missing parameter is told of and passed over.
+/// Sets and writes one value; false when it was refused (shown). A missing parameter is shown, and is no failure.
 bool WriteValue(CParameterGroup* root, const SliderValue& value) {
     CParameter* parameter = FindParameter(root, value.reg);
     if (!parameter)

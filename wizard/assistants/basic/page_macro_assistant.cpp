@@ -66,6 +66,18 @@ bool CPageMacroAssistant::LoadParameters() {
     return loaded;
 }
 
+/// The rows are those of the macro that was read last; another one's are read one by one.
+void CPageMacroAssistant::AddReads(std::vector<quint16>& registers) {
+    CRowPage::AddReads(registers);
+    CConnectionOverview::AddReads(registers);
+    CParameterGroup* root = HasMacro() ? GetPageParameterRoot(GetSheet()) : nullptr;
+    QStringList dependent;
+    if (const CParameter* macro = root ? FindInTree(root, GetMacroRow().GetRegister()) : nullptr)
+        CWizardTextStore::Instance().GetMacroDependentRegisters(macro->GetActualValue(), dependent);
+    for (const QString& reg : dependent)
+        registers.push_back(reg.toUShort());
+}
+
 bool CPageMacroAssistant::BindRows(CParameterGroup* root, QString& errors) {
     CReadOnce reads;
     bool bound = true;

@@ -25,6 +25,7 @@ protected:
 
     bool OnInitDialog() override;
     QWidget* CreateControl(const ControlLayout& control) override;
+    void AddReads(std::vector<quint16>& registers) override;
     bool BindRows(CParameterGroup* root, QString& errors) override;
     bool WriteRows() override;
 

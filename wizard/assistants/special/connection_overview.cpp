@@ -97,6 +97,19 @@ void CConnectionOverview::ShowInputs(TerminalKind kind, CParameterGroup* root, C
     }
 }
 
+void CConnectionOverview::AddReads(std::vector<quint16>& registers) {
+    for (const InputKind kind : {InputKind::Digital, InputKind::Analogue}) {
+        const std::vector<quint16>& selectors = ConnectionsOf(kind).Selectors();
+        registers.insert(registers.end(), selectors.begin(), selectors.end());
+    }
+    for (int number = 1; number <= TerminalCount(TerminalKind::DigitalInput); ++number)
+        registers.push_back(DIInversionRegister(number));
+    for (int number = 1; number <= TerminalCount(TerminalKind::DigitalOutput); ++number)
+        registers.insert(registers.end(), {DOIndexRegister(number), DOBitRegister(number)});
+    for (int number = 1; number <= TerminalCount(TerminalKind::AnalogueOutput); ++number)
+        registers.push_back(AOIndexRegister(number));
+}
+
 void CConnectionOverview::ShowOutputs(TerminalKind kind, CParameterGroup* root, CReadOnce& reads) {
     const bool digital = kind == TerminalKind::DigitalOutput;
     for (int number = 1; number <= TerminalCount(kind); ++number) {

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <vector>
+
 class QWidget;
 
 namespace krt550 {
@@ -22,6 +24,8 @@ public:
     static QWidget* MakeControl(int id, QWidget* parent);
     /// Gives legend and note their looks. Once, when the controls are there.
     void Dress();
+    /// Adds the registers that ShowAll reads.
+    static void AddReads(std::vector<quint16>& registers);
     /// Where nothing waits for Apply.
     static void HideNote(CWindow& window);
 

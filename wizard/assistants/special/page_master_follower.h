@@ -1,15 +1,21 @@
 #pragma once
 
-#include "wizard/shell/plain_page.h"
+#include "wizard/assistants/special/tab_page_mail_box.h"
+#include "wizard/shell/row_page.h"
+
+#include <array>
 
 namespace krt550 {
 
-/// Master-follower and drive-to-drive links. Without rows so far.
-class CPageMasterFollowerDriveToDrive : public CPlainPage {
+/// The drive-to-drive link: the drive's node and its four mailboxes.
+class CPageMasterFollowerDriveToDrive : public CRowPage {
     Q_OBJECT
 
 public:
-    CPageMasterFollowerDriveToDrive() : CPlainPage(138, QStringLiteral("13.htm")) {}
+    CPageMasterFollowerDriveToDrive();
+
+private:
+    std::array<CTabPageMailBox, 4> m_mailBoxes;
 };
 
 } // namespace krt550

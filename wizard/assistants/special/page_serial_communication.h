@@ -1,15 +1,26 @@
 #pragma once
 
-#include "wizard/shell/plain_page.h"
+#include "wizard/assistants/special/tab_page_dataset.h"
+#include "wizard/assistants/special/tab_page_fieldbus_parameters.h"
+#include "wizard/shell/row_page.h"
 
 namespace krt550 {
 
-/// Serial communication. Without rows so far.
-class CPageSerialCommunication : public CPlainPage {
+/// The fieldbus of the drive: its module, the adapter's parameters, and the words exchanged with the PLC.
+class CPageSerialCommunication : public CRowPage {
     Q_OBJECT
 
 public:
-    CPageSerialCommunication() : CPlainPage(146, QStringLiteral("15.htm")) {}
+    CPageSerialCommunication();
+
+protected:
+    /// Another module has other parameters, which are shown then.
+    bool WriteRows() override;
+
+private:
+    CTabPageFieldbusParameters m_fieldbus;
+    CTabPageDataset m_receive{DatasetDirection::FromPLC};
+    CTabPageDataset m_transmit{DatasetDirection::ToPLC};
 };
 
 } // namespace krt550
