@@ -1,7 +1,7 @@
 #include "wizard/assistants/wiring_dialogs/analog_inputs.h"
 
 #include "hostlib/tolvbo32/parameter.h"
-#include "wizard/assistants/wiring_dialogs/analog_connections.h"
+#include "wizard/assistants/wiring_dialogs/connections.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/read_once.h"
 #include "wizard/platform/control_text.h"
@@ -51,11 +51,12 @@ bool CDialogAISettings::HasActualValues() const {
 
 /// Each selector is read once. What was picked is applied now, or forgotten.
 void CDialogAISettings::ShowConnections() {
+    m_picked.Clear();
     CReadOnce reads;
     const CSelectorList selectors(InputKind::Analogue, GetRoot(), reads);
     for (int input = 1; input <= kInputs; ++input) {
-        At(input) = {selectors.UseOf(input), {}};
-        SetControlText(GetDlgItem(ChannelId(input, kChannelConnection)), At(input).use.text);
+        UseOf(input) = selectors.UseOf(input);
+        SetControlText(GetDlgItem(ChannelId(input, kChannelConnection)), UseOf(input).text);
     }
 }
 
@@ -65,7 +66,7 @@ void CDialogAISettings::ShowConvertedValues() {
 }
 
 bool CDialogAISettings::ShowConvertedValue(int input) {
-    const InputUse& use = At(input).use;
+    const InputUse& use = UseOf(input);
     const bool read = use.converted && ReadParameter(use.converted);
     if (read)
         ShowTexts(input, FormatValueText(use.converted), use.converted->GetUnit());
@@ -92,50 +93,33 @@ void CDialogAISettings::ShowWaiting(int input) {
 CDialogAnalogSettings::Steps CDialogAISettings::ActualValues() {
     Steps steps;
     for (int input = 1; input <= kInputs; ++input) {
-        steps.push_back([this, input] { return !At(input).change.IsEmpty() || ShowActualValue(TerminalOf(input)); });
-        steps.push_back([this, input] { return !At(input).change.IsEmpty() || ShowConvertedValue(input); });
+        steps.push_back([this, input] { return m_picked.IsWaiting(input) || ShowActualValue(TerminalOf(input)); });
+        steps.push_back([this, input] { return m_picked.IsWaiting(input) || ShowConvertedValue(input); });
     }
     steps.push_back([this] { return ShowActualValue(kSpeedScaling); });
     return steps;
 }
 
 void CDialogAISettings::PickConnections(int input) {
-    CDialogAIConnections picker(GetDlgItem(ChannelId(input, kChannelEdit)), input, GetRoot(), At(input).change);
+    CDialogAIConnections picker(GetDlgItem(ChannelId(input, kChannelEdit)), input, GetRoot(), m_picked.Of(input));
     if (picker.DoModal() != kIdCloseDialog)
         return;
-    TakeOver(input, picker.GetChange());
-}
-
-/// The input that a function was last picked for gets it: one that it was picked for before does not take it back in
-/// Apply.
-void CDialogAISettings::TakeOver(int input, const ConnectionChange& change) {
-    const CConnectionTable& table = ConnectionsOf(InputKind::Analogue);
+    const CPendingConnections before = m_picked;
+    m_picked.Pick(input, picker.GetChange());
     bool takenBack = false;
     for (int each = 1; each <= kInputs; ++each) {
-        ConnectionChange& pending = At(each).change;
-        const bool waited = !pending.IsEmpty();
-        if (each == input)
-            pending = change;
-        else
-            std::erase_if(pending.connect, [&](int entry) {
-                return std::ranges::any_of(change.connect,
-                                           [&](int picked) { return table[picked].selector == table[entry].selector; });
-            });
-        if (!pending.IsEmpty())
+        if (m_picked.IsWaiting(each))
             ShowWaiting(each);
         else
-            SetControlText(GetDlgItem(ChannelId(each, kChannelConnection)), At(each).use.text);
-        takenBack = takenBack || (waited && pending.IsEmpty());
+            SetControlText(GetDlgItem(ChannelId(each, kChannelConnection)), UseOf(each).text);
+        takenBack = takenBack || (before.IsWaiting(each) && !m_picked.IsWaiting(each));
     }
     if (takenBack)
         Refresh();
 }
 
 bool CDialogAISettings::Write() {
-    bool written = true;
-    for (int input = 1; input <= kInputs; ++input)
-        if (const ConnectionChange& change = At(input).change; !change.IsEmpty())
-            written = WriteConnections(GetRoot(), InputKind::Analogue, input, change) && written;
+    const bool written = m_picked.Write(GetRoot());
     return GetRows().Write() && written;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "wizard/assistants/wiring_dialogs/analog_settings.h"
-#include "wizard/wiring/connection_picker.h"
+#include "wizard/wiring/pending_connections.h"
 
 #include <array>
 
@@ -23,23 +23,18 @@ protected:
     bool HasActualValues() const override;
 
 private:
-    /// One input: what it is connected to in the drive, and what was picked and not yet applied.
-    struct Input {
-        InputUse use;
-        ConnectionChange change;
-    };
-
     void PickConnections(int input);
-    void TakeOver(int input, const ConnectionChange& change);
     void ShowConnections();
     void ShowConvertedValues();
     bool ShowConvertedValue(int input);
     void ShowWaiting(int input);
     void ShowTexts(int input, const QString& converted, const QString& unit);
 
-    Input& At(int input) { return m_inputs[static_cast<std::size_t>(input - 1)]; }
+    /// What an input is connected to in the drive.
+    InputUse& UseOf(int input) { return m_uses[static_cast<std::size_t>(input - 1)]; }
 
-    std::array<Input, 4> m_inputs;
+    std::array<InputUse, 4> m_uses;
+    CPendingConnections m_picked{InputKind::Analogue};
 };
 
 } // namespace krt550

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "wizard/assistants/wiring_dialogs/analog_connections.h"
+#include "wizard/assistants/wiring_dialogs/connections.h"
 
 namespace krt550 {
 

@@ -1,4 +1,4 @@
-#include "wizard/assistants/wiring_dialogs/analog_connections.h"
+#include "wizard/assistants/wiring_dialogs/connections.h"
 
 #include "wizard/params/failure_pass.h"
 #include "wizard/params/read_once.h"
