@@ -99,7 +99,8 @@ TEST_F(CyclicUpdate, LetsInputInBetweenItsReads) {
         end();
         EXPECT_FALSE(IsUpdatePassOn());
         m_drive.TakeLog();
-        QTest::qWait(5);
+        for (int turn = 0; turn < 3; ++turn)
+            QCoreApplication::processEvents();
         EXPECT_EQ(m_drive.TakeLog(), QStringList());
     }
 }
