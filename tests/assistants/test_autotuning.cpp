@@ -20,6 +20,7 @@ struct PageCase {
     bool readsFaultRecord;
     QString results; ///< registers, blank-separated
     bool judgesFirst = false;
+    bool showsProgress = true; ///< and ends when the drive does not answer
 };
 
 const PageCase kPages[] = {
@@ -28,6 +29,7 @@ const PageCase kPages[] = {
      "4306 4307 4308 4309 4310"},
     {6, 168, 4, kRunsUp, "Autotuning speed controller successful", true, true, "2403 2409", true},
     {7, 169, 3, kRunsUp, "Autotuning field weakening assistant successful", false, true, "4409 4410 4412 4413 4414"},
+    {11, 175, 9, kMightTurn, "Autotuning field reversal successful", false, true, "", false, false},
 };
 
 void PrintTo(const PageCase& page, std::ostream* out) {
@@ -44,6 +46,17 @@ protected:
             script();
         });
     }
+    static QStringList Looks(int count) {
+        QStringList looks = krt550::Looks(count);
+        if (!GetParam().showsProgress)
+            looks.removeAll("read 424");
+        return looks;
+    }
+    static void ExpectStep(StepState state) {
+        if (GetParam().page <= kStepCount) {
+            EXPECT_EQ(GetStepState(GetParam().page), state);
+        }
+    }
     void ExpectIdle() {
         for (const int id : {kStartRun, kNext, kBack})
             EXPECT_TRUE(Robot::IsEnabled(id)) << id;
@@ -57,7 +70,7 @@ protected:
     static QStringList Close() {
         const QStringList judge = {"read 911"};
         QStringList calls = GetParam().judgesFirst ? judge + Stop() : Stop() + judge;
-        for (const QString& reg : GetParam().results.split(' '))
+        for (const QString& reg : GetParam().results.split(' ', Qt::SkipEmptyParts))
             calls.append("read " + reg);
         return calls;
     }
@@ -81,9 +94,11 @@ TEST_P(Autotuning, SucceedsAndMarksItsStep) {
         Robot::Press(kStartRun);
         EXPECT_EQ(m_drive.TakeLog(), Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Close());
         EXPECT_EQ(m_clock.Now(), 200 + 3 * 50);
-        EXPECT_EQ(GetStepState(GetParam().page), StepState::Done);
-        EXPECT_EQ(qobject_cast<QProgressBar*>(Robot::Control(kProgress))->value(), 100);
-        EXPECT_EQ(Robot::Text(20000 + GetParam().results.left(4).toInt()), "77") << "the results are shown";
+        ExpectStep(StepState::Done);
+        if (GetParam().showsProgress) {
+            EXPECT_EQ(qobject_cast<QProgressBar*>(Robot::Control(kProgress))->value(), 100);
+            EXPECT_EQ(Robot::Text(20000 + GetParam().results.left(4).toInt()), "77") << "the results are shown";
+        }
         EXPECT_FALSE(Robot::IsEnabled(kDiagnosis));
         ExpectIdle();
         EXPECT_FALSE(m_drive.localControl);
@@ -104,7 +119,7 @@ TEST_P(Autotuning, TellsTheDiagnosisAfterAFailure) {
             EXPECT_EQ(m_drive.TakeLog(),
                       Permission() + Launch() + Looks(GetParam().readsOnceMore ? 4 : 3) + Close() + Report());
             EXPECT_EQ(Robot::IsEnabled(kDiagnosis), !GetParam().readsFaultRecord || code == 5) << code;
-            EXPECT_EQ(GetStepState(GetParam().page), StepState::Pending);
+            ExpectStep(StepState::Pending);
             ExpectIdle();
         });
     }
@@ -177,6 +192,8 @@ TEST_P(Autotuning, TellsOfAFailureOnceTheDriveIsSafe) {
     };
     m_drive.faultBufferError = 0;
     for (const auto& c : cases) {
+        if (!GetParam().showsProgress && QLatin1String(c.name) == QLatin1String("no answer"))
+            continue;
         SCOPED_TRACE(c.name);
         OnPage([&] {
             c.prepare();

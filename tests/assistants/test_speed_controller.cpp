@@ -45,8 +45,9 @@ protected:
 
 TEST_F(SpeedController, ShowsItsTabsAndRows) {
     OnPage([this] {
-        EXPECT_EQ(m_drive.TakeLog({"read"}), (QStringList{"read 9904", "read 2001", "read 2002", "read 2201",
-                                                          "read 2202", "read 2403", "read 2409"}));
+        EXPECT_EQ(m_drive.TakeLog({"read"}),
+                  (QStringList{"read 9904", "read 2001", "read 2002", "read 2201", "read 2202", "read 2403",
+                               "read 2409", "read 2306", "read 5006", "read 2311"}));
         EXPECT_EQ(Bar()->tabText(0), "Set general parameters");
         EXPECT_EQ(Bar()->tabText(1), "Set limits");
         EXPECT_EQ(Bar()->tabText(2), "Set filters");
@@ -68,18 +69,37 @@ TEST_F(SpeedController, WritesPageTabsAndSliderInOrder) {
         Robot::Type(ValueId(5006), "9");
         m_drive.TakeLog();
         Robot::Press(kApply);
-        EXPECT_EQ(m_drive.TakeLog(),
-                  (QStringList{"write 2403=6", "read 2403", "write 9904=1500", "read 9904", "write 2202=12",
-                               "read 2202", "write 2013=8", "read 2013", "write 2306=1", "write 5006=9", "read 5006"} +
-                   kFiltersRead));
+        EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 2403=6", "read 2403", "write 9904=1500", "read 9904",
+                                                  "write 2202=12", "read 2202", "write 2013=8", "read 2013",
+                                                  "read 2306", "write 2306=1", "write 5006=9", "read 5006"} +
+                                      kFiltersRead));
         EXPECT_EQ(Robot::Text(ValueId(2306)), "1") << "what the slider has set";
         Robot::Press(kApply);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 2306=1"})) << "the slider's values only";
+        EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList()) << "the drive has the slider's values";
+        m_drive.words[2306] = 2;
         m_drive.unwritable.insert(2306);
         m_boxes.Expect("Writing parameter 23.06 Parameter 2306 failed: simulated failure");
         Robot::Press(kNext);
         EXPECT_EQ(Robot::Layout(), 111) << "a refused value keeps the page";
     });
+}
+
+// What a slider would say wrongly an Apply would write.
+TEST_F(SpeedController, OpensWithItsSliderWhereTheDriveIs) {
+    const struct {
+        quint16 error, feedback;
+        int position;
+    } drives[] = {{200, 150, 45}, {200, 151, 100}, {1, 150, 100}};
+    for (const auto& [error, feedback, position] : drives) {
+        m_drive.words[2306] = error;
+        m_drive.words[5006] = feedback;
+        OnPage([&] {
+            EXPECT_EQ(Slider()->value(), position);
+            m_drive.TakeLog();
+            Robot::Press(kApply);
+            EXPECT_EQ(m_drive.TakeLog({"write"}).size(), error == 200 && feedback != 150 ? 1 : 0);
+        });
+    }
 }
 
 TEST_F(SpeedController, WritesTheSlidersValuesWhenItIsReleased) {

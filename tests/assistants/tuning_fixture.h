@@ -21,6 +21,8 @@ protected:
     /// page.
     void OnPage(int box, const std::function<void()>& script) {
         RunWizardWith(m_drive, [&] {
+            if (!Robot::Find(box))
+                Robot::Press(kView);
             m_drive.TakeLog();
             Robot::Press(box);
             Robot::Press(kNext);

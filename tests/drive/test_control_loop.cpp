@@ -110,7 +110,7 @@ TEST(SpeedResponse, SlowNormalAndFastAreWhatTheirNamesSay) {
     const struct {
         const char* name;
         double error, reference, feedback;
-    } responses[] = {{"slow", 0, 250, 10}, {"normal", 0, 80, 6}, {"fast", 0, 0, 3}};
+    } responses[] = {{"slow", 0, 250, 10}, {"normal", 0, 80, 6}, {"fast", 0, 0, 5}};
     double former = 0;
     for (const auto& r : responses) {
         WholeDrive drive("S2");

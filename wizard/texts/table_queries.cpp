@@ -65,6 +65,11 @@ bool CWizardTextStore::GetSliderValues(quint16 index, QList<SliderValue>& values
     return !values.isEmpty();
 }
 
+const std::vector<SliderValue>& CWizardTextStore::GetAllSliderValues() {
+    EnsureWizardTexts();
+    return m_wizard.sliderValues;
+}
+
 bool CWizardTextStore::GetFieldbusDefaults(const QString& moduleType, QList<RegisterValue>& defaults) {
     defaults.clear();
     EnsureWizardTexts();

@@ -50,6 +50,8 @@ public:
     bool GetSpeedResponse(SpeedResponse& response);
     /// All records of a slider index, in file order.
     bool GetSliderValues(quint16 index, QList<SliderValue>& values);
+    /// The records of all indices, in file order.
+    const std::vector<SliderValue>& GetAllSliderValues();
     bool GetFieldbusDefaults(const QString& moduleType, QList<RegisterValue>& defaults);
     bool GetGainAdjustUp(GainAdjustment& adjustment);
     bool GetGainAdjustDown(GainAdjustment& adjustment);

@@ -12,8 +12,10 @@
 #include "wizard/shell/wizard_tab_sheet.h"
 #include "wizard/texts/wizard_text_store.h"
 
+#include <algorithm>
+#include <climits>
 #include <cstdlib>
-#include <limits>
+#include <map>
 
 namespace krt550 {
 namespace {
@@ -33,9 +35,14 @@ constexpr int kFiltersLabel = 573;
 constexpr int kDefaultSliderStep = 10;
 
 /// Sets and writes one value; false when it was refused (shown). A missing parameter is shown, and is no failure.
-bool WriteValue(CParameterGroup* root, const SliderValue& value) {
+/// `onlyOther`: the drive is asked first, and what it has is not written.
+bool WriteValue(CParameterGroup* root, const SliderValue& value, bool onlyOther) {
     CParameter* parameter = FindParameter(root, value.reg);
     if (!parameter)
+        return true;
+    if (onlyOther && !ReadParameter(parameter))
+        return false;
+    if (onlyOther && parameter->GetActualValue() == value.value)
         return true;
     if (parameter->SetValue(value.value, false))
         return WriteParameter(parameter);
@@ -67,7 +74,7 @@ CPageAutotuningSpeedController::CPageAutotuningSpeedController()
     Handle(kIdSpeedResponse, ControlEvent::Released, [this] {
         const CWaitCursor wait;
         const FailurePass pass;
-        ApplySlider();
+        ApplySlider(false);
     });
 }
 
@@ -87,18 +94,43 @@ void CPageAutotuningSpeedController::SetUpSlider() {
         m_sliderStep = response.step > 0 ? response.step : kDefaultSliderStep;
     }
     const qint64 mark = std::abs(qint64{slider->minimum()} - slider->maximum() / 2);
-    slider->SetMark(static_cast<int>(std::min<qint64>(mark, std::numeric_limits<int>::max())));
+    slider->SetMark(static_cast<int>(std::min<qint64>(mark, INT_MAX)));
     slider->setValue(slider->maximum());
+    const std::optional<quint16> index = IndexOfDrive();
+    if (index && *index != slider->maximum() / m_sliderStep) // in the middle of what belongs to it
+        slider->setValue(static_cast<int>(std::min<qint64>((2 * qint64{*index} + 1) * m_sliderStep / 2, INT_MAX)));
+}
+
+void CPageAutotuningSpeedController::AddReads(std::vector<quint16>& registers) {
+    CAutotuningPage::AddReads(registers);
+    for (const SliderValue& value : CWizardTextStore::Instance().GetAllSliderValues())
+        registers.push_back(value.reg);
+}
+
+std::optional<quint16> CPageAutotuningSpeedController::IndexOfDrive() {
+    CParameterGroup* root = GetPageParameterRoot(GetSheet());
+    std::map<quint16, std::optional<quint16>> words; // each is read once, and none when it cannot be read
+    std::map<quint16, bool> fits;                    // by index
+    for (const auto& [index, reg, value] : CWizardTextStore::Instance().GetAllSliderValues()) {
+        const auto [word, isNew] = words.try_emplace(reg);
+        CParameter* parameter = root ? FindInTree(root, reg) : nullptr;
+        if (isNew && parameter && ReadParameter(parameter))
+            word->second = parameter->GetActualValue();
+        bool& fitsSoFar = fits.try_emplace(index, true).first->second;
+        fitsSoFar = fitsSoFar && word->second == value;
+    }
+    const auto found = std::ranges::find(fits.rbegin(), fits.rend(), true, &std::pair<const quint16, bool>::second);
+    return found == fits.rend() ? std::nullopt : std::optional(found->first);
 }
 
 bool CPageAutotuningSpeedController::WriteRows() {
     bool written = GetRows().Write();
     written = m_general.ApplyParameters() && written;
     written = m_limits.ApplyParameters() && written;
-    return ApplySlider() && written;
+    return ApplySlider(true) && written;
 }
 
-bool CPageAutotuningSpeedController::ApplySlider() {
+bool CPageAutotuningSpeedController::ApplySlider(bool onlyOther) {
     bool written = true;
     const auto* slider = GetControl<CSlider>(kIdSpeedResponse);
     CParameterGroup* root = GetPageParameterRoot(GetSheet());
@@ -106,7 +138,7 @@ bool CPageAutotuningSpeedController::ApplySlider() {
     if (slider && root)
         CWizardTextStore::Instance().GetSliderValues(static_cast<quint16>(slider->value() / m_sliderStep), values);
     for (const SliderValue& value : values)
-        written = WriteValue(root, value) && written;
+        written = WriteValue(root, value, onlyOther) && written;
     written = m_filters.ApplyParameters() && written;
     m_filters.ShowDriveValues();
     return written;

@@ -3,6 +3,8 @@
 #include "wizard/assistants/basic/autotuning_page.h"
 #include "wizard/shell/wizard_tab_page.h"
 
+#include <optional>
+
 namespace krt550 {
 
 /// Base speed, speed range and ramps.
@@ -32,7 +34,8 @@ public:
 };
 
 /// Step 6: autotuning of the speed controller. A slider between slow and fast writes a set of values of the wizard text
-/// file for each of its positions.
+/// file for each of its positions: all of them when it is released, on Apply those that the drive has not. When the
+/// page opens the slider stands where the drive is, and at its maximum when the drive has none of these sets.
 class CPageAutotuningSpeedController : public CAutotuningPage {
     Q_OBJECT
 
@@ -40,15 +43,18 @@ public:
     CPageAutotuningSpeedController();
 
     bool LoadParameters() override;
+    void AddReads(std::vector<quint16>& registers) override;
 
 protected:
     bool WriteRows() override;
 
 private:
     void SetUpSlider();
+    /// Index of the set of values that the drive has, the largest of several.
+    std::optional<quint16> IndexOfDrive();
     /// Writes the values of the slider's position, then the filters tab. A parameter that the drive lacks is told of
     /// and passed over. True when everything else was written.
-    bool ApplySlider();
+    bool ApplySlider(bool onlyOther);
 
     CTabPageSetGeneralParameters m_general;
     CTabPageSetLimits m_limits;
