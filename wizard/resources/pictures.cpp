@@ -31,14 +31,18 @@ QList<QSize> SizesDrawn(const QString& folder) {
     return sizes;
 }
 
+/// The pixels of those that lie in the module uncompressed are used where they are.
 QImage LoadDrawn(const QString& folder, QSize size) {
     const QResource file(QStringLiteral("%1/%2x%3").arg(folder).arg(size.width()).arg(size.height()));
-    const QByteArray pixels = file.uncompressedData();
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    if (pixels.size() != image.sizeInBytes())
+    const auto format = QImage::Format_ARGB32_Premultiplied;
+    if (file.uncompressedSize() != qint64{4} * size.width() * size.height())
         return {};
-    std::ranges::copy(pixels, image.bits());
-    return image;
+    const bool aligned = reinterpret_cast<quintptr>(file.data()) % alignof(QRgb) == 0;
+    if (file.compressionAlgorithm() == QResource::NoCompression && aligned)
+        return {file.data(), size.width(), size.height(), format};
+    auto* pixels = new QByteArray(file.uncompressedData());
+    return {reinterpret_cast<const uchar*>(pixels->constData()),       size.width(), size.height(), format,
+            [](void* kept) { delete static_cast<QByteArray*>(kept); }, pixels};
 }
 
 /// A picture that was drawn as large as is asked for, or hardly smaller: as it is, since scaling would blur it.
