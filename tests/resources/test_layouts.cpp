@@ -8,6 +8,7 @@
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/module_resources.h"
 #include "wizard/resources/page_rows.h"
+#include "wizard/resources/svg_image.h"
 #include "wizard/resources/terminal_overview.h"
 #include "wizard/texts/wizard_directory.h"
 #include "wizard/texts/wizard_text_store.h"
@@ -345,6 +346,34 @@ TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {
                               10036, 10037, 10038, 10039, 10046, 10047, 10049, 10050, 10051, 10054})
         EXPECT_FALSE(m_resources.GetPicture(picture, {}, 1.0).isNull()) << picture;
     EXPECT_TRUE(m_resources.GetPicture(1, {}, 1.0).isNull());
+}
+
+// Some are drawn when the module is built: they are what would be drawn now, in sizes that are near enough.
+TEST_F(Layouts, PicturesAreSharpInEverySize) {
+    const struct {
+        int picture;
+        QSize size;
+        qreal ratio;
+        QSize drawn; ///< in device-independent pixels
+    } cases[] = {{86, {}, 1, {}},
+                 {86, {}, 1.5, {}},
+                 {86, {}, 2, {}},
+                 {106, {}, 2, {}},
+                 {10066, {}, 1, {}},
+                 {108, {}, 2, {}},
+                 {86, {}, 1.25, {}},
+                 {86, {326, 423}, 1, {309, 419}},
+                 {86, {326, 423}, 2, {309, 419}},
+                 {86, {300, 900}, 1, {}},
+                 {86, {400, 500}, 1, {}},
+                 {86, {800, 1000}, 1, {}}};
+    for (const auto& c : cases) {
+        const QString file = QStringLiteral(":/krt550/pictures/%1.svg").arg(c.picture);
+        const QImage shown = m_resources.GetPicture(c.picture, c.size, c.ratio).toImage();
+        const QImage drawn = DrawSvg(file, c.drawn.isEmpty() ? c.size : c.drawn, c.ratio);
+        EXPECT_EQ(shown.size(), drawn.size()) << c.picture << " x " << c.ratio;
+        EXPECT_TRUE(shown.convertToFormat(drawn.format()) == drawn) << c.picture << " x " << c.ratio;
+    }
 }
 
 } // namespace

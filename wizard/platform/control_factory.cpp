@@ -1,13 +1,13 @@
 #include "wizard/platform/control_factory.h"
 
 #include "wizard/platform/control_text.h"
+#include "wizard/platform/group_box.h"
 #include "wizard/platform/picture.h"
 #include "wizard/platform/push_button.h"
 #include "wizard/platform/slider.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -61,7 +61,7 @@ QWidget* MakeControl(const ControlLayout& control, QWidget* parent) {
     case ControlKind::WrappedText:
         return MakeLabel(parent, true);
     case ControlKind::GroupBox:
-        return new QGroupBox(parent);
+        return new CGroupBox(parent);
     case ControlKind::Edit:
         return new QLineEdit(parent);
     case ControlKind::DropDown:

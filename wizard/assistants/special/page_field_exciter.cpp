@@ -1,7 +1,7 @@
 #include "wizard/assistants/special/page_field_exciter.h"
 
 #include "hostlib/tolvbo32/parameter.h"
-#include "wizard/params/failure_pass.h"
+#include "wizard/params/cyclic_update.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/start_condition.h"
 #include "wizard/platform/control_text.h"
@@ -63,19 +63,22 @@ bool CPageFieldExciter::ReadNodes() {
     return m_nodesRead;
 }
 
-bool CPageFieldExciter::RefreshValues() {
-    const FailurePass pass;
-    const bool read = ReadNodes();
-    if (!ShowParameterValue(m_detectedType, GetDlgItem(kIdExciterType)) || !read)
-        return false;
-    UpdateCommunicationStatus();
-    return true;
+/// The status is judged when all that it is made of has been read.
+void CPageFieldExciter::AddUpdate(UpdatePlan& plan) {
+    CRowPage::AddUpdate(plan);
+    for (CParameter* nodes : m_nodes)
+        plan.AddStep([this, nodes] { return m_nodesRead = ReadParameter(nodes); });
+    plan.AddStep([this] { return ShowParameterValue(m_detectedType, GetDlgItem(kIdExciterType)); });
+    plan.AddStep([this] {
+        UpdateCommunicationStatus();
+        return true;
+    });
 }
 
 bool CPageFieldExciter::ApplyParameters() {
     const bool written = WriteRows();
-    if (IsStatusKnown())
-        RefreshValues();
+    if (IsStatusKnown() && ReadNodes() && ShowParameterValue(m_detectedType, GetDlgItem(kIdExciterType)))
+        UpdateCommunicationStatus();
     return written;
 }
 

@@ -23,7 +23,7 @@ protected:
     /// What the drive lacks is disabled; nothing is said of it.
     void ReportLoadErrors(const QString&) override {}
     bool StartsUpdate(bool, const QString&) const override { return IsStatusKnown(); }
-    bool RefreshValues() override;
+    void AddUpdate(UpdatePlan& plan) override;
     QWidget* CreateControl(const ControlLayout& control) override;
 
 private:

@@ -19,7 +19,6 @@
 #include "wizard/wiring/status_bits.h"
 
 #include <QAbstractButton>
-#include <QScopedValueRollback>
 
 namespace krt550 {
 namespace {
@@ -98,7 +97,8 @@ void CDialogDIDOSettings::Load() {
     Forget();
     LoadInputs();
     LoadOutputs(errors);
-    const bool statesRead = ReadStates();
+    const bool inputsRead = ReadStates(m_inputStates);
+    const bool statesRead = ReadStates(m_outputStates) && inputsRead;
     ShowStates();
     if (!errors.isEmpty())
         ShowMessageBox(errors, MessageIcon::Stop);
@@ -173,15 +173,10 @@ void CDialogDIDOSettings::InversionClicked(int number) {
         UnmarkChanged(DIInversionRegister(number));
 }
 
-/// False when a state could not be read.
-bool CDialogDIDOSettings::ReadStates() {
-    const FailurePass pass;
-    bool success = true;
-    for (States* states : {&m_inputStates, &m_outputStates}) {
-        states->read = ReadParameter(states->parameter);
-        success = success && (states->read || !states->parameter);
-    }
-    return success;
+/// False when the drive has such states and they could not be read.
+bool CDialogDIDOSettings::ReadStates(States& states) {
+    states.read = ReadParameter(states.parameter);
+    return states.read || !states.parameter;
 }
 
 /// "?" at terminals that wait for Apply.
@@ -203,13 +198,14 @@ void CDialogDIDOSettings::ShowStates() {
 }
 
 void CDialogDIDOSettings::Refresh() {
-    if (m_refreshing || AreBoxesHeld())
-        return;
-    const QScopedValueRollback<bool> refreshing(m_refreshing, true);
-    const bool read = ReadStates();
-    ShowStates();
-    if (!read)
-        StopFailedUpdate(*this, m_timer);
+    UpdatePlan plan;
+    for (States* states : {&m_inputStates, &m_outputStates})
+        plan.AddStep([this, states] {
+            const bool read = ReadStates(*states);
+            ShowStates();
+            return read;
+        });
+    BeginUpdatePass(*this, m_timer, std::move(plan));
 }
 
 void CDialogDIDOSettings::OnTimer(int id) {

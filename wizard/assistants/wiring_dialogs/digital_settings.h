@@ -28,6 +28,13 @@ protected:
     QWidget* CreateControl(const ControlLayout& control) override;
 
 private:
+    /// A status parameter, one bit for each terminal.
+    struct States {
+        CParameter* parameter = nullptr;
+        bool read = false;
+    };
+
+    static bool ReadStates(States& states);
     void ShowView();
     void Load();
     void LoadInputs();
@@ -37,7 +44,6 @@ private:
     void EditConnections(int number);
     void InversionClicked(int number);
     void ShowConnections();
-    bool ReadStates();
     void ShowStates();
     void Refresh();
     void ToggleView();
@@ -49,15 +55,9 @@ private:
     CPendingConnections m_picked{InputKind::Digital};
     std::array<CParameter*, kDigitalTerminals> m_inversions{}; ///< null: missing or not read
     std::vector<std::unique_ptr<CSourceRow>> m_outputs;
-    /// A status parameter, one bit for each terminal.
-    struct States {
-        CParameter* parameter = nullptr;
-        bool read = false;
-    };
     States m_inputStates;
     States m_outputStates;
     int m_timer = 0;
-    bool m_refreshing = false; ///< a box about a failure lets the timer run
 };
 
 } // namespace krt550
