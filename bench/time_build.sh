@@ -13,7 +13,8 @@ for source in "$@"; do
     build=$(mktemp -d)
     cmake -S "$source" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
     clean=$(seconds nice cmake --build "$build" -j2)
+    printf '%-40s %12s ' "$source" "$clean"
     touch "$source/wizard/platform/window.h"
-    printf '%-40s %12s %12s\n' "$source" "$clean" "$(seconds nice cmake --build "$build" -j2)"
+    printf '%12s\n' "$(seconds nice cmake --build "$build" -j2)"
     rm -rf "$build"
 done

@@ -4,7 +4,6 @@ function(krt550_precompiled_header name header)
     set(empty ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp) # a target needs a source
     file(CONFIGURE OUTPUT ${empty} CONTENT "")
     add_library(${name} OBJECT ${empty})
-    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
     target_link_libraries(${name} PRIVATE krt550_options ${ARGN})
     target_precompile_headers(${name} PRIVATE ${header})
 endfunction()

@@ -58,6 +58,30 @@ TEST_F(SpeedController, ShowsItsTabsAndRows) {
     });
 }
 
+// Whoever looks at another tab while the motor turns does not wait for all of its rows.
+TEST_F(SpeedController, ACancelWhileATabIsReadComesBeforeItsNextRead) {
+    OnPage([this] {
+        const auto post = [](const std::function<void()>& act) {
+            QMetaObject::invokeMethod(qApp, act, Qt::QueuedConnection);
+        };
+        m_drive.looksUntilDone = 0;
+        m_drive.onLook = [&](int look) {
+            if (look == 2)
+                post([this] { ShowTab(2); });
+        };
+        m_drive.onCall = [&](const QString& call) {
+            if (call == kFiltersRead[0])
+                post([] { Robot::Press(kCancel); });
+        };
+        m_boxes.Expect(kRunsUp);
+        Robot::Press(kStartRun);
+        const QStringList log = m_drive.TakeLog();
+        EXPECT_EQ(log.mid(log.indexOf(kFiltersRead[0]) + 1, 4), EndMode() + Stop().first(2))
+            << log.join(", ").toStdString();
+        EXPECT_FALSE(log.contains(kFiltersRead[1]));
+    });
+}
+
 TEST_F(SpeedController, WritesPageTabsAndSliderInOrder) {
     OnPage([this] {
         Robot::Type(ValueId(2403), "6");

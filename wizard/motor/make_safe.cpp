@@ -221,6 +221,11 @@ void AbortMotorRun() {
         run->Abort();
 }
 
+bool LookDuringRun() {
+    CMotorRun* run = GetMotorState().run;
+    return !run || run->Look();
+}
+
 void WhenMotorStands(std::function<void()> action) {
     GetMotorState().next = std::move(action);
 }

@@ -42,6 +42,10 @@ void WhenMotorStands(std::function<void()> action);
 /// Nobody wants the run that is on any more; for whoever goes the way out then.
 void AbortMotorRun();
 
+/// For who reads something else while a run is on, between two reads: sees input as the run does. False when nobody
+/// wants the run any more; true without one.
+bool LookDuringRun();
+
 /// A wizard begins: what a former one left does not count.
 void BeginMotorSession();
 /// The wizard's window is being closed: a stop that is not confirmed is not waited for without an end any more.

@@ -29,8 +29,13 @@ bool CRowTable::Bind(CParameterGroup* root, QString& errors, std::size_t first, 
         registers.push_back(m_rows[row]->GetRegister());
     const Announcement announcement(root, registers);
     bool success = true;
-    for (std::size_t row = first; row < first + count; ++row)
-        success = m_rows[row]->Bind(root, errors) && success;
+    bool wanted = true;
+    for (std::size_t row = first; row < first + count; ++row) {
+        wanted = wanted && (!m_look || m_look());
+        if (!wanted)
+            m_rows[row]->Unbind();
+        success = wanted && m_rows[row]->Bind(root, errors) && success;
+    }
     return success;
 }
 

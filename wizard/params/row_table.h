@@ -18,6 +18,8 @@ public:
     bool Bind(CParameterGroup* root, QString& errors);
     /// The same for `count` rows from row `first`.
     bool Bind(CParameterGroup* root, QString& errors, std::size_t first, std::size_t count);
+    /// Has `look` called before each row is bound. False ends the binding: the rows that are left show nothing.
+    void SetLook(std::function<bool()> look) { m_look = std::move(look); }
     /// Without a drive: no row has a parameter, and nothing can be typed that would be lost.
     void Unbind();
     /// Adds the registers that binding reads.
@@ -49,6 +51,7 @@ private:
     TextSource m_source;
     std::vector<std::unique_ptr<CRow>> m_rows; ///< as they are bound
     std::vector<CRow*> m_written;              ///< as they are written
+    std::function<bool()> m_look;
 };
 
 } // namespace krt550

@@ -52,7 +52,10 @@ bool CWizardTabPage::OnSetActive() {
     return true;
 }
 
-CRowTabPage::CRowTabPage(const PageRows& rows) : CWizardTabPage(rows.layout), m_rows(*this, rows) {}
+CRowTabPage::CRowTabPage(const PageRows& rows) : CWizardTabPage(rows.layout), m_rows(*this, rows) {
+    // Whoever looks at another tab while the motor turns may want to stop it before that is read.
+    m_rows.SetLook(LookDuringRun);
+}
 
 bool CRowTabPage::LoadParameters() {
     const CWaitCursor wait;
