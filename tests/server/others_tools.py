@@ -56,6 +56,14 @@ class Drive:
         greeting = self.process.stdout.readline()
         if line == "tcp":
             self.place = int(re.search(r"127\.0\.0\.1 port (\d+), unit 1", greeting).group(1))
+        self.unconnected = self.descriptors()
+
+    def descriptors(self):
+        return len(os.listdir(f"/proc/{self.process.pid}/fd"))
+
+    def wait_until_unconnected(self, but=0):
+        wait_for("connections that are closed here are closed there",
+                 lambda: self.descriptors() == self.unconnected + but)
 
     def client(self):
         if self.line:
@@ -173,6 +181,7 @@ def closes(connection):
 
 def check_clients(drive):
     """Eight at once, one too many, and those that misbehave."""
+    drive.wait_until_unconnected()
     others = [drive.client() for _ in range(8)]
     for other in others:
         expect("one of eight", words(other, 3029), [10])
@@ -180,7 +189,7 @@ def check_clients(drive):
     expect("another unit", words(others[0], 3029, unit=5), -NO_UNIT)
     for other in others[1:]:
         other.close()
-    time.sleep(0.2)
+    drive.wait_until_unconnected(but=1)
     begun = time.monotonic()
     misfits = [socket.create_connection(("127.0.0.1", drive.place)) for _ in range(3)]
     misfits[0].sendall(b"GET / HTTP/1.1\r\n\r\n")

@@ -31,6 +31,6 @@ refuses "motor \"S9\"" --motor S9 --tcp 0
 refuses "option R: \"9000\"" --motor S2 R=9000 --tcp 0
 refuses "\"moon\"" fault=moon --tcp 0
 refuses "\"S2\" is neither" S2 --tcp 0
-refuses "option .tram" --tram
+refuses "'tram'" --tram
 refuses "/none: " --parameters /none --tcp 0
 exit $failed
