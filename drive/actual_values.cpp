@@ -4,6 +4,7 @@
 #include "drive/motor_control.h"
 #include "drive/register_file.h"
 #include "drive/registers.h"
+#include "drive/selected_references.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,6 +18,14 @@ constexpr double kRpm = 30 / std::numbers::pi;
 constexpr double kDegrees = 180 / std::numbers::pi;
 constexpr quint16 kFirstOutputIndex = 1401; ///< index and bit number in turn, for eight outputs
 constexpr int kOutputs = 8;
+
+/// From bit 0 on.
+template <std::size_t Count> quint16 WordOf(const bool (&bits)[Count]) {
+    unsigned word = 0;
+    for (std::size_t i = 0; i < Count; ++i)
+        word |= bits[i] ? 1U << i : 0;
+    return static_cast<quint16>(word);
+}
 
 } // namespace
 
@@ -60,7 +69,7 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
         {reg::kFieldVoltage, state.fieldVoltage},
         {reg::kFlux, flux * 100},
         {reg::kTorqueUsed, state.torqueReference * 100},
-        {reg::kReferenceOfCurrent, reference},
+        {reg::kReferenceOfCurrent, state.currentWanted / settings.ratedCurrent * 100},
         {reg::kReferenceLimited, reference},
         {reg::kFluxReference, state.fluxReference * 100},
         {reg::kFieldReference, state.fieldReference * 100},
@@ -70,20 +79,40 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
     registers.SetWord(reg::kBridgeUsed, state.bridge > 0 ? 1 : state.bridge < 0 ? 2 : 0);
 }
 
-void ShowLimits(const MotorState& state, const DriveSettings& settings, double limit, CRegisterFile& registers) {
-    const double high = std::min(settings.torqueHigh, limit);
-    const double low = std::max(settings.torqueLow, -limit);
-    registers.SetNumber(reg::kTorqueHighUsed, high * 100);
-    registers.SetNumber(reg::kTorqueLowUsed, low * 100);
-    constexpr double kNear = 0.001; // of rated torque and current
-    const double current = state.currentReference / settings.ratedCurrent;
-    const bool bits[] = {state.torqueReference >= high - kNear, state.torqueReference <= low + kNear,
-                         current >= settings.currentHigh / settings.ratedCurrent - kNear,
-                         current <= settings.currentLow / settings.ratedCurrent + kNear};
-    unsigned word = 0;
-    for (unsigned i = 0; i < std::size(bits); ++i)
-        word |= bits[i] && state.bridge ? 1U << i : 0;
-    registers.SetWord(reg::kLimitWord, static_cast<quint16>(word));
+void ShowLimits(const MotorState& state, const DriveSettings& settings, const TorqueDemand& demand, double tooFast,
+                CRegisterFile& registers) {
+    const double high = std::min(settings.torqueHigh, demand.limit);
+    const double low = std::max(settings.torqueLow, -demand.limit);
+    const double rated = settings.ratedCurrent;
+    const std::pair<quint16, double> limits[] = {{reg::kTorqueHighUsed, high * 100},
+                                                 {reg::kTorqueLowUsed, low * 100},
+                                                 {reg::kBridge1LimitUsed, settings.currentHigh / rated * 100},
+                                                 {reg::kBridge2LimitUsed, settings.currentLow / rated * 100}};
+    for (const auto& [reg, limit] : limits)
+        registers.SetNumber(reg, limit);
+
+    constexpr double kNear = 0.001; // of rated torque, current, field and full firing
+    const double current = state.currentReference / rated;
+    const double within = std::clamp(state.currentWanted, settings.currentLow, settings.currentHigh);
+    const bool flows = std::abs(state.currentReference) > settings.zeroCurrent;
+    const bool driven = state.bridge != 0;
+    const bool armature[] = {
+        driven && state.torqueReference >= high - kNear,
+        driven && state.torqueReference <= low + kNear,
+        driven && current >= settings.currentHigh / rated - kNear,
+        driven && current <= settings.currentLow / rated + kNear,
+        driven && flows && (state.cosine >= settings.cosineHigh - kNear || state.cosine <= settings.cosineLow + kNear),
+        driven && state.torqueLimited,
+        demand.cut > 0,
+        demand.cut < 0,
+        driven && std::abs(within - state.currentReference) > kNear * rated};
+    const double missing = std::abs(state.fieldReference) * settings.ratedFieldCurrent - std::abs(state.fieldCurrent);
+    const bool others[] = {tooFast > 0, tooFast < 0,
+                           settings.weakens && driven && state.fluxReference <= settings.leastFlux + kNear,
+                           missing > kNear * settings.ratedFieldCurrent &&
+                               std::abs(state.fieldVoltage) >= (1 - kNear) * settings.fieldVoltageLimit};
+    registers.SetWord(reg::kLimitWord, WordOf(armature));
+    registers.SetWord(reg::kLimitWord2, WordOf(others));
 }
 
 void ShowLinkNodes(CRegisterFile& registers) {

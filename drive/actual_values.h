@@ -7,6 +7,7 @@ namespace krt550 {
 class CRegisterFile;
 struct DriveSettings;
 struct MotorState;
+struct TorqueDemand;
 
 /// What the actual values are made of beside the motor's state.
 struct ActualValues {
@@ -19,8 +20,10 @@ struct ActualValues {
 void ShowActualValues(const MotorState& state, const ActualValues& values, const DriveSettings& settings,
                       CRegisterFile& registers);
 
-/// Shows the torque limits in effect, with `limit` (relative) beside the parameters', and which limits are reached.
-void ShowLimits(const MotorState& state, const DriveSettings& settings, double limit, CRegisterFile& registers);
+/// Shows the limits in effect of torque and current, and which limits are reached. `tooFast` [rpm] is what the speed
+/// limits take away from the reference, above 0 by the maximum, below 0 by the minimum.
+void ShowLimits(const MotorState& state, const DriveSettings& settings, const TorqueDemand& demand, double tooFast,
+                CRegisterFile& registers);
 
 /// Shows the nodes that answer on the link: the converter, and an exciter that is not on its board.
 void ShowLinkNodes(CRegisterFile& registers);

@@ -40,6 +40,7 @@ constexpr Selector kSelectors[] = {
     {InputFunction::ExternalFault, reg::kExternalFaultInput},
     {InputFunction::ExternalAlarm, reg::kExternalAlarmInput},
     {InputFunction::FieldHeating, reg::kFieldHeatingInput},
+    {InputFunction::FieldReversal, reg::kFieldReversalInput},
 };
 
 constexpr quint32 kFreeControlBits = 0xF800; ///< 11 to 15

@@ -35,6 +35,7 @@ enum class InputFunction {
     ExternalFault, ///< open: trips
     ExternalAlarm, ///< open: warns
     FieldHeating,  ///< the field stays warm while the motor is not driven
+    FieldReversal, ///< the field is reversed
     Count
 };
 

@@ -75,7 +75,11 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     const int exciter = static_cast<int>(number(reg::kExciterUsed, 1));
     s.fieldVoltageLimit = exciter == 0 ? 0 : kExciterOfLine * number(reg::kFieldSupply, motor.fieldSupply);
     s.exciterReverses = exciter == 3 || exciter == 6;
+    const quint16 fieldMode = registers.GetWord(reg::kFieldMode);
+    s.fieldReverses = s.exciterReverses && fieldMode >= 2;
+    s.reversesTurning = number(reg::kReversesTurning, 1) != 0;
     s.reversalTime = time(reg::kReversalTime, 15000);
+    s.reversedLevel = share(reg::kReversedLevel, 10);
 
     s.current = {number(reg::kCurrentGain, 0.1) * s.CurrentGainUnit(), time(reg::kCurrentTime, 50)};
     s.emfForward = number(reg::kCurrentControllerType, 1) != 0;
@@ -100,8 +104,7 @@ DriveSettings ReadSettings(const CRegisterFile& registers, const MotorSet& motor
     s.reversalDelay = time(reg::kReversalDelay, 5);
 
     s.field = {number(reg::kFieldGain, 0.2) * s.FieldGainUnit(), time(reg::kFieldTime, 200)};
-    const quint16 mode = registers.GetWord(reg::kFieldMode);
-    s.weakens = mode == 1 || mode == 3;
+    s.weakens = fieldMode == 1 || fieldMode == 3;
     s.emfLimit = share(reg::kEmfMaximum, 100) * s.ratedEmf;
     s.leastFlux = share(reg::kLeastFlux, 20);
     s.emf = {number(reg::kEmfGain, 0.5), time(reg::kEmfTime, 50)};

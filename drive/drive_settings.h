@@ -25,7 +25,10 @@ struct DriveSettings {
     double ratedMains = 0;        ///< [V]
     double fieldVoltageLimit = 0; ///< what the exciter can give: 0.9 of its supply voltage, single-phase bridge [V]
     bool exciterReverses = false; ///< the exciter drives its current both ways
+    bool fieldReverses = false;   ///< and is to, by its selector
+    bool reversesTurning = false; ///< at any speed
     double reversalTime = 0;      ///< a field may take to reverse [s]
+    double reversedLevel = 0;     ///< from which it counts as reversed, relative
 
     PiSetting current;      ///< [Ohm]
     bool emfForward = true; ///< the EMF is added to the current controller's output

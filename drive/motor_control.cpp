@@ -52,9 +52,9 @@ double CMotorControl::StepField(const MotorCommand& command, const DriveSettings
         m_fieldController.Preset(0);
     } else {
         const bool weakens = command.field == FieldMode::Regulated && settings.weakens;
-        reference = command.field == FieldMode::Current ? command.fieldCurrent : 1;
+        reference = command.fieldCurrent;
         if (weakens)
-            reference = settings.fieldOfFlux(m_fluxControl.Step(kStep, m_state.emf, m_state.signals.used, settings));
+            reference *= settings.fieldOfFlux(m_fluxControl.Step(kStep, m_state.emf, m_state.signals.used, settings));
         m_state.fluxReference = std::copysign(settings.fluxOfField(std::abs(reference)), reference);
         const double error = reference * settings.ratedFieldCurrent - m_motor.GetFieldCurrent();
         wanted = m_fieldController.Step(error, kStep, settings.field, settings.exciterReverses ? -limit : 0, limit);
@@ -66,17 +66,23 @@ double CMotorControl::StepField(const MotorCommand& command, const DriveSettings
 double CMotorControl::ReferenceFor(const MotorCommand& command, const DriveSettings& settings) {
     double wanted = command.current;
     m_state.torqueReference = 0;
+    m_state.torqueLimited = false;
     m_state.speedReference = 0;
     if (m_mode == ArmatureMode::Speed) {
         const double flux = std::max(kLeastFlux, m_state.flux);
         const double rated = settings.ratedCurrent / flux;
+        const bool reversed = m_motor.GetFieldCurrent() < 0; // the other bridge gives the torque
+        const double high = reversed ? -settings.currentLow : settings.currentHigh;
+        const double low = reversed ? -settings.currentHigh : settings.currentLow;
         const bool borrowed = command.guide == SpeedGuide::Emf && settings.speedSource != SpeedSource::Emf;
-        m_state.torqueReference = m_speedControl.Step(kStep, command.speed, m_state.signals.used,
-                                                      settings.currentHigh / rated, settings.currentLow / rated,
-                                                      settings, borrowed ? settings.emfFilter : 0, command.torque);
+        m_state.torqueReference =
+            m_speedControl.Step(kStep, command.speed, m_state.signals.used, high / rated, low / rated, settings,
+                                borrowed ? settings.emfFilter : 0, command.torque);
         m_state.speedReference = m_speedControl.GetReferenceUsed();
+        m_state.torqueLimited = m_speedControl.IsLimited();
         wanted = std::copysign(m_state.torqueReference * rated, m_state.torqueReference * m_motor.GetFieldCurrent());
     }
+    m_state.currentWanted = wanted;
     wanted = std::clamp(wanted, settings.currentLow, std::max(settings.currentLow, settings.currentHigh));
     const double step = settings.currentSlope * kStep;
     m_slope += std::clamp(wanted - m_slope, -step, step);
@@ -155,7 +161,7 @@ void CMotorControl::StepPulse(double firingAngle, double fieldVoltage) {
 void CMotorControl::StepOpen(double fieldVoltage) {
     m_state.bridge = 0;
     m_state.continuous = false;
-    m_state.currentReference = 0;
+    m_state.currentReference = m_state.currentWanted = 0;
     if (m_mode == ArmatureMode::Blocked)
         m_state.torqueReference = m_state.speedReference = 0;
     Feed({}, fieldVoltage);

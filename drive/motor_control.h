@@ -24,7 +24,7 @@ enum class FieldMode {
     Off,
     Voltage,  ///< gives a voltage
     Current,  ///< controls a current
-    Regulated ///< full field, or what the EMF controller wants
+    Regulated ///< full field, or what the EMF controller wants, in the direction of the current
 };
 
 /// Which speed the speed controller goes by.
@@ -58,7 +58,9 @@ struct MotorState {
     double emf = 0;              ///< as measured [V]
     double torque = 0;           ///< [N*m]
     double currentReference = 0; ///< [A]
+    double currentWanted = 0;    ///< the same before its limits and its slope [A]
     double torqueReference = 0;  ///< relative
+    bool torqueLimited = false;  ///< it is at one of the speed controller's limits
     double speedReference = 0;   ///< at the speed controller [rad/s]
     double fluxReference = 0;    ///< relative
     double fieldReference = 0;   ///< relative

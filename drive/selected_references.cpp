@@ -91,9 +91,11 @@ void CSelectedReferences::StepTorque(double seconds, const CDigitalInputs& digit
     const auto share = [&](quint16 source) { return source > kAnalogInputs ? byBus : analog.GetShare(source); };
     const double wanted = share(registers.GetWord(reg::kTorqueSource));
     const double filtered = m_torqueFilter.Step(wanted, seconds, registers.GetNumber(reg::kTorqueFilter, 0) / 1000);
-    m_torque.torque = filtered * registers.GetNumber(reg::kLoadShare, 100) / 100;
-    m_torque.torque = std::min(m_torque.torque, registers.GetNumber(reg::kTorqueReferenceHigh, 325) / 100);
-    m_torque.torque = std::max(m_torque.torque, registers.GetNumber(reg::kTorqueReferenceLow, -325) / 100);
+    const double asked = filtered * registers.GetNumber(reg::kLoadShare, 100) / 100;
+    const double high = registers.GetNumber(reg::kTorqueReferenceHigh, 325) / 100;
+    const double low = registers.GetNumber(reg::kTorqueReferenceLow, -325) / 100;
+    m_torque.torque = std::clamp(asked, low, std::max(low, high));
+    m_torque.cut = asked > high ? 1 : asked < low ? -1 : 0;
     m_torque.mode = digital.IsClosed(InputFunction::TorqueControl)
                         ? TorqueMode::Torque
                         : static_cast<TorqueMode>(registers.GetWord(reg::kTorqueSelector));

@@ -23,6 +23,7 @@ enum class TorqueMode : quint16 { Speed, Torque, Smaller, Larger, Sum };
 struct TorqueDemand {
     TorqueMode mode = TorqueMode::Speed;
     double torque = 0;
+    int cut = 0;                                            ///< 1 it was above 20.14, -1 below 20.15
     double limit = std::numeric_limits<double>::infinity(); ///< both ways, beside 20.05 and 20.06
     std::optional<double> current; ///< armature current reference in place of all that, relative to rated current
 };

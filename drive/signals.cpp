@@ -22,6 +22,7 @@ constexpr quint16 kAuxLocalControl = 1U << 4;
 constexpr quint16 kAuxSecondBridge = 1U << 5;
 constexpr quint16 kAuxTuning = 1U << 6;
 constexpr quint16 kAuxWeakening = 1U << 7;
+constexpr quint16 kAuxReversed = 1U << 8;
 
 quint16 MainStatus(const DriveSignals& state) {
     quint16 word = state.statusBits;
@@ -46,6 +47,7 @@ quint16 AuxiliaryStatus(const DriveSignals& state) {
         {state.secondBridge, kAuxSecondBridge},
         {state.tuning, kAuxTuning},
         {state.weakening, kAuxWeakening},
+        {state.reversed, kAuxReversed},
     };
     quint16 word = 0;
     for (const auto& [set, bit] : bits)

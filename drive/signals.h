@@ -26,6 +26,7 @@ struct DriveSignals {
     bool secondBridge = false; ///< bridge 2 carries the current
     bool tuning = false;       ///< a service run is on
     bool weakening = false;    ///< the flux is below full flux
+    bool reversed = false;     ///< the field is, by 45.18
     double speed = 0;          ///< [rpm]
     double speedReference = 0; ///< after the ramp [rpm]
     double baseSpeed = 0;      ///< [rpm]

@@ -61,7 +61,10 @@ void CSimulatedDrive::Pass(qint64 milliseconds) {
         Integrate(seconds, alarms);
     }
     ListenToCommanders(milliseconds, alarms);
+    m_winding.Step(seconds, m_control.GetState().armatureCurrent / m_set.current);
     ScanTerminals(seconds);
+    LookAtField(seconds);
+    LookAtSpeed(milliseconds, alarms);
     alarms.merge(m_board.GetFindings().alarms);
     m_faults.SetAlarms(alarms);
     m_mains.Pass(milliseconds);
@@ -87,10 +90,14 @@ void CSimulatedDrive::ReadParameters() {
     if (std::exchange(m_settingsVersion, m_registers.GetSettingsVersion()) == m_registers.GetSettingsVersion())
         return;
     m_settings = ReadSettings(m_registers, m_set);
+    if (m_goesByEmf)
+        m_settings.speedSource = SpeedSource::Emf;
     m_levels = ReadTripLevels(m_registers, m_settings);
     m_references.Read(m_registers, BaseSpeed());
     m_board.Read(m_registers);
     m_fieldHeating = m_registers.GetNumber(reg::kFieldHeating, 0) / 100;
+    m_zeroSpeed = m_registers.GetNumber(reg::kZeroSpeed, 0);
+    m_zeroSpeedTime = m_registers.GetNumber(reg::kZeroSpeedTime, 0);
 }
 
 /// The drive's continuous part, and what is supervised in it.
@@ -125,18 +132,24 @@ MotorCommand CSimulatedDrive::NextCommand() {
     }
     if (m_contactor.IsClosed() && !m_service.KeepsFieldOff())
         command.field = FieldMode::Regulated;
+    command.fieldCurrent = m_fieldDirection.Get();
     if (IsFieldHeated()) {
         command.field = FieldMode::Current;
-        command.fieldCurrent = m_fieldHeating;
+        command.fieldCurrent *= m_fieldHeating;
     }
     if (!m_logic.IsDriving())
         m_fieldWaited = false;
     constexpr double kFieldThere = 0.8; // of its reference; until then there is no torque
     const MotorState& state = m_control.GetState();
-    const double wanted = std::max(0.05, state.fieldReference) * m_settings.ratedFieldCurrent;
-    m_fieldWaited = m_fieldWaited || std::abs(state.fieldCurrent) >= kFieldThere * wanted;
+    const double wanted = std::max(0.05, std::abs(state.fieldReference)) * m_settings.ratedFieldCurrent;
+    m_fieldWaited = m_fieldWaited || m_fieldDirection.Get() * state.fieldCurrent >= kFieldThere * wanted;
     if (!m_logic.IsDriving() || !m_fieldWaited) {
         m_references.Preset(UsedSpeed()); // a motor that still turns is caught where it is
+        return command;
+    }
+    if (m_fieldDirection.HoldsArmature()) {
+        m_references.Preset(UsedSpeed());
+        command.armature = ArmatureMode::Current;
         return command;
     }
     m_references.Step(CMotorControl::kStep, NextRampMode(), RampTarget());

@@ -5,6 +5,7 @@
 #include "drive/drive_counters.h"
 #include "drive/fan_supervision.h"
 #include "drive/fault_memory.h"
+#include "drive/field_direction.h"
 #include "drive/macros.h"
 #include "drive/main_contactor.h"
 #include "drive/mains_supply.h"
@@ -125,6 +126,8 @@ private:
     void ReadParameters();
     void ScanTerminals(double seconds);
     void LookAtInputs();
+    void LookAtField(double seconds);
+    void LookAtSpeed(qint64 milliseconds, std::set<quint16>& alarms);
     void DemandTorque(MotorCommand& command);
     bool LoadMacro();
     bool AcknowledgeFault();
@@ -146,11 +149,13 @@ private:
     double BaseSpeed() const;
     double UsedSpeed() const;
     bool IsStandstill() const;
+    bool IsZeroSpeed() const;
     bool IsEmergencyStopActive() const;
     bool IsDisconnected() const;
     bool IsContactorAcknowledged() const;
     bool IsFieldHeated() const;
     PlantState GetPlant() const;
+    double AskedSpeed() const;
     double RampTarget() const;
     quint16 UsedControlWord() const;
     SwitchInputs Inputs() const;
@@ -164,7 +169,9 @@ private:
     CMainContactor m_contactor;
     CMainsSupply m_mains;
     CReferenceChain m_references;
+    CFieldDirection m_fieldDirection;
     CMotorControl m_control;
+    CWinding m_winding;
     CProtection m_protection;
     CFanSupervision m_fans;
     CCommandSupervision m_commanders;
@@ -177,6 +184,10 @@ private:
     CLag m_display;             ///< filtered speed [rad/s]
     double m_fieldHeating = 0;  ///< field current that keeps it warm, relative
     bool m_fieldWaited = false; ///< the field was there since the motor is driven
+    double m_zeroSpeed = 0;     ///< [rpm]
+    double m_zeroSpeedTime = 0; ///< [ms]
+    qint64 m_slow = 0;          ///< the motor has been below zero speed for [ms]
+    bool m_goesByEmf = false;   ///< in place of a feedback that was lost
     quint16 m_formerControlWord = 0;
     bool m_emergencyStop = false;
     bool m_startRefused = false;

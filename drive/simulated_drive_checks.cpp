@@ -4,6 +4,8 @@
 #include "drive/registers.h"
 #include "drive/simulated_drive.h"
 
+#include <cmath>
+
 namespace krt550 {
 
 void CSimulatedDrive::CheckMotor(const MotorCommand& command, std::set<quint16>& alarms) {
@@ -22,8 +24,8 @@ void CSimulatedDrive::CheckMotor(const MotorCommand& command, std::set<quint16>&
     const Findings found = m_protection.Step(CMotorControl::kStep, m_control.GetState(), around, m_settings, m_levels);
     alarms.insert(found.alarms.begin(), found.alarms.end());
     if (found.trip == kFaultFeedback && MayChangeToEmf()) {
-        m_registers.SetWord(reg::kSpeedSource, 0);
-        ReadParameters();
+        m_goesByEmf = true;
+        m_settings.speedSource = SpeedSource::Emf;
     } else if (found.trip) {
         Trip(found.trip);
     }
@@ -33,8 +35,20 @@ bool CSimulatedDrive::MayChangeToEmf() const {
     constexpr quint16 kUnlessWeakened = 2;
     constexpr quint16 kAlways = 3;
     const quint16 reaction = m_registers.GetWord(reg::kFeedbackReaction);
-    const bool weakened = m_control.GetState().fieldReference < 0.98;
+    const bool weakened = std::abs(m_control.GetState().fieldReference) < 0.98;
     return reaction == kAlways || (reaction == kUnlessWeakened && !weakened);
+}
+
+/// What the speed means: standstill, and a feedback that the EMF stands in for until the drive is switched off.
+void CSimulatedDrive::LookAtSpeed(qint64 milliseconds, std::set<quint16>& alarms) {
+    m_slow = std::abs(GetSpeed()) < m_zeroSpeed ? m_slow + milliseconds : 0;
+    if (!m_goesByEmf)
+        return;
+    alarms.insert(kFaultFeedback);
+    if (m_contactor.IsClosed())
+        return;
+    m_goesByEmf = false;
+    m_settings = ReadSettings(m_registers, m_set);
 }
 
 ServiceView CSimulatedDrive::GetServiceView() const {

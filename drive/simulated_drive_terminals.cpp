@@ -1,5 +1,6 @@
 // The drive at its terminals: what comes in there, and what is made of it.
 #include "drive/control_word.h"
+#include "drive/fault_codes.h"
 #include "drive/registers.h"
 #include "drive/simulated_drive.h"
 
@@ -38,7 +39,8 @@ double CSimulatedDrive::GetTerminal(const Terminal& terminal) {
 
 PlantState CSimulatedDrive::GetPlant() const {
     const bool closed = m_contactor.IsClosed();
-    return {closed, closed && !m_fans.IsConverterFanLost(), closed && !m_fans.IsMotorFanLost(), m_emergencyStop};
+    return {closed, closed && !m_fans.IsConverterFanLost(), closed && !m_fans.IsMotorFanLost(), m_emergencyStop,
+            m_winding.GetTemperature()};
 }
 
 /// Lets the terminals work for `seconds`: commands and references count from now on.
@@ -60,6 +62,16 @@ void CSimulatedDrive::ScanTerminals(double seconds) {
 void CSimulatedDrive::LookAtInputs() {
     if (const quint16 code = m_board.GetFindings().trip)
         Trip(code);
+}
+
+/// Which way the field is to go.
+void CSimulatedDrive::LookAtField(double seconds) {
+    const MotorState& state = m_control.GetState();
+    const FieldView view{m_board.GetInputs().IsClosed(InputFunction::FieldReversal),
+                         m_contactor.IsClosed() && m_service.IsIdle(), IsZeroSpeed(), state.fieldCurrent,
+                         state.armatureCurrent};
+    if (m_fieldDirection.Step(seconds, view, m_settings))
+        Trip(kFaultFieldLoss);
 }
 
 /// False while the inputs still report the cause of a trip.

@@ -31,7 +31,8 @@ void CSimulatedDrive::ShowState() {
     state.byLink = m_places.IsByLink();
     state.alarm = m_faults.HasAlarm();
     const MotorState& motor = m_control.GetState();
-    state.fieldOn = motor.fieldReference > 0 || motor.fieldVoltage > 0;
+    state.fieldOn = motor.fieldReference != 0 || motor.fieldVoltage != 0;
+    state.reversed = motor.fieldCurrent <= -m_settings.reversedLevel * m_settings.ratedFieldCurrent;
     state.secondBridge = motor.bridge < 0;
     state.tuning = m_service.IsRunning();
     state.weakening = state.driving && m_settings.weakens && motor.fluxReference < 0.995;
@@ -46,7 +47,12 @@ void CSimulatedDrive::ShowState() {
     ShowActualValues(motor, {m_display.GetOutput(), m_mains.GetVoltage(), m_protection.GetTemperatureRise()},
                      m_settings, m_registers);
     ShowLinkNodes(m_registers);
-    ShowLimits(motor, m_settings, m_board.GetReferences().GetTorque().limit, m_registers);
+    const std::pair<quint16, double> references[] = {{reg::kReferenceInLimits, GetSpeedReference()},
+                                                     {reg::kReferenceBeforeRamp, RampTarget()},
+                                                     {reg::kReferenceAfterRamp, state.speedReference}};
+    for (const auto& [reg, rpm] : references)
+        m_registers.SetNumber(reg, rpm);
+    ShowLimits(motor, m_settings, m_board.GetReferences().GetTorque(), AskedSpeed() - GetSpeedReference(), m_registers);
     m_board.Show(m_registers);
     ShowDigitalOutputs(m_registers);
     m_board.StepOutputs(static_cast<double>(m_age - std::exchange(m_shown, m_age)) / 1000, m_settings, m_registers);
@@ -76,6 +82,11 @@ bool CSimulatedDrive::IsStandstill() const {
     return std::abs(GetSpeed()) < kStandstillSpeed;
 }
 
+/// What its logic takes for standstill: below 20.03 for 20.04, and never before the shaft nearly stands.
+bool CSimulatedDrive::IsZeroSpeed() const {
+    return IsStandstill() || (std::abs(GetSpeed()) < m_zeroSpeed && static_cast<double>(m_slow) >= m_zeroSpeedTime);
+}
+
 bool CSimulatedDrive::IsEmergencyStopActive() const {
     return !m_board.GetInputs().IsGood(InputFunction::EmergencyStop);
 }
@@ -95,10 +106,16 @@ bool CSimulatedDrive::IsFieldHeated() const {
     return m_board.GetInputs().IsClosed(InputFunction::FieldHeating) && !m_logic.IsDriving() && m_service.IsIdle();
 }
 
+/// The speed reference before its limits [rpm].
+double CSimulatedDrive::AskedSpeed() const {
+    if (m_places.IsLocal())
+        return m_places.GetLocalReference();
+    return m_commanders.WantsConstantSpeed() ? m_registers.GetNumber(reg::kConstantSpeed, 0)
+                                             : m_board.GetReferences().GetSpeed();
+}
+
 double CSimulatedDrive::GetSpeedReference() const {
-    if (!m_places.IsLocal() && m_commanders.WantsConstantSpeed())
-        return m_references.Limit(m_registers.GetNumber(reg::kConstantSpeed, 0));
-    return m_references.Limit(m_places.IsLocal() ? m_places.GetLocalReference() : m_board.GetReferences().GetSpeed());
+    return m_references.Limit(AskedSpeed());
 }
 
 double CSimulatedDrive::RampTarget() const {
@@ -121,7 +138,7 @@ quint16 CSimulatedDrive::UsedControlWord() const {
 }
 
 SwitchInputs CSimulatedDrive::Inputs() const {
-    return {UsedControlWord(), IsContactorAcknowledged(), IsStandstill(), m_faults.GetActive() != 0};
+    return {UsedControlWord(), IsContactorAcknowledged(), IsZeroSpeed(), m_faults.GetActive() != 0};
 }
 
 } // namespace krt550

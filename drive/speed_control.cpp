@@ -27,7 +27,9 @@ double CSpeedControl::Step(double seconds, double reference, double speed, doubl
     const double low = std::min(0.0, std::max(settings.torqueLow, reachLow));
     const double windowHigh = std::clamp(window.high, low, high) - window.added;
     const double windowLow = std::min(windowHigh, std::clamp(window.low, low, high) - window.added);
-    return window.added + m_controller.Step(m_error.GetOutput(), seconds, setting, windowLow, windowHigh);
+    const double torque = m_controller.Step(m_error.GetOutput(), seconds, setting, windowLow, windowHigh);
+    m_limited = torque <= windowLow || torque >= windowHigh;
+    return window.added + torque;
 }
 
 double CFluxControl::Step(double seconds, double emf, double speed, const DriveSettings& settings) {

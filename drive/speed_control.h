@@ -26,12 +26,15 @@ public:
     double Step(double seconds, double reference, double speed, double reachHigh, double reachLow,
                 const DriveSettings& settings, double lag = 0, const TorqueWindow& window = {});
     double GetReferenceUsed() const { return m_reference.GetOutput(); } ///< [rad/s]
+    /// The torque is as large as its limits let it.
+    bool IsLimited() const { return m_limited; }
 
 private:
     CLag m_reference;
     CLag m_feedback;
     CLag m_error;
     CPiController m_controller;
+    bool m_limited = false;
 };
 
 /// EMF controller: the flux reference that keeps the EMF within its limit above base speed.

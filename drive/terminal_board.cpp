@@ -34,6 +34,7 @@ PlantContacts ContactsOf(const PlantState& plant, const CDigitalInputs& inputs) 
 void CTerminalBoard::Read(const CRegisterFile& registers) {
     m_digital.Read(registers);
     m_analog.Read(registers);
+    m_temperature.Read(registers);
     m_references.Read(registers);
     m_commands.SetButtons(registers.GetWord(reg::kStartType) != 0);
 }
@@ -41,6 +42,8 @@ void CTerminalBoard::Read(const CRegisterFile& registers) {
 void CTerminalBoard::Sample(const PlantState& plant, const CRegisterFile& registers) {
     m_terminals.SetContacts(ContactsOf(plant, m_digital));
     m_digital.Sample(m_terminals.GetDigitalInputs(), registers.GetWord(reg::kControlWord));
+    m_terminals.SetSensor(m_temperature.GetInput(), m_temperature.VoltsAt(plant.winding));
+    m_temperature.Sample(m_terminals.GetAnalogInputs());
 }
 
 void CTerminalBoard::Step(double seconds, bool running, const TerminalView& view, const CRegisterFile& registers) {
@@ -51,6 +54,10 @@ void CTerminalBoard::Step(double seconds, bool running, const TerminalView& view
 
 Findings CTerminalBoard::GetFindings() const {
     Findings found = m_analog.GetFindings();
+    Findings hot = m_temperature.GetFindings();
+    found.alarms.merge(hot.alarms);
+    if (hot.trip)
+        found.Add(hot.trip, Reaction::Trip);
     const struct {
         InputFunction function;
         quint16 code;
@@ -68,6 +75,7 @@ void CTerminalBoard::Show(CRegisterFile& registers) const {
     registers.SetWord(reg::kDigitalInputs, m_terminals.GetDigitalInputs());
     registers.SetWord(reg::kInputsInverted, m_digital.GetStates());
     m_analog.Show(registers);
+    m_temperature.Show(registers);
     m_references.Show(registers);
     m_outputs.Show(registers);
 }

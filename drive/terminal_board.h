@@ -3,6 +3,7 @@
 #include "drive/analog_inputs.h"
 #include "drive/analog_outputs.h"
 #include "drive/digital_inputs.h"
+#include "drive/motor_temperature.h"
 #include "drive/selected_references.h"
 #include "drive/terminal_commands.h"
 #include "drive/terminals.h"
@@ -15,10 +16,12 @@ struct PlantState {
     bool converterFan = false;  ///< it blows
     bool motorFan = false;      ///< it blows
     bool emergencyStop = false; ///< pressed
+    double winding = 0;         ///< temperature of the motor [°C]
 };
 
 /// The control board: terminals, and what the drive makes of them. Contacts of the plant lie where the selectors expect
-/// them: what acknowledges, and what is closed in good order. All else at the terminals is switched by hand.
+/// them: what acknowledges, and what is closed in good order; so does the motor's temperature sensor. All else at the
+/// terminals is switched by hand.
 class CTerminalBoard {
 public:
     CTerminals& GetTerminals() { return m_terminals; }
@@ -37,7 +40,7 @@ public:
 
     quint16 GetWord() const { return m_commands.GetWord(); } ///< control word of the terminals
     const CSelectedReferences& GetReferences() const { return m_references; }
-    /// External fault and alarm, thermal switch, broken loops.
+    /// External fault and alarm, thermal switch, motor temperature, broken loops.
     Findings GetFindings() const;
     void Show(CRegisterFile& registers) const;
 
@@ -45,6 +48,7 @@ private:
     CTerminals m_terminals;
     CDigitalInputs m_digital;
     CAnalogInputs m_analog;
+    CMotorTemperature m_temperature;
     CAnalogOutputs m_outputs;
     CTerminalCommands m_commands;
     CSelectedReferences m_references;

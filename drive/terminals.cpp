@@ -67,6 +67,22 @@ quint16 CTerminals::GetDigitalInputs() const {
     return static_cast<quint16>(byContact | (m_on & ~unsigned{m_contacts.wired}));
 }
 
+void CTerminals::SetAnalogInput(int number, double volts) {
+    const auto place = static_cast<std::size_t>(number - 1);
+    m_byHand.at(place) = true;
+    m_analogInputs.at(place) = volts;
+}
+
+void CTerminals::SetSensor(int number, double volts) {
+    const auto put = [this](int input, double level) {
+        const auto place = static_cast<std::size_t>(input - 1);
+        if (input != 0 && !m_byHand.at(place))
+            m_analogInputs.at(place) = level;
+    };
+    put(m_sensor, 0);
+    put(m_sensor = number, volts);
+}
+
 void CTerminals::Choose(quint16& set, quint16& other, int number) {
     const unsigned bit = 1U << (number - 1);
     set = static_cast<quint16>(set | bit);

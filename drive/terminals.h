@@ -43,7 +43,10 @@ public:
     /// From bit 0 for DI1.
     quint16 GetDigitalInputs() const;
 
-    void SetAnalogInput(int number, double volts) { m_analogInputs.at(static_cast<std::size_t>(number - 1)) = volts; }
+    /// Takes the wire of a sensor off, for good.
+    void SetAnalogInput(int number, double volts);
+    /// A sensor of the plant lies at an analogue input (0: at none), unless somebody has put something else there.
+    void SetSensor(int number, double volts);
     const std::array<double, 4>& GetAnalogInputs() const { return m_analogInputs; } ///< [V]
 
 private:
@@ -53,6 +56,8 @@ private:
     quint16 m_off = 0;
     PlantContacts m_contacts;
     std::array<double, 4> m_analogInputs{};
+    std::array<bool, 4> m_byHand{}; ///< somebody has put a voltage there
+    int m_sensor = 0;
 };
 
 } // namespace krt550
