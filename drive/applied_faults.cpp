@@ -66,6 +66,10 @@ void ApplyFaultModes(const CFaultModes& modes, CSimulatedDrive& drive) {
     drive.GetFans().SetConverterFanLost(modes.Has(Kind::ConverterFanLost));
     drive.GetCommanders().SetBusLost(modes.Has(Kind::FieldbusLost));
     drive.GetCommanders().SetLinkLost(modes.Has(Kind::LinkLost));
+    SlaveConverter& slave = drive.GetTwelvePulse().GetSlave();
+    slave.lost = modes.Has(Kind::SlaveLost);
+    slave.bridgeStays = modes.Has(Kind::SlaveBridge);
+    slave.weakness = Share(modes, Kind::SlaveWeak);
     drive.GetServiceMode().SetProgressStuck(modes.Has(Kind::ProgressStuck));
     drive.GetServiceMode().SetOutlivesStop(modes.Has(Kind::ModeStays));
     drive.SetEarthCurrent(Share(modes, Kind::EarthFault));

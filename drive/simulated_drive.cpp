@@ -29,23 +29,28 @@ CSimulatedDrive::CSimulatedDrive(std::vector<ParameterDescription> descriptions,
 }
 
 void CSimulatedDrive::Advance() {
-    const qint64 now = CClock::Current().Now();
+    AdvanceTo(CClock::Current().Now());
+}
+
+void CSimulatedDrive::AdvanceTo(qint64 now) {
     // Another clock may have taken the place of the one before: time never runs backwards for the drive.
     qint64 left = std::max<qint64>(0, now - m_lastAdvance);
     m_lastAdvance = now;
     ReadParameters();
     while (left > 0) {
         // Nothing moves in a resting drive; one slice does for any time.
-        const qint64 slice = IsResting() ? left : std::min(left, kSlice);
+        const qint64 slice = IsResting() && IsNeighbourResting() ? left : std::min(left, kSlice);
         left -= slice;
         Pass(slice);
+        Exchange(slice, now - left);
     }
     ShowState();
 }
 
 bool CSimulatedDrive::IsResting() const {
     return IsStopped() && !m_contactor.IsClosed() && !IsFieldHeated() && m_contactor.GetAstray() == 0 &&
-           m_service.IsIdle() && !m_mains.IsDipping() && m_otherLeft == 0 && m_control.GetMotor().IsAtRest();
+           m_service.IsIdle() && m_commanders.GetStopReason() == 0 && !m_mains.IsDipping() && m_otherLeft == 0 &&
+           m_control.GetMotor().IsAtRest();
 }
 
 void CSimulatedDrive::Pass(qint64 milliseconds) {
@@ -60,6 +65,9 @@ void CSimulatedDrive::Pass(qint64 milliseconds) {
     } else {
         Integrate(seconds, alarms);
     }
+    if (const quint16 trip =
+            m_twelvePulse.Step(seconds, m_contactor.IsClosed(), m_control.GetState(), m_settings, m_registers))
+        Trip(trip);
     ScanTerminals(seconds);
     alarms.merge(m_board.GetFindings().alarms);
     m_faults.SetAlarms(alarms);
@@ -89,6 +97,7 @@ void CSimulatedDrive::ReadParameters() {
     m_levels = ReadTripLevels(m_registers, m_settings);
     m_references.Read(m_registers, BaseSpeed());
     m_board.Read(m_registers);
+    m_adapter.Read(m_registers);
     m_fieldHeating = m_registers.GetNumber(reg::kFieldHeating, 0) / 100;
 }
 

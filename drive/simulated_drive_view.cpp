@@ -45,7 +45,7 @@ void CSimulatedDrive::ShowState() {
     m_faults.Show(m_registers);
     ShowActualValues(motor, {m_display.GetOutput(), m_mains.GetVoltage(), m_protection.GetTemperatureRise()},
                      m_settings, m_registers);
-    ShowLinkNodes(m_registers);
+    ShowLinkNodes({m_otherNode, m_twelvePulse.GetNode()}, m_registers);
     ShowLimits(motor, m_settings, m_board.GetReferences().GetTorque().limit, m_registers);
     m_board.Show(m_registers);
     ShowDigitalOutputs(m_registers);

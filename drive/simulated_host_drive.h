@@ -87,6 +87,7 @@ private:
     bool Command(const std::function<bool()>& command);
     void FetchStatus();
     void RetireTree();
+    void RenameInTrees(const ParameterDescription& parameter);
 
     CSimulatedDrive m_drive;
     CFaultModes m_modes;

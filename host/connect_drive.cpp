@@ -11,18 +11,69 @@
 namespace krt550 {
 namespace {
 
-struct Feedback {
+/// An option of the drive with a word for a value.
+struct DriveOption {
     const char* name;
-    FeedbackDevice device;
+    QString (*choices)();
+    /// False for a value that is none. A null connection is only a question.
+    bool (*apply)(const QString& value, CSimulatedConnection* connection);
 };
 
-constexpr Feedback kFeedbacks[] = {
-    {"encoder", FeedbackDevice::Encoder}, {"tacho", FeedbackDevice::Tacho}, {"none", FeedbackDevice::None}};
+template <class Value> struct Choice {
+    const char* name;
+    Value value;
+};
 
-const Feedback* FindFeedback(const QString& name) {
+template <class Value, std::size_t Count>
+const Value* Find(const QString& name, const Choice<Value> (&choices)[Count]) {
     const auto* const found =
-        std::ranges::find_if(kFeedbacks, [&name](const Feedback& known) { return name == QLatin1String(known.name); });
-    return found == std::end(kFeedbacks) ? nullptr : found;
+        std::ranges::find_if(choices, [&name](const auto& choice) { return name == QLatin1String(choice.name); });
+    return found == std::end(choices) ? nullptr : &found->value;
+}
+
+bool MountFeedback(const QString& value, CSimulatedConnection* connection) {
+    constexpr Choice<FeedbackDevice> kDevices[] = {
+        {"encoder", FeedbackDevice::Encoder}, {"tacho", FeedbackDevice::Tacho}, {"none", FeedbackDevice::None}};
+    const FeedbackDevice* device = Find(value, kDevices);
+    if (device && connection)
+        connection->SetFeedback(*device);
+    return device;
+}
+
+bool MountAdapter(const QString& value, CSimulatedConnection* connection) {
+    AdapterType type = AdapterType::None;
+    const bool known = FindAdapter(value, type);
+    if (known && connection)
+        connection->MountAdapter(type);
+    return known;
+}
+
+bool ConnectPartner(const QString& value, CSimulatedConnection* connection) {
+    const MotorSet* motor = FindMotorSet(value);
+    if (motor && connection)
+        connection->ConnectPartner(*motor);
+    return motor;
+}
+
+bool ConnectSlave(const QString& value, CSimulatedConnection* connection) {
+    constexpr Choice<SlaveWiring> kWirings[] = {{"parallel", SlaveWiring::Parallel}, {"series", SlaveWiring::Series}};
+    const SlaveWiring* wiring = Find(value, kWirings);
+    if (wiring && connection)
+        connection->ConnectSlave(*wiring);
+    return wiring;
+}
+
+constexpr DriveOption kOptions[] = {
+    {"feedback", [] { return QStringLiteral("encoder, tacho, none"); }, MountFeedback},
+    {"adapter", AdapterNames, MountAdapter},
+    {"partner", MotorSetNames, ConnectPartner},
+    {"slave", [] { return QStringLiteral("parallel, series"); }, ConnectSlave},
+};
+
+const DriveOption* FindOption(const QString& name) {
+    const auto* const found =
+        std::ranges::find_if(kOptions, [&name](const DriveOption& known) { return name == QLatin1String(known.name); });
+    return found == std::end(kOptions) ? nullptr : found;
 }
 
 /// The first thing in the name that the simulated drive does not know; empty when there is none.
@@ -31,10 +82,11 @@ QString UnknownTo(const DriveName& name) {
         return QStringLiteral("motor \"%1\"; its motors are: %2").arg(name.motor, MotorSetNames());
     for (const auto& [option, value] : name.options) {
         const std::optional<Terminal> terminal = ParseTerminal(option);
-        if (option != QLatin1String("feedback") && !CMotorOptions::Knows(option) && !(terminal && terminal->IsInput()))
+        const DriveOption* known = FindOption(option);
+        if (!known && !CMotorOptions::Knows(option) && !(terminal && terminal->IsInput()))
             return QStringLiteral("option \"%1\"").arg(option);
-        if (option == QLatin1String("feedback") && !FindFeedback(value))
-            return QStringLiteral("feedback \"%1\"; there are: encoder, tacho, none").arg(value);
+        if (known && !known->apply(value, nullptr))
+            return QStringLiteral("%1 \"%2\"; there are: %3").arg(option, value, known->choices());
     }
     return {};
 }
@@ -65,8 +117,8 @@ std::unique_ptr<CConnection> ConnectDrive(const QString& text, std::vector<Param
     auto connection = std::make_unique<CSimulatedConnection>(
         std::move(parameters), wizardDirectory + QLatin1String("/KRT550Wizard.so"), motor.GetMotor());
     for (const auto& [option, value] : name->options)
-        if (const Feedback* feedback = FindFeedback(value); feedback && option == QLatin1String("feedback"))
-            connection->SetFeedback(feedback->device);
+        if (const DriveOption* known = FindOption(option))
+            known->apply(value, connection.get());
     connection->SetMacros(std::move(macros));
     for (const auto& [option, value] : name->options) {
         const std::optional<Terminal> terminal = ParseTerminal(option);

@@ -1,6 +1,7 @@
 #include "host/options.h"
 
 #include "drive/fault_modes.h"
+#include "drive/fieldbus_adapter.h"
 #include "drive/motor_sets.h"
 #include "host/motor_options.h"
 #include "host/play/vocabulary.h"
@@ -89,10 +90,14 @@ QString HelpText() {
         QStringLiteral("Connects a drive, opens the commissioning wizard on it and ends with the wizard."));
     const QString text = QStringLiteral(
         "\n"
-        "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none; fault=NAME, as\n"
-        "often as needed; DI1=on, AI1=5, AI2=12mA and so on for what lies at its terminals from the start; and what is "
-        "to\n"
-        "be different about the motor:\n%2\n"
+        "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none;\n"
+        "adapter=%4 is its fieldbus adapter;\n"
+        "partner=MOTOR a second drive on its drive-to-drive link, set up as a follower: node 2, mailbox -1 received\n"
+        "(control word, speed reference), mailbox 2 transmitted (status word, speed); slave=parallel or series a "
+        "12-pulse\n"
+        "slave converter with node 31; fault=NAME, as often as needed; DI1=on, AI1=5, AI2=12mA and so on for what "
+        "lies\n"
+        "at its terminals from the start; and what is to be different about the motor:\n%2\n"
         "Its faults:\n%3\n"
         "--drive sim:S1,feedback=tacho,fault=missing:3016 is the motor S1 with a tacho and a drive without that\n"
         "parameter, sim:S2,R=3.1,L=0.02,J=0.1,load=10 another motor behind a machine.\n\n"
@@ -100,7 +105,8 @@ QString HelpText() {
         "However the program ends, it stops a motor under its control first and waits until it stands.\n\n"
         "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed, the wizard did not run,\n"
         "the run was interrupted or its log has gaps; 2 a wrong option, or a file that cannot be read or written.\n\n");
-    return parser.helpText() + text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp()) + PlayHelpText();
+    return parser.helpText() + text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp(), AdapterNames()) +
+           PlayHelpText();
 }
 
 QString VersionText() {

@@ -24,9 +24,25 @@ std::optional<double> CSimulatedConnection::TrueValue(quint16 reg) {
     return m_drive.GetDrive().GetTrueValue(reg);
 }
 
-CRegisterFile& CSimulatedConnection::Registers() {
-    m_drive.GetDrive().Advance();
-    return m_drive.GetDrive().GetRegisters();
+CRegisterFile* CSimulatedConnection::FindRegisters(DriveSide side) {
+    m_drive.GetDrive().Advance(); // the partner lives by its time
+    if (side == DriveSide::Own)
+        return &m_drive.GetDrive().GetRegisters();
+    return m_partner ? &m_partner->GetRegisters() : nullptr;
+}
+
+QString CSimulatedConnection::SendFromPlc(int number, quint16 word) {
+    const bool carried = m_drive.GetDrive().SendFromPlc(number, word);
+    return carried ? QString()
+                   : QStringLiteral("the fieldbus does not carry word %1 to the drive: see 98.02, 51.05, 51.18")
+                         .arg(number);
+}
+
+void CSimulatedConnection::ConnectPartner(const MotorSet& motor) {
+    CSimulatedDrive& drive = m_drive.GetDrive();
+    m_partner = std::make_unique<CSimulatedDrive>(drive.GetRegisters().GetDescriptions(), &motor);
+    SetUpFollower(*m_partner);
+    m_link = std::make_unique<CDriveLink>(drive, *m_partner);
 }
 
 } // namespace krt550
