@@ -32,7 +32,8 @@ void CPlc::Send(int number, quint16 word) {
 }
 
 bool CPlc::Exchange(const Telegram& telegram, CRegisterFile& registers, const WriteWord& write) {
-    const bool sends = m_sends && telegram.toDrive > 0;
+    if (telegram.toDrive == 0)
+        return false;
     quint16 errors = registers.GetWord(reg::kAdapterErrors);
     for (int i = 0; i < kWords; ++i) {
         const auto at = static_cast<std::size_t>(i);
@@ -43,7 +44,7 @@ bool CPlc::Exchange(const Telegram& telegram, CRegisterFile& registers, const Wr
         m_received[at].reset();
         if (isIn(telegram.fromDrive))
             m_received[at] = sourceScaling > 0 ? Scaled(word, kFullScale / sourceScaling) : word;
-        if (!sends || !isIn(telegram.toDrive))
+        if (!m_sends || !isIn(telegram.toDrive))
             continue;
         const quint16 target = registers.GetWord(static_cast<quint16>(reg::kReceiveDatasets + i));
         const double scaling = ScalingOf(target, registers);
@@ -52,8 +53,8 @@ bool CPlc::Exchange(const Telegram& telegram, CRegisterFile& registers, const Wr
             ++errors;
     }
     registers.SetWord(reg::kAdapterErrors, errors);
-    registers.SetWord(reg::kAdapterState, sends ? 2 : 1);
-    return sends;
+    registers.SetWord(reg::kAdapterState, m_sends ? 2 : 1);
+    return m_sends;
 }
 
 } // namespace krt550
