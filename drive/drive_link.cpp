@@ -8,13 +8,13 @@
 namespace krt550 {
 namespace {
 
-constexpr quint16 kMailboxStride = 6;
+constexpr std::size_t kMailboxStride = 6;
 
-quint16 RegisterOf(int mailbox, quint16 first) {
-    return static_cast<quint16>(first + kMailboxStride * mailbox);
+quint16 RegisterOf(std::size_t mailbox, quint16 first, std::size_t offset = 0) {
+    return static_cast<quint16>(first + kMailboxStride * mailbox + offset);
 }
 
-qint16 IdOf(int mailbox, CSimulatedDrive& drive) {
+qint16 IdOf(std::size_t mailbox, CSimulatedDrive& drive) {
     return static_cast<qint16>(drive.GetRegisters().GetWord(RegisterOf(mailbox, reg::kMailboxId)));
 }
 
@@ -35,13 +35,13 @@ bool CDriveLink::IsResting() const {
 void CDriveLink::Pass(qint64 milliseconds, qint64 now) {
     m_ends[1].drive.AdvanceTo(now);
     const bool up = IsUp();
-    for (int i : {0, 1}) {
-        End& from = m_ends[static_cast<std::size_t>(i)];
-        End& to = m_ends[static_cast<std::size_t>(1 - i)];
+    for (const std::size_t i : {0, 1}) {
+        End& from = m_ends[i];
+        End& to = m_ends[1 - i];
         const CRegisterFile& registers = from.drive.GetRegisters();
         to.drive.SetOtherNode(up ? registers.GetWord(reg::kConverterNode) : quint16{0});
-        for (int box = 0; box < kMailboxes; ++box) {
-            qint64& elapsed = from.elapsed[static_cast<std::size_t>(box)];
+        for (std::size_t box = 0; box < kMailboxes; ++box) {
+            qint64& elapsed = from.elapsed[box];
             elapsed += milliseconds;
             const qint64 cycle = registers.GetWord(RegisterOf(box, reg::kMailboxCycle));
             if (!up || IdOf(box, from.drive) <= 0 || elapsed < cycle)
@@ -53,31 +53,28 @@ void CDriveLink::Pass(qint64 milliseconds, qint64 now) {
 }
 
 bool CDriveLink::IsUp() const {
-    const auto word = [this](int end, quint16 reg) {
-        return m_ends[static_cast<std::size_t>(end)].drive.GetRegisters().GetWord(reg);
-    };
+    const auto word = [this](std::size_t end, quint16 reg) { return m_ends[end].drive.GetRegisters().GetWord(reg); };
     const quint16 nodes[] = {word(0, reg::kConverterNode), word(1, reg::kConverterNode)};
     return nodes[0] != 0 && nodes[1] != 0 && nodes[0] != nodes[1] &&
            word(0, reg::kLinkBaud) == word(1, reg::kLinkBaud) && !m_ends[0].drive.GetCommanders().IsLinkLost() &&
            !m_ends[1].drive.GetCommanders().IsLinkLost();
 }
 
-void CDriveLink::Send(int mailbox, End& from, End& to) {
+void CDriveLink::Send(std::size_t mailbox, End& from, End& to) {
     const int id = IdOf(mailbox, from.drive);
     const CRegisterFile& sender = from.drive.GetRegisters();
     CRegisterFile& receiver = to.drive.GetRegisters();
-    for (int box = 0; box < kMailboxes; ++box) {
+    for (std::size_t box = 0; box < kMailboxes; ++box) {
         if (IdOf(box, to.drive) != -id)
             continue;
         to.drive.GetCommanders().HearLink();
-        for (int i = 0; i < kValues; ++i) {
-            const quint16 source = sender.GetWord(static_cast<quint16>(RegisterOf(mailbox, reg::kMailboxValue) + i));
-            const quint16 target = receiver.GetWord(static_cast<quint16>(RegisterOf(box, reg::kMailboxValue) + i));
+        for (std::size_t i = 0; i < kValues; ++i) {
+            const quint16 source = sender.GetWord(RegisterOf(mailbox, reg::kMailboxValue, i));
+            const quint16 target = receiver.GetWord(RegisterOf(box, reg::kMailboxValue, i));
             const auto write = [&to](quint16 reg, quint16 word) { return to.drive.TakeWord(reg, word); };
             const quint16 errors = receiver.GetWord(reg::kLinkErrors);
-            if (!to.incoming.Deliver(static_cast<std::size_t>(kValues * box + i), target, sender.GetWord(source),
-                                     write) &&
-                errors < 0xFFFF)
+            const bool taken = to.incoming.Deliver(kValues * box + i, target, sender.GetWord(source), write);
+            if (!taken && errors < 0xFFFF)
                 receiver.SetWord(reg::kLinkErrors, static_cast<quint16>(errors + 1));
         }
     }
@@ -98,10 +95,10 @@ void SetUpFollower(CSimulatedDrive& drive) {
         {reg::kSpeedSource, 1},
         {RegisterOf(0, reg::kMailboxId), -1},
         {RegisterOf(0, reg::kMailboxValue), reg::kControlWord},
-        {static_cast<quint16>(RegisterOf(0, reg::kMailboxValue) + 1), reg::kRemoteReference},
+        {RegisterOf(0, reg::kMailboxValue, 1), reg::kRemoteReference},
         {RegisterOf(1, reg::kMailboxId), 2},
         {RegisterOf(1, reg::kMailboxValue), reg::kStatusWord},
-        {static_cast<quint16>(RegisterOf(1, reg::kMailboxValue) + 1), reg::kSpeed},
+        {RegisterOf(1, reg::kMailboxValue, 1), reg::kSpeed},
     };
     for (const auto& [reg, value] : settings)
         drive.GetRegisters().SetNumber(reg, value);

@@ -4,6 +4,7 @@
 #include "drive/neighbour.h"
 
 #include <array>
+#include <cstddef>
 
 namespace krt550 {
 
@@ -24,8 +25,8 @@ public:
     void Pass(qint64 milliseconds, qint64 now) override;
 
 private:
-    static constexpr int kMailboxes = 4;
-    static constexpr int kValues = 4;
+    static constexpr std::size_t kMailboxes = 4;
+    static constexpr std::size_t kValues = 4;
 
     struct End {
         CSimulatedDrive& drive;
@@ -34,7 +35,7 @@ private:
     };
 
     bool IsUp() const;
-    static void Send(int mailbox, End& from, End& to);
+    static void Send(std::size_t mailbox, End& from, End& to);
 
     std::array<End, 2> m_ends;
 };
