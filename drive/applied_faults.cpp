@@ -61,6 +61,7 @@ void ApplyFaultModes(const CFaultModes& modes, CSimulatedDrive& drive) {
     ApplyToShaft(modes, drive);
     drive.GetContactor().SetDefect(Worst(modes, kContactor));
     drive.GetMains().SetPhases(Worst(modes, kPhases));
+    drive.GetMains().SetWander(modes.Find(Kind::MainsUnsteady).value_or(0));
     drive.GetMains().SetLost(modes.Has(Kind::MainsLost));
     drive.GetFans().SetMotorFanLost(modes.Has(Kind::MotorFanLost));
     drive.GetFans().SetConverterFanLost(modes.Has(Kind::ConverterFanLost));

@@ -35,6 +35,7 @@ inline constexpr quint16 kFaultPhaseMissing = 119;
 inline constexpr quint16 kFaultPhaseOrder = 120;
 inline constexpr quint16 kFaultRipple = 121;
 inline constexpr quint16 kFaultAnalogInput = 122;
+inline constexpr quint16 kFaultSynchronisation = 127;
 inline constexpr quint16 kFaultSharing = 128;
 inline constexpr quint16 kFaultSlave = 129;
 inline constexpr quint16 kFaultSlaveBridge = 130;
@@ -67,6 +68,7 @@ inline constexpr auto kFaultCodes = std::to_array<FaultCode>({
     {kFaultPhaseOrder, "mains phases in the wrong order"},
     {kFaultRipple, "armature current ripple"},
     {kFaultAnalogInput, "analogue input below its range"},
+    {kFaultSynchronisation, "synchronisation with the mains lost"},
     {kFaultSharing, "12-pulse current difference"},
     {kFaultSlave, "12-pulse slave does not answer"},
     {kFaultSlaveBridge, "12-pulse reversal too slow"},

@@ -41,6 +41,8 @@ constexpr ModeName kModeNames[] = {
     {FaultModeKind::MainsDip, "mains-dip", "MS", 1, 60000, 0, "no supply for that time: trip 103, or a pause by 30.20"},
     {FaultModeKind::PhaseMissing, "phase-missing", nullptr, 0, 0, 0, "a mains phase is gone: trip 119"},
     {FaultModeKind::PhaseOrder, "phase-order", nullptr, 0, 0, 0, "left-hand mains: trip 120"},
+    {FaultModeKind::MainsUnsteady, "mains-unsteady", "DEGREES", 1, 60, 0,
+     "the phase of the mains strays by so much: trip 127 by 97.19"},
     {FaultModeKind::FuseBlown, "fuse-blown", nullptr, 0, 0, 0, "a branch fuse is gone: gaps in the current, trip 121"},
     {FaultModeKind::EarthFault, "earth-fault", "PERCENT", 1, 100, 0,
      "current to earth, of rated current: trip 113 by 30.04"},

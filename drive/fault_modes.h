@@ -26,6 +26,7 @@ enum class FaultModeKind {
     MainsDip,
     PhaseMissing,
     PhaseOrder,
+    MainsUnsteady,
     FuseBlown,
     EarthFault,
     FieldBroken,

@@ -259,6 +259,7 @@ inline constexpr quint16 kLinkErrors = 9411;        ///< words that were refused
 inline constexpr quint16 kMailboxId = 9412;         ///< of mailbox 1, every sixth one of the next
 inline constexpr quint16 kMailboxCycle = 9413;      ///< [ms]
 inline constexpr quint16 kMailboxValue = 9414;      ///< and three more behind it
+inline constexpr quint16 kLargestWander = 9719;     ///< of the mains' phase [deg]
 inline constexpr quint16 kCurrentAdjust = 9723;     ///< of the armature current measurement [%]
 inline constexpr quint16 kFieldbusModule = 9802;    ///< 0 none, 1 adapter, 2 Modbus
 inline constexpr quint16 kRatedVoltage = 9902;      ///< [V]

@@ -68,6 +68,8 @@ void CSimulatedDrive::Pass(qint64 milliseconds) {
     if (const quint16 trip =
             m_twelvePulse.Step(seconds, m_contactor.IsClosed(), m_control.GetState(), m_settings, m_registers))
         Trip(trip);
+    if (m_logic.IsDriving() && m_mains.GetWander() > m_registers.GetNumber(reg::kLargestWander, 10))
+        Trip(kFaultSynchronisation);
     ScanTerminals(seconds);
     alarms.merge(m_board.GetFindings().alarms);
     m_faults.SetAlarms(alarms);

@@ -144,6 +144,7 @@ const LinkCase kCases[] = {
     {"SlaveOfNobody", {{"slave=parallel 4301=3 4701=1 DI7=on", 2, "910=129"}}},
     {"ArmatureConverterIsAlone", {{kTwelve, 0, ""}, {"4301=0 slave-lost", 8, "910=0 104=850 135=0"}}},
     {"SlaveKeepsItsBridge", {{kTwelve, 8, ""}, {"slave-bridge AI1=-5", 5, "910=130"}}},
+    {"UnsteadyMains", {{kTwelve, 8, ""}, {"mains-unsteady:10", 1, "910=0"}, {"mains-unsteady:11", 1, "910=127"}}},
     {"BothChangeTheirBridges", {{kTwelve, 8, ""}, {"AI1=-5", 8, "104=-850 135=-41.7 910=0"}}},
 };
 
