@@ -115,18 +115,19 @@ void ShowLimits(const MotorState& state, const DriveSettings& settings, const To
     registers.SetWord(reg::kLimitWord2, WordOf(others));
 }
 
-void ShowLinkNodes(CRegisterFile& registers) {
+void ShowLinkNodes(std::initializer_list<quint16> others, CRegisterFile& registers) {
     constexpr int kFirstExternalExciter = 2;
     constexpr unsigned kNodes = 32;
     quint32 nodes = 0;
-    const auto answer = [&nodes, &registers](quint16 reg) {
-        const quint16 node = registers.GetWord(reg);
+    const auto answer = [&nodes](quint16 node) {
         if (node >= 1 && node <= kNodes)
             nodes |= 1U << (node - 1);
     };
-    answer(reg::kConverterNode);
+    answer(registers.GetWord(reg::kConverterNode));
     if (registers.GetWord(reg::kExciterFound) >= kFirstExternalExciter)
-        answer(reg::kExciterNode);
+        answer(registers.GetWord(reg::kExciterNode));
+    for (const quint16 node : others)
+        answer(node);
     registers.SetWord(reg::kLinkNodesLow, static_cast<quint16>(nodes & 0xFFFF));
     registers.SetWord(reg::kLinkNodesHigh, static_cast<quint16>(nodes >> 16));
 }

@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+#include <initializer_list>
+
 namespace krt550 {
 
 class CRegisterFile;
@@ -25,8 +27,8 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
 void ShowLimits(const MotorState& state, const DriveSettings& settings, const TorqueDemand& demand, double tooFast,
                 CRegisterFile& registers);
 
-/// Shows the nodes that answer on the link: the converter, and an exciter that is not on its board.
-void ShowLinkNodes(CRegisterFile& registers);
+/// Shows the nodes that answer on the link: the converter, an exciter that is not on its board, and `others` (0: none).
+void ShowLinkNodes(std::initializer_list<quint16> others, CRegisterFile& registers);
 
 /// Sets the digital outputs from the bits that their indices and bit numbers choose.
 void ShowDigitalOutputs(CRegisterFile& registers);

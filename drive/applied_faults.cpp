@@ -61,11 +61,16 @@ void ApplyFaultModes(const CFaultModes& modes, CSimulatedDrive& drive) {
     ApplyToShaft(modes, drive);
     drive.GetContactor().SetDefect(Worst(modes, kContactor));
     drive.GetMains().SetPhases(Worst(modes, kPhases));
+    drive.GetMains().SetWander(modes.Find(Kind::MainsUnsteady).value_or(0));
     drive.GetMains().SetLost(modes.Has(Kind::MainsLost));
     drive.GetFans().SetMotorFanLost(modes.Has(Kind::MotorFanLost));
     drive.GetFans().SetConverterFanLost(modes.Has(Kind::ConverterFanLost));
     drive.GetCommanders().SetBusLost(modes.Has(Kind::FieldbusLost));
     drive.GetCommanders().SetLinkLost(modes.Has(Kind::LinkLost));
+    SlaveConverter& slave = drive.GetTwelvePulse().GetSlave();
+    slave.lost = modes.Has(Kind::SlaveLost);
+    slave.bridgeStays = modes.Has(Kind::SlaveBridge);
+    slave.weakness = Share(modes, Kind::SlaveWeak);
     drive.GetServiceMode().SetProgressStuck(modes.Has(Kind::ProgressStuck));
     drive.GetServiceMode().SetOutlivesStop(modes.Has(Kind::ModeStays));
     drive.SetEarthCurrent(Share(modes, Kind::EarthFault));

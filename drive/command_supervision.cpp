@@ -23,8 +23,8 @@ Findings CCommandSupervision::Step(qint64 milliseconds, const CommandView& view,
         found.trip = std::exchange(m_stopReason, quint16{0});
     m_constantSpeed = false;
     m_tool = view.byTool ? m_tool + milliseconds : 0;
-    m_bus = view.byBus && view.on && m_busLost ? m_bus + milliseconds : 0;
-    m_link = view.byLink && view.on && m_linkLost ? m_link + milliseconds : 0;
+    m_bus.Step(milliseconds, view.byBus && view.on);
+    m_link.Step(milliseconds, view.byLink && view.on);
     const struct {
         qint64 silence;
         double limit; ///< [ms]; 0: not supervised
@@ -33,8 +33,10 @@ Findings CCommandSupervision::Step(qint64 milliseconds, const CommandView& view,
     } commanders[] = {
         {m_tool, registers.GetNumber(reg::kLocalSupervision, 0) * 1000, registers.GetWord(reg::kLocalLossReaction),
          kFaultConnection},
-        {m_bus, registers.GetNumber(reg::kBusSupervision, 0), registers.GetWord(reg::kBusLossReaction), kFaultFieldbus},
-        {m_link, registers.GetNumber(reg::kLinkSupervision, 0), registers.GetWord(reg::kLinkLossReaction), kFaultLink},
+        {m_bus.silence, registers.GetNumber(reg::kBusSupervision, 0), registers.GetWord(reg::kBusLossReaction),
+         kFaultFieldbus},
+        {m_link.silence, registers.GetNumber(reg::kLinkSupervision, 0), registers.GetWord(reg::kLinkLossReaction),
+         kFaultLink},
     };
     const auto isSilent = [](const auto& c) { return c.limit > 0 && static_cast<double>(c.silence) >= c.limit; };
     for (const auto& c : commanders) {

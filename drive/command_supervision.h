@@ -24,8 +24,13 @@ struct CommandView {
 class CCommandSupervision {
 public:
     void HearTool() { m_tool = 0; }
-    void SetBusLost(bool lost) { m_busLost = lost; }
-    void SetLinkLost(bool lost) { m_linkLost = lost; }
+    /// Whoever has been heard over the fieldbus or the link must go on; before that nobody is waited for.
+    void HearBus() { m_bus.Hear(); }
+    void HearLink() { m_link.Hear(); }
+    void SetBusLost(bool lost) { m_bus.lost = lost; }
+    void SetLinkLost(bool lost) { m_link.lost = lost; }
+    bool IsBusLost() const { return m_bus.lost; }
+    bool IsLinkLost() const { return m_link.lost; }
 
     Findings Step(qint64 milliseconds, const CommandView& view, const CRegisterFile& registers);
     /// Local control is taken from the tool.
@@ -38,12 +43,24 @@ public:
     bool WantsConstantSpeed() const { return m_constantSpeed; }
 
 private:
+    struct Line {
+        qint64 silence = 0; ///< [ms]
+        bool heard = false; ///< once
+        bool lost = false;  ///< cut
+
+        void Hear() {
+            silence = 0;
+            heard = true;
+        }
+        void Step(qint64 milliseconds, bool counts) {
+            silence = counts && (heard || lost) ? silence + milliseconds : 0;
+        }
+    };
+
     qint64 m_tool = 0; ///< silence [ms]
-    qint64 m_bus = 0;
-    qint64 m_link = 0;
+    Line m_bus;
+    Line m_link;
     bool m_toolGivenUp = false;
-    bool m_busLost = false;
-    bool m_linkLost = false;
     quint16 m_stopReason = 0;
     bool m_atLimit = false;
     bool m_constantSpeed = false;

@@ -35,11 +35,17 @@ inline constexpr quint16 kFaultPhaseMissing = 119;
 inline constexpr quint16 kFaultPhaseOrder = 120;
 inline constexpr quint16 kFaultRipple = 121;
 inline constexpr quint16 kFaultAnalogInput = 122;
+inline constexpr quint16 kFaultSynchronisation = 127;
+inline constexpr quint16 kFaultSharing = 128;
+inline constexpr quint16 kFaultSlave = 129;
+inline constexpr quint16 kFaultSlaveBridge = 130;
+inline constexpr quint16 kFaultSlaveWiring = 131;
+inline constexpr quint16 kFaultZeroCurrent = 132;
 inline constexpr quint16 kFirstFault = 101;
 /// An alarm's code is that of the fault that it could have been, and this.
 inline constexpr quint16 kAlarmOffset = 4000;
 
-inline constexpr std::array<FaultCode, 22> kFaultCodes = {{
+inline constexpr auto kFaultCodes = std::to_array<FaultCode>({
     {kFaultOvercurrent, "armature overcurrent"},
     {kFaultOvervoltage, "armature overvoltage"},
     {kFaultMains, "mains voltage lost"},
@@ -62,7 +68,13 @@ inline constexpr std::array<FaultCode, 22> kFaultCodes = {{
     {kFaultPhaseOrder, "mains phases in the wrong order"},
     {kFaultRipple, "armature current ripple"},
     {kFaultAnalogInput, "analogue input below its range"},
-}};
+    {kFaultSynchronisation, "synchronisation with the mains lost"},
+    {kFaultSharing, "12-pulse current difference"},
+    {kFaultSlave, "12-pulse slave does not answer"},
+    {kFaultSlaveBridge, "12-pulse reversal too slow"},
+    {kFaultSlaveWiring, "12-pulse mode and wiring differ"},
+    {kFaultZeroCurrent, "armature current does not become zero"},
+});
 
 /// "fault 110 (external trip)".
 inline QString FaultText(quint16 code) {

@@ -27,6 +27,9 @@ public:
     void Dip(qint64 milliseconds) { m_dip = milliseconds; }
     void SetPhases(PhaseDefect defect) { m_phases = defect; }
     PhaseDefect GetPhases() const { return m_phases; }
+    /// How far its phase strays from where the converter expects it [deg].
+    void SetWander(double degrees) { m_wander = degrees; }
+    double GetWander() const { return m_wander; }
     double GetVoltage() const { return m_dip > 0 ? 0 : m_voltage; }
     bool IsDipping() const { return m_dip > 0; }
     void Pass(qint64 milliseconds) { m_dip = std::max<qint64>(0, m_dip - milliseconds); }
@@ -34,6 +37,7 @@ public:
 private:
     double m_rated;
     double m_voltage;
+    double m_wander = 0;
     qint64 m_dip = 0;
     PhaseDefect m_phases = PhaseDefect::None;
 };

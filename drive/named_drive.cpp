@@ -1,6 +1,7 @@
 #include "drive/named_drive.h"
 
 #include "drive/drive_name.h"
+#include "drive/fieldbus_adapter.h"
 #include "drive/motor_options.h"
 #include "drive/motor_sets.h"
 #include "hostlib/tolvbo32/drive_description.h"
@@ -15,18 +16,69 @@
 namespace krt550 {
 namespace {
 
-struct Feedback {
+/// An option of the drive with a word for a value.
+struct DriveOption {
     const char* name;
-    FeedbackDevice device;
+    QString (*choices)();
+    /// False for a value that is none. A null drive is only a question.
+    bool (*apply)(const QString& value, CSimulatedHostDrive* drive);
 };
 
-constexpr Feedback kFeedbacks[] = {
-    {"encoder", FeedbackDevice::Encoder}, {"tacho", FeedbackDevice::Tacho}, {"none", FeedbackDevice::None}};
+template <class Value> struct Choice {
+    const char* name;
+    Value value;
+};
 
-const Feedback* FindFeedback(const QString& name) {
+template <class Value, std::size_t Count>
+const Value* Find(const QString& name, const Choice<Value> (&choices)[Count]) {
     const auto* const found =
-        std::ranges::find_if(kFeedbacks, [&name](const Feedback& known) { return name == QLatin1String(known.name); });
-    return found == std::end(kFeedbacks) ? nullptr : found;
+        std::ranges::find_if(choices, [&name](const auto& choice) { return name == QLatin1String(choice.name); });
+    return found == std::end(choices) ? nullptr : &found->value;
+}
+
+bool MountFeedback(const QString& value, CSimulatedHostDrive* drive) {
+    constexpr Choice<FeedbackDevice> kDevices[] = {
+        {"encoder", FeedbackDevice::Encoder}, {"tacho", FeedbackDevice::Tacho}, {"none", FeedbackDevice::None}};
+    const FeedbackDevice* device = Find(value, kDevices);
+    if (device && drive)
+        drive->GetDrive().GetFeedback().device = *device;
+    return device;
+}
+
+bool MountAdapter(const QString& value, CSimulatedHostDrive* drive) {
+    AdapterType type = AdapterType::None;
+    const bool known = FindAdapter(value, type);
+    if (known && drive)
+        drive->GetDrive().MountAdapter(type);
+    return known;
+}
+
+bool ConnectPartner(const QString& value, CSimulatedHostDrive* drive) {
+    const MotorSet* motor = FindMotorSet(value);
+    if (motor && drive)
+        drive->ConnectPartner(*motor);
+    return motor;
+}
+
+bool ConnectSlave(const QString& value, CSimulatedHostDrive* drive) {
+    constexpr Choice<SlaveWiring> kWirings[] = {{"parallel", SlaveWiring::Parallel}, {"series", SlaveWiring::Series}};
+    const SlaveWiring* wiring = Find(value, kWirings);
+    if (wiring && drive)
+        drive->GetDrive().GetTwelvePulse().GetSlave().wiring = *wiring;
+    return wiring;
+}
+
+constexpr DriveOption kOptions[] = {
+    {"feedback", [] { return QStringLiteral("encoder, tacho, none"); }, MountFeedback},
+    {"adapter", AdapterNames, MountAdapter},
+    {"partner", MotorSetNames, ConnectPartner},
+    {"slave", [] { return QStringLiteral("parallel, series"); }, ConnectSlave},
+};
+
+const DriveOption* FindOption(const QString& name) {
+    const auto* const found =
+        std::ranges::find_if(kOptions, [&name](const DriveOption& known) { return name == QLatin1String(known.name); });
+    return found == std::end(kOptions) ? nullptr : found;
 }
 
 /// The first thing in the name that the simulated drive does not know; empty when there is none.
@@ -35,10 +87,11 @@ QString UnknownTo(const DriveName& name) {
         return QStringLiteral("motor \"%1\"; its motors are: %2").arg(name.motor, MotorSetNames());
     for (const auto& [option, value] : name.options) {
         const std::optional<Terminal> terminal = ParseTerminal(option);
-        if (option != QLatin1String("feedback") && !CMotorOptions::Knows(option) && !(terminal && terminal->IsInput()))
+        const DriveOption* known = FindOption(option);
+        if (!known && !CMotorOptions::Knows(option) && !(terminal && terminal->IsInput()))
             return QStringLiteral("option \"%1\"").arg(option);
-        if (option == QLatin1String("feedback") && !FindFeedback(value))
-            return QStringLiteral("feedback \"%1\"; there are: encoder, tacho, none").arg(value);
+        if (known && !known->apply(value, nullptr))
+            return QStringLiteral("%1 \"%2\"; there are: %3").arg(option, value, known->choices());
     }
     return {};
 }
@@ -47,8 +100,8 @@ QString UnknownTo(const DriveName& name) {
 /// no fault.
 bool Furnish(CSimulatedHostDrive& drive, const DriveName& name, QString& error) {
     for (const auto& [option, value] : name.options)
-        if (const Feedback* feedback = FindFeedback(value); feedback && option == QLatin1String("feedback"))
-            drive.GetDrive().GetFeedback().device = feedback->device;
+        if (const DriveOption* known = FindOption(option))
+            known->apply(value, &drive);
     for (const auto& [option, value] : name.options) {
         const std::optional<Terminal> terminal = ParseTerminal(option);
         const std::optional<double> level = terminal ? ParseTerminalValue(*terminal, value, error) : 0;
@@ -116,9 +169,14 @@ std::unique_ptr<CSimulatedHostDrive> MakeNamedDrive(const QString& text, DriveFi
 QString NamedDriveHelp() {
     const QString text = QStringLiteral(
         "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none;\n"
-        "fault=NAME, as often as needed; DI1=on, AI1=5, AI2=12mA and so on for what lies at its terminals\n"
-        "from the start; and what is to be different about the motor:\n%2\nIts faults:\n%3\n");
-    return text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp());
+        "adapter=%4 is its fieldbus adapter;\n"
+        "partner=MOTOR a second drive on its drive-to-drive link, set up as a follower: node 2, mailbox -1 received\n"
+        "(control word, speed reference), mailbox 2 transmitted (status word, speed); slave=parallel or series a "
+        "12-pulse\n"
+        "slave converter with node 31; fault=NAME, as often as needed; DI1=on, AI1=5, AI2=12mA and so on for what "
+        "lies\n"
+        "at its terminals from the start; and what is to be different about the motor:\n%2\nIts faults:\n%3\n");
+    return text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp(), AdapterNames());
 }
 
 } // namespace krt550

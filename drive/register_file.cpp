@@ -49,6 +49,15 @@ void CRegisterFile::SetNumber(quint16 reg, double shown) {
         Store(place, NearestWord(m_descriptions[place], shown));
 }
 
+void CRegisterFile::Rename(quint16 reg, const QString& name) {
+    const std::size_t place = PlaceOf(reg);
+    if (place == kNowhere || m_descriptions[place].name == name)
+        return;
+    m_descriptions[place].name = name;
+    if (m_onRename)
+        m_onRename(m_descriptions[place]);
+}
+
 bool CRegisterFile::ReadFromLink(quint16 reg, quint16& word, QString& error) const {
     if (!Has(reg)) {
         error = UnknownRegisterText(reg);

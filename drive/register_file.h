@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace krt550 {
@@ -28,6 +29,10 @@ public:
     /// The same in shown units, held within what the data type can carry.
     void SetNumber(quint16 reg, double shown);
 
+    /// What a parameter is called from now on, and who wants to know of it.
+    void Rename(quint16 reg, const QString& name);
+    void OnRename(std::function<void(const ParameterDescription&)> listener) { m_onRename = std::move(listener); }
+
     /// Another number whenever a register that is not read-only has changed.
     quint32 GetSettingsVersion() const { return m_settingsVersion; }
 
@@ -47,6 +52,7 @@ private:
     std::vector<quint16> m_words;
     std::vector<std::uint32_t> m_places; ///< of the registers, by number: asked many times a step
     quint32 m_settingsVersion = 1;
+    std::function<void(const ParameterDescription&)> m_onRename;
 };
 
 /// What a drive answers when it is asked for a register that it does not have.

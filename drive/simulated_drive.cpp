@@ -29,23 +29,28 @@ CSimulatedDrive::CSimulatedDrive(std::vector<ParameterDescription> descriptions,
 }
 
 void CSimulatedDrive::Advance() {
-    const qint64 now = CClock::Current().Now();
+    AdvanceTo(CClock::Current().Now());
+}
+
+void CSimulatedDrive::AdvanceTo(qint64 now) {
     // Another clock may have taken the place of the one before: time never runs backwards for the drive.
     qint64 left = std::max<qint64>(0, now - m_lastAdvance);
     m_lastAdvance = now;
     ReadParameters();
     while (left > 0) {
         // Nothing moves in a resting drive; one slice does for any time.
-        const qint64 slice = IsResting() ? left : std::min(left, kSlice);
+        const qint64 slice = IsResting() && IsNeighbourResting() ? left : std::min(left, kSlice);
         left -= slice;
         Pass(slice);
+        Exchange(slice, now - left);
     }
     ShowState();
 }
 
 bool CSimulatedDrive::IsResting() const {
     return IsStopped() && !m_contactor.IsClosed() && !IsFieldHeated() && m_contactor.GetAstray() == 0 &&
-           m_service.IsIdle() && !m_mains.IsDipping() && m_otherLeft == 0 && m_control.GetMotor().IsAtRest();
+           m_service.IsIdle() && m_commanders.GetStopReason() == 0 && !m_mains.IsDipping() && m_otherLeft == 0 &&
+           m_control.GetMotor().IsAtRest();
 }
 
 void CSimulatedDrive::Pass(qint64 milliseconds) {
@@ -62,6 +67,11 @@ void CSimulatedDrive::Pass(qint64 milliseconds) {
     }
     ListenToCommanders(milliseconds, alarms);
     m_winding.Step(seconds, m_control.GetState().armatureCurrent / m_set.current);
+    if (const quint16 trip =
+            m_twelvePulse.Step(seconds, m_contactor.IsClosed(), m_control.GetState(), m_settings, m_registers))
+        Trip(trip);
+    if (m_logic.IsDriving() && m_mains.GetWander() > m_registers.GetNumber(reg::kLargestWander, 10))
+        Trip(kFaultSynchronisation);
     ScanTerminals(seconds);
     LookAtField(seconds);
     LookAtSpeed(milliseconds, alarms);
@@ -95,6 +105,7 @@ void CSimulatedDrive::ReadParameters() {
     m_levels = ReadTripLevels(m_registers, m_settings);
     m_references.Read(m_registers, BaseSpeed());
     m_board.Read(m_registers);
+    m_adapter.Read(m_registers);
     m_fieldHeating = m_registers.GetNumber(reg::kFieldHeating, 0) / 100;
     m_zeroSpeed = m_registers.GetNumber(reg::kZeroSpeed, 0);
     m_zeroSpeedTime = m_registers.GetNumber(reg::kZeroSpeedTime, 0);

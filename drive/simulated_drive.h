@@ -6,17 +6,21 @@
 #include "drive/fan_supervision.h"
 #include "drive/fault_memory.h"
 #include "drive/field_direction.h"
+#include "drive/fieldbus_adapter.h"
 #include "drive/macros.h"
 #include "drive/main_contactor.h"
 #include "drive/mains_supply.h"
 #include "drive/motor_control.h"
 #include "drive/motor_sets.h"
+#include "drive/neighbour.h"
+#include "drive/plc.h"
 #include "drive/protection.h"
 #include "drive/reference_chain.h"
 #include "drive/register_file.h"
 #include "drive/service_mode.h"
 #include "drive/switch_logic.h"
 #include "drive/terminal_board.h"
+#include "drive/twelve_pulse.h"
 
 #include <QString>
 
@@ -61,6 +65,10 @@ public:
 
     /// Lets the time that has passed since the last access pass in the drive.
     void Advance();
+    /// The same up to a clock reading, for a drive that lives by another one's time.
+    void AdvanceTo(qint64 now);
+    /// Nothing moves in it: any time may pass in one go.
+    bool IsResting() const;
 
     // Accesses over the link. These and the commands are how the drive hears of the tool that holds local control.
     /// The tool asks for the state.
@@ -71,6 +79,21 @@ public:
     bool WriteRegister(quint16 reg, quint16 word);
     /// Complete record of the last fault; before the first one its fields have no values.
     QByteArray ReadFaultRecord();
+
+    // Links.
+    /// A word has come over the fieldbus or the drive-to-drive link. False when the drive refuses it.
+    bool TakeWord(quint16 reg, quint16 word);
+    /// The PLC sends another word `number` (1 to 12) and goes on with it. False when the fieldbus does not carry it.
+    bool SendFromPlc(int number, quint16 word);
+    /// The word `number` that the PLC has got last; nothing when the fieldbus does not carry it.
+    std::optional<quint16> ReceivedByPlc(int number);
+    /// What is put into the slot for the fieldbus adapter.
+    void MountAdapter(AdapterType type);
+    CTwelvePulse& GetTwelvePulse() { return m_twelvePulse; }
+    /// Borrowed; null: nobody any more.
+    void SetNeighbour(CNeighbour* neighbour) { m_neighbour = neighbour; }
+    /// Node of another drive that answers on the link; 0: none.
+    void SetOtherNode(quint16 node) { m_otherNode = node; }
 
     // Terminals.
     /// Switches a digital input (0 or not 0) or puts a voltage on an analogue one [V]. False for an output.
@@ -119,7 +142,10 @@ public:
     void Trip(quint16 code);
 
 private:
-    bool IsResting() const;
+    bool IsNeighbourResting() const { return !m_neighbour || m_neighbour->IsResting(); }
+    bool Write(quint16 reg, quint16 word);
+    void Exchange(qint64 milliseconds, qint64 now);
+    void ExchangeWithPlc();
     void Pass(qint64 milliseconds);
     void Integrate(double seconds, std::set<quint16>& alarms);
     void ListenToCommanders(qint64 milliseconds, std::set<quint16>& alarms);
@@ -177,6 +203,11 @@ private:
     CCommandSupervision m_commanders;
     CFaultMemory m_faults;
     CServiceMode m_service;
+    CFieldbusAdapter m_adapter;
+    CPlc m_plc;
+    CTwelvePulse m_twelvePulse;
+    CNeighbour* m_neighbour = nullptr;
+    quint16 m_otherNode = 0;
 
     quint32 m_settingsVersion = 0; ///< that the next two were read at
     DriveSettings m_settings;

@@ -26,6 +26,10 @@ bool CSimulatedDrive::ReadRegister(quint16 reg, quint16& word) {
 bool CSimulatedDrive::WriteRegister(quint16 reg, quint16 word) {
     Poll();
     ++m_counters.writes[reg];
+    return Write(reg, word);
+}
+
+bool CSimulatedDrive::Write(quint16 reg, quint16 word) {
     if (reg == reg::kHandTacho && !TakeHandTacho(word))
         return false;
     if (reg == reg::kRatedCurrent && IsCurrentTooLarge(word))

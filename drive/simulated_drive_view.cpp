@@ -46,7 +46,7 @@ void CSimulatedDrive::ShowState() {
     m_faults.Show(m_registers);
     ShowActualValues(motor, {m_display.GetOutput(), m_mains.GetVoltage(), m_protection.GetTemperatureRise()},
                      m_settings, m_registers);
-    ShowLinkNodes(m_registers);
+    ShowLinkNodes({m_otherNode, m_twelvePulse.GetNode()}, m_registers);
     const std::pair<quint16, double> references[] = {{reg::kReferenceInLimits, GetSpeedReference()},
                                                      {reg::kReferenceBeforeRamp, RampTarget()},
                                                      {reg::kReferenceAfterRamp, state.speedReference}};

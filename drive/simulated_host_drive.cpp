@@ -2,6 +2,7 @@
 
 #include "drive/applied_faults.h"
 #include "hostlib/tolvbo32/dtoa.h"
+#include "hostlib/tolvbo32/parameter.h"
 #include "hostlib/tolvbo32/parameter_tree.h"
 #include "hostlib/tolvcom32/communication_facade.h"
 
@@ -39,6 +40,7 @@ QByteArray DisturbedRecord(QByteArray record, const CFaultModes& modes) {
 CSimulatedHostDrive::CSimulatedHostDrive(std::vector<ParameterDescription> descriptions, QString wizardFile,
                                          const MotorSet* motor)
     : m_drive(std::move(descriptions), motor), m_info(std::move(wizardFile)) {
+    m_drive.GetRegisters().OnRename([this](const ParameterDescription& parameter) { RenameInTrees(parameter); });
     FetchStatus();
 }
 
@@ -146,6 +148,12 @@ void CSimulatedHostDrive::FetchStatus() {
     m_reference = m_drive.GetSpeedReference();
 }
 
+void CSimulatedHostDrive::ConnectPartner(const MotorSet& motor) {
+    m_partner = std::make_unique<CSimulatedDrive>(m_drive.GetRegisters().GetDescriptions(), &motor);
+    SetUpFollower(*m_partner);
+    m_driveLink = std::make_unique<CDriveLink>(m_drive, *m_partner);
+}
+
 void CSimulatedHostDrive::SetTreeLink(CParameterLink* link) {
     m_treeLink = link;
     RetireTree();
@@ -191,6 +199,18 @@ void CSimulatedHostDrive::ClearFaultModes() {
     const std::vector<FaultMode> modes = m_modes.GetModes();
     for (const FaultMode& mode : modes)
         ClearFaultMode(mode);
+}
+
+/// Whoever holds a parameter sees its new name.
+void CSimulatedHostDrive::RenameInTrees(const ParameterDescription& parameter) {
+    const auto rename = [&parameter](const CParameterGroup* tree) {
+        CParameter* found = tree ? tree->FindChildByRegister(QString::number(parameter.reg)) : nullptr;
+        if (found)
+            found->Rename(parameter.name);
+    };
+    rename(m_tree.get());
+    for (const auto& tree : m_retiredTrees)
+        rename(tree.get());
 }
 
 /// Somebody may still hold parameters of the tree, so it is kept; the next one who asks gets a new tree.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drive/drive_link.h"
 #include "drive/fault_modes.h"
 #include "drive/simulated_drive.h"
 #include "drive/simulated_link.h"
@@ -37,6 +38,9 @@ public:
 
     /// The drive itself: its registers, its state and the counters of what it was told.
     CSimulatedDrive& GetDrive() { return m_drive; }
+    /// Puts a second drive with a motor of its own at the other end of the drive-to-drive link, set up as a follower.
+    void ConnectPartner(const MotorSet& motor);
+    CSimulatedDrive* GetPartner() { return m_partner.get(); } ///< null: there is none
     /// The line to the drive.
     CParameterLink& GetLink() { return m_link; }
     /// Another line is in between, on which replies get lost or come late: this one leaves that to it.
@@ -89,8 +93,11 @@ private:
     bool Command(const std::function<bool()>& command);
     void FetchStatus();
     void RetireTree();
+    void RenameInTrees(const ParameterDescription& parameter);
 
     CSimulatedDrive m_drive;
+    std::unique_ptr<CSimulatedDrive> m_partner;
+    std::unique_ptr<CDriveLink> m_driveLink;
     CFaultModes m_modes;
     CSimulatedLink m_link{m_drive, m_modes};
     CUnitTexts m_texts;

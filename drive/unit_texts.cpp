@@ -7,9 +7,9 @@ namespace krt550 {
 namespace {
 
 /// The place in the table is the unit code.
-constexpr const char* kUnits[] = {"",   "%",  "V",   "A",    "rpm",   "Hz",   "s",      "ms",  "min",
-                                  "h",  "d",  "Ω", "mΩ", "mH",    "H",    "kW",     "kWh", "Nm",
-                                  "°C", "mV", "mA",  "kg·m²", "rpm/s", "%/ms", "kBit/s", "°",   "unit"};
+constexpr const char* kUnits[] = {"",   "%",  "V",  "A",     "rpm",   "Hz",   "s",      "ms",  "min",
+                                  "h",  "d",  "Ω",  "mΩ",    "mH",    "H",    "kW",     "kWh", "Nm",
+                                  "°C", "mV", "mA", "kg·m²", "rpm/s", "%/ms", "kBit/s", "°",   "unit"};
 static_assert(std::size(kUnits) <= 256, "a unit code is one byte");
 
 } // namespace

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "drive/register_file.h"
 #include "drive/terminals.h"
 #include "hostlib/host_drive.h"
-#include "hostlib/tolvbo32/parameter_description.h"
 #include "hostlib/tolvbo32/parameter_link.h"
 
 #include <optional>
 
 namespace krt550 {
+
+/// The connected drive, or the one at the other end of its drive-to-drive link.
+enum class DriveSide { Own, Partner };
 
 /// A drive that the tool has connected, whatever its kind.
 class CConnection {
@@ -20,11 +23,13 @@ public:
     /// it back.
     virtual void SetTreeLink(CParameterLink* link) = 0;
 
-    /// Description of a register that the drive has, or null.
-    virtual const ParameterDescription* FindParameter(quint16 reg) = 0;
-    /// Reads and changes a register that the drive has past the line, as if the drive itself did.
-    virtual quint16 PeekWord(quint16 reg) = 0;
-    virtual void PokeWord(quint16 reg, quint16 word) = 0;
+    /// The registers of this moment, to be read and changed past the line, as if the drive itself did; those of the
+    /// drive at the other end of its drive-to-drive link: null without one.
+    virtual CRegisterFile* FindRegisters(DriveSide side) = 0;
+    /// Another word that the PLC on the drive's fieldbus sends, 1 to 12. Returns what went wrong, or an empty text.
+    virtual QString SendFromPlc(int number, quint16 word) = 0;
+    /// The word that the PLC has got last; nothing when the fieldbus does not carry it.
+    virtual std::optional<quint16> ReceivedByPlc(int number) = 0;
     /// Switches a fault on, or all of them off: "none". Returns what went wrong, or an empty text.
     virtual QString SwitchFault(const QString& name) = 0;
     /// Switches an input, or puts a voltage on it. Returns what went wrong, or an empty text.

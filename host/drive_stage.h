@@ -13,8 +13,8 @@ public:
     /// Both are borrowed.
     CDriveStage(CConnection& connection, CCallLog& log) : m_connection(connection), m_log(log) {}
 
-    QString ChangeDrive(quint16 reg, const QString& text) override;
-    std::optional<QString> DriveText(quint16 reg) override;
+    QString ChangeDrive(DriveSide side, quint16 reg, const QString& text) override;
+    std::optional<QString> DriveText(DriveSide side, quint16 reg) override;
     QString DescribeDrive(quint16 reg) override;
     QString CompareWithMotor(quint16 reg, int percent, bool& isNear) override;
     std::optional<QString> MeasureText(quint16 reg) override;
@@ -24,6 +24,8 @@ public:
     std::optional<double> TerminalValue(const Terminal& terminal) override {
         return m_connection.TerminalValue(terminal);
     }
+    QString SendFromPlc(int number, quint16 word) override { return m_connection.SendFromPlc(number, word); }
+    std::optional<quint16> ReceivedByPlc(int number) override { return m_connection.ReceivedByPlc(number); }
     QString SwitchFault(const QString& name) override { return m_connection.SwitchFault(name); }
     const QStringList& LogLines() const override;
     void ClearLog() override;

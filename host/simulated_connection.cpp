@@ -24,9 +24,17 @@ std::optional<double> CSimulatedConnection::TrueValue(quint16 reg) {
     return m_drive->GetDrive().GetTrueValue(reg);
 }
 
-CRegisterFile& CSimulatedConnection::Registers() {
-    m_drive->GetDrive().Advance();
-    return m_drive->GetDrive().GetRegisters();
+CRegisterFile* CSimulatedConnection::FindRegisters(DriveSide side) {
+    m_drive->GetDrive().Advance(); // the partner lives by its time
+    CSimulatedDrive* drive = side == DriveSide::Own ? &m_drive->GetDrive() : m_drive->GetPartner();
+    return drive ? &drive->GetRegisters() : nullptr;
+}
+
+QString CSimulatedConnection::SendFromPlc(int number, quint16 word) {
+    const bool carried = m_drive->GetDrive().SendFromPlc(number, word);
+    return carried ? QString()
+                   : QStringLiteral("the fieldbus does not carry word %1 to the drive: see 98.02, 51.05, 51.18")
+                         .arg(number);
 }
 
 } // namespace krt550

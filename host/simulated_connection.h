@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drive/drive_link.h"
 #include "drive/simulated_host_drive.h"
 #include "host/connection.h"
 
@@ -16,18 +17,15 @@ public:
     CHostDrive& GetDrive() override { return *m_drive; }
     CParameterLink& GetLink() override { return m_drive->GetLink(); }
     void SetTreeLink(CParameterLink* link) override { m_drive->SetTreeLink(link); }
-    const ParameterDescription* FindParameter(quint16 reg) override { return Registers().FindDescription(reg); }
-    quint16 PeekWord(quint16 reg) override { return Registers().GetWord(reg); }
-    void PokeWord(quint16 reg, quint16 word) override { Registers().SetWord(reg, word); }
+    CRegisterFile* FindRegisters(DriveSide side) override;
+    QString SendFromPlc(int number, quint16 word) override;
+    std::optional<quint16> ReceivedByPlc(int number) override { return m_drive->GetDrive().ReceivedByPlc(number); }
     QString SetTerminal(const Terminal& terminal, double value) override;
     std::optional<double> TerminalValue(const Terminal& terminal) override;
     QString SwitchFault(const QString& name) override;
     std::optional<double> TrueValue(quint16 reg) override;
 
 private:
-    /// Registers of this moment: the drive has gone on since it was last asked.
-    CRegisterFile& Registers();
-
     std::unique_ptr<CSimulatedHostDrive> m_drive;
 };
 

@@ -3,15 +3,21 @@
 #include "host/hands/front_window.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QKeySequence>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QTabBar>
+#include <QTimer>
 #include <QtTest/QTest>
+
+#include <algorithm>
 
 namespace krt550 {
 namespace {
@@ -115,6 +121,28 @@ QString PickEntry(QComboBox* list, const QString& entry) {
     const bool reached = MoveToRow(keys, *alive, row);
     SendKey(keys, reached ? Qt::Key_Return : Qt::Key_Escape);
     return reached ? QString() : QStringLiteral("\"%1\" cannot be chosen").arg(entry);
+}
+
+QString PickFromMenu(QWidget* control, const QString& entry) {
+    QString error = QStringLiteral("there is no menu");
+    QTimer::singleShot(0, control, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        const QList<QAction*> actions = menu->actions();
+        const auto found =
+            std::ranges::find_if(actions, [&entry](const QAction* action) { return action->text() == entry; });
+        error = found != actions.end() ? QString() : QStringLiteral("the menu has no \"%1\"").arg(entry);
+        if (found == actions.end()) {
+            menu->close();
+            return;
+        }
+        menu->setActiveAction(*found);
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(2, 2), control->mapToGlobal(QPoint(2, 2)));
+    QApplication::sendEvent(control, &rightClick);
+    return error;
 }
 
 QString ClickTab(QTabBar* tabs, const QString& text) {

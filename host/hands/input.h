@@ -23,6 +23,9 @@ QString TypeAndLeave(QWidget* field, const QString& text);
 /// Opens the list and picks the entry.
 QString PickEntry(QComboBox* list, const QString& entry);
 
+/// Clicks with the right button and picks that entry of the menu.
+QString PickFromMenu(QWidget* control, const QString& entry);
+
 /// Clicks the tab with that text.
 QString ClickTab(QTabBar* tabs, const QString& text);
 

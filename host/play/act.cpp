@@ -75,6 +75,12 @@ QString Choose(const Arguments& arguments) {
     return list ? PickEntry(list, arguments.text) : error;
 }
 
+QString Menu(const Arguments& arguments) {
+    QString error;
+    QWidget* control = ControlToUse(arguments, error);
+    return control ? PickFromMenu(control, arguments.text) : error;
+}
+
 QString Key(const Arguments& arguments) {
     QString error;
     QWidget* control = ControlToUse(arguments, error);
@@ -167,6 +173,8 @@ QString Act(const PlayAction& action, const ActingContext& context) {
         return Set(arguments);
     case Verb::Choose:
         return Choose(arguments);
+    case Verb::Menu:
+        return Menu(arguments);
     case Verb::Key:
         return Key(arguments);
     case Verb::Answer:
@@ -176,7 +184,11 @@ QString Act(const PlayAction& action, const ActingContext& context) {
     case Verb::Shot:
         return Shoot(context.shotDirectory, arguments.text);
     case Verb::Drive:
-        return context.stage.ChangeDrive(reg, arguments.text);
+        return context.stage.ChangeDrive(DriveSide::Own, reg, arguments.text);
+    case Verb::Partner:
+        return context.stage.ChangeDrive(DriveSide::Partner, reg, arguments.text);
+    case Verb::Plc:
+        return context.stage.SendFromPlc(arguments.number, static_cast<quint16>(static_cast<int>(arguments.value)));
     case Verb::Terminal:
         return context.stage.SetTerminal(arguments.terminal, arguments.value);
     case Verb::Fault:
@@ -206,6 +218,8 @@ bool LooksPastBoxes(Verb verb) {
     case Verb::Answer:
     case Verb::Shot:
     case Verb::Drive:
+    case Verb::Partner:
+    case Verb::Plc:
     case Verb::Terminal:
     case Verb::Fault:
     case Verb::Show:

@@ -16,6 +16,7 @@ enum class Verb {
     Press,
     Set,
     Choose,
+    Menu,
     Key,
     Answer,
     Tab,
@@ -23,6 +24,8 @@ enum class Verb {
     Expect,
     Shot,
     Drive,
+    Partner,
+    Plc,
     Terminal,
     Fault,
     Show,
@@ -50,6 +53,8 @@ enum class ConditionKind {
     Focus,
     Progress,
     Drive,
+    Partner,
+    Plc,
     Terminal,
     Log,
     Calls,
@@ -68,7 +73,7 @@ struct Arguments {
     bool byRegister = false; ///< `number` is the register of a parameter row
     double seconds = 0;
     Terminal terminal;
-    double value = 0; ///< at the terminal: 1 or 0, or volts
+    double value = 0; ///< at the terminal: 1 or 0, or volts; or the word of a PLC
     BoxAnswer answer = BoxAnswer::Ok;
     QString text;
     bool hasText = false;

@@ -54,6 +54,14 @@ QString ReadKey(const QString& word, Arguments& arguments) {
     return keys.count() == 1 && keys[0].key() != Qt::Key_unknown ? QString() : Bad("a key", word);
 }
 
+/// A word of 16 bits as a PLC writes it: -875, 65000 or 0x047F.
+QString ReadPlcValue(const QString& word, Arguments& arguments) {
+    bool ok = false;
+    const int value = word.startsWith(QLatin1String("0x")) ? word.mid(2).toInt(&ok, 16) : word.toInt(&ok);
+    arguments.value = value;
+    return ok && value >= -0x8000 && value <= 0xFFFF ? QString() : Bad("a word of 16 bits", word);
+}
+
 /// Takes all the words: a terminal and what lies there.
 QString ReadTerminal(QStringList words, Arguments& arguments) {
     const QString name = words.takeFirst();
@@ -85,6 +93,10 @@ QString ReadWord(ArgumentKind kind, const QString& word, Arguments& arguments) {
         return ReadNumber(word, 0, 100, arguments.percent) ? QString() : Bad("a number from 0 to 100", word);
     case ArgumentKind::Seconds:
         return ReadSeconds(word, arguments.seconds) ? QString() : Bad("a number of seconds", word);
+    case ArgumentKind::PlcWord:
+        return ReadNumber(word, 1, 12, arguments.number) ? QString() : Bad("a word from 1 to 12", word);
+    case ArgumentKind::Word:
+        return ReadPlcValue(word, arguments);
     case ArgumentKind::Answer:
         return ReadAnswer(word, arguments);
     case ArgumentKind::KeyName:

@@ -100,11 +100,12 @@ bool IsWithin(double expected, double found, int percent) {
     return std::abs(found - expected) <= std::abs(expected) * percent / 100;
 }
 
-Finding CheckDrive(const Arguments& arguments, CPlayStage& stage) {
+Finding CheckDrive(const Arguments& arguments, DriveSide side, CPlayStage& stage) {
     const auto reg = static_cast<quint16>(arguments.number);
-    const std::optional<QString> text = stage.DriveText(reg);
+    const std::optional<QString> text = stage.DriveText(side, reg);
     if (!text)
-        return {false, stage.DescribeDrive(reg)};
+        return {false,
+                side == DriveSide::Own ? stage.DescribeDrive(reg) : QStringLiteral("no such drive or parameter")};
     if (arguments.percent == 0)
         return Compare(arguments.text, *text);
     bool isNumber = false;
@@ -112,6 +113,16 @@ Finding CheckDrive(const Arguments& arguments, CPlayStage& stage) {
     const double expected = arguments.text.toDouble(&isNumber);
     const double found = text->toDouble(&showsNumber);
     return {isNumber && showsNumber && IsWithin(expected, found, arguments.percent), Quoted(*text)};
+}
+
+Finding CheckPlc(const Arguments& arguments, CPlayStage& stage) {
+    const std::optional<quint16> word = stage.ReceivedByPlc(arguments.number);
+    if (!word)
+        return {false, QStringLiteral("a fieldbus that does not carry word %1").arg(arguments.number)};
+    const auto found = static_cast<qint16>(*word);
+    const bool same = *word == static_cast<quint16>(static_cast<int>(arguments.value));
+    return {same || IsWithin(arguments.value, found, arguments.percent),
+            QStringLiteral("%1 (0x%2)").arg(found).arg(*word, 4, 16, QLatin1Char('0'))};
 }
 
 Finding CheckTerminal(const Arguments& arguments, CPlayStage& stage) {
@@ -168,7 +179,11 @@ Finding CheckCondition(const Condition& condition, CPlayStage& stage, const Play
     case ConditionKind::Progress:
         return CheckProgress(arguments.number);
     case ConditionKind::Drive:
-        return CheckDrive(arguments, stage);
+        return CheckDrive(arguments, DriveSide::Own, stage);
+    case ConditionKind::Partner:
+        return CheckDrive(arguments, DriveSide::Partner, stage);
+    case ConditionKind::Plc:
+        return CheckPlc(arguments, stage);
     case ConditionKind::Terminal:
         return CheckTerminal(arguments, stage);
     case ConditionKind::Log:
@@ -188,14 +203,17 @@ bool LooksPastBoxes(ConditionKind kind) {
     switch (kind) {
     case ConditionKind::Box:
     case ConditionKind::Window:
-    case ConditionKind::Drive:
-    case ConditionKind::Terminal:
     case ConditionKind::Log:
     case ConditionKind::Calls:
         return true;
     default:
-        return false;
+        return MovesByItself(kind);
     }
+}
+
+bool MovesByItself(ConditionKind kind) {
+    return kind == ConditionKind::Drive || kind == ConditionKind::Partner || kind == ConditionKind::Plc ||
+           kind == ConditionKind::Terminal;
 }
 
 bool NeedsWindow(ConditionKind kind) {

@@ -24,6 +24,9 @@ Finding CheckCondition(const Condition& condition, CPlayStage& stage, const Play
 /// True when a condition can be looked at while a message box is in front.
 bool LooksPastBoxes(ConditionKind kind);
 
+/// True when it is about what still moves when the wizard has returned: the drive, its partner, PLC and terminals.
+bool MovesByItself(ConditionKind kind);
+
 /// True when a condition is about the window in front.
 bool NeedsWindow(ConditionKind kind);
 

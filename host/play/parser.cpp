@@ -7,6 +7,9 @@
 #include <QFileInfo>
 #include <QTextStream>
 
+#include <algorithm>
+#include <iterator>
+
 namespace krt550 {
 namespace {
 
@@ -17,7 +20,9 @@ QString WithUsage(const QString& error, const char* usage) {
 /// Takes a closing "within N %" off the words of a condition that knows numbers.
 QString TakeTolerance(const ConditionDef& def, QStringList& words, int& percent) {
     const qsizetype at = words.size() - 3;
-    const bool knows = def.kind == ConditionKind::Drive || def.kind == ConditionKind::Terminal;
+    constexpr ConditionKind kNumbers[] = {ConditionKind::Drive, ConditionKind::Partner, ConditionKind::Plc,
+                                          ConditionKind::Terminal};
+    const bool knows = std::ranges::find(kNumbers, def.kind) != std::end(kNumbers);
     if (!knows || at < 0 || words[at] != QLatin1String("within") || words.last() != QLatin1String("%"))
         return {};
     bool ok = false;

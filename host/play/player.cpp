@@ -98,7 +98,7 @@ CPlayer::Judgement CPlayer::JudgeByCondition(const PlayAction& action) const {
         return {Judgement::Go, {}, {}};
     // A window may be on its way for an Expect too; once the wizard has returned only the drive still moves.
     const bool mayCome = action.verb == Verb::Wait || (NeedsWindow(action.condition.kind) && !FrontWindow());
-    const bool over = m_returned && action.condition.kind != ConditionKind::Drive;
+    const bool over = m_returned && !MovesByItself(action.condition.kind);
     return {mayCome && !over ? Judgement::Later : Judgement::Never, Expectation(action), finding.found};
 }
 

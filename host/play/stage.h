@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drive/terminals.h"
+#include "host/connection.h"
 
 #include <QString>
 #include <QStringList>
@@ -13,10 +14,14 @@ namespace krt550 {
 class CPlayStage {
 public:
     virtual ~CPlayStage() = default;
-    /// Changes a parameter of the drive past the wizard's link. Returns what went wrong, or an empty text.
-    virtual QString ChangeDrive(quint16 reg, const QString& text) = 0;
-    /// Value that the drive holds, as text in shown units; nothing when it has no such parameter.
-    virtual std::optional<QString> DriveText(quint16 reg) = 0;
+    /// Changes a parameter of a drive past the wizard's link. Returns what went wrong, or an empty text.
+    virtual QString ChangeDrive(DriveSide side, quint16 reg, const QString& text) = 0;
+    /// Value that a drive holds, as text in shown units; nothing when there is no such drive or parameter.
+    virtual std::optional<QString> DriveText(DriveSide side, quint16 reg) = 0;
+    /// Has the PLC on the fieldbus send another word. Returns what went wrong, or an empty text.
+    virtual QString SendFromPlc(int number, quint16 word) = 0;
+    /// The word that the PLC has got; nothing when the fieldbus does not carry it.
+    virtual std::optional<quint16> ReceivedByPlc(int number) = 0;
     /// "99.06 Service mode: Normal", or why there is no such text.
     virtual QString DescribeDrive(quint16 reg) = 0;
     /// "43.10 Armature resistance: 2578 mΩ, the motor's own: 2581 mΩ (-0.1 %)". A value that lies farther than

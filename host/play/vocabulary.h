@@ -19,6 +19,8 @@ enum class ArgumentKind {
     Percent,
     Tolerance,
     Seconds,
+    PlcWord,  ///< number of a word on the fieldbus
+    Word,     ///< decimal or 0x..., signed or unsigned
     Terminal, ///< with its value, all that is left of the line
     Answer,
     KeyName,

@@ -13,6 +13,11 @@ CParameter::CParameter(CParameterGroup* parent, ParameterDescription description
 
 CParameter::~CParameter() = default;
 
+void CParameter::Rename(const QString& name) {
+    m_description.name = name;
+    SetName(name);
+}
+
 bool CParameter::ReadFromDrive() {
     quint16 word = 0;
     if (!m_link || !m_link->ReadWord(m_description.reg, word))

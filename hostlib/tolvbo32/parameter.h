@@ -23,6 +23,9 @@ public:
     /// Writes the word to the drive; `option` is always 0. False on failure, with GetLastError.
     virtual bool WriteToDrive(int option);
 
+    /// The drive calls it something else from now on.
+    void Rename(const QString& name);
+
     /// Word of this object: what was last read or set.
     quint16 GetValue() const { return m_value; }
     /// Word that the drive was last known to hold.

@@ -26,6 +26,7 @@ public:
     QString GetLastError(int which) const;
 
 protected:
+    void SetName(const QString& name) { m_name = name; }
     void SetLastError(const QString& text) { m_lastError = text; }
 
 private:

@@ -1,10 +1,9 @@
 // The page that the configurable assistant's text file makes, with the file as it is shipped.
 #include "tests/assistants/special_fixture.h"
 
+#include "host/hands/input.h"
 #include "wizard/resources/control_ids.h"
 
-#include <QContextMenuEvent>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
@@ -30,21 +29,7 @@ protected:
 
     /// Right click on a row's value, then the menu's entry with this text.
     static void Choose(int n, const QString& text) {
-        QWidget* control = Robot::Control(ConfigurableValueId(n));
-        QTimer::singleShot(0, control, [&text] {
-            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            ASSERT_TRUE(menu);
-            for (QAction* action : menu->actions())
-                if (action->text() == text) {
-                    menu->setActiveAction(action);
-                    QTest::keyClick(menu, Qt::Key_Return);
-                    return;
-                }
-            ADD_FAILURE() << "no entry " << text.toStdString();
-            menu->close();
-        });
-        QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(2, 2), control->mapToGlobal(QPoint(2, 2)));
-        QApplication::sendEvent(control, &rightClick);
+        EXPECT_EQ(PickFromMenu(Robot::Control(ConfigurableValueId(n)), text), QString());
     }
     /// Presses the "?" of a row; `look` sees its window before that is closed.
     static void AskFor(int n, const std::function<void()>& look) {

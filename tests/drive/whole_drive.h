@@ -30,6 +30,8 @@ class WholeDrive {
 public:
     explicit WholeDrive(const char* motor) : m_drive(WholeDescription(), FindMotorSet(QString::fromLatin1(motor))) {}
 
+    explicit WholeDrive(const MotorSet& motor) : m_drive(WholeDescription(), &motor) {}
+
     CSimulatedDrive& Drive() { return m_drive; }
     CDcMotor& Motor() { return m_drive.GetMotor(); }
     double Value(quint16 reg) { return m_drive.GetRegisters().GetNumber(reg, -1); }

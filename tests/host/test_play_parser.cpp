@@ -62,6 +62,9 @@ TEST(PlayParser, SaysWhatIsWrongWithALine) {
         {"terminal AI1", "\"\" is no voltage"},
         {"terminal DO1 on", "DO1 is an output; it goes: terminal"},
         {"expect terminal AO1 5 V within 0 %", "\"0\" is not a number from 1 to 100"},
+        {"plc 13 5", "\"13\" is not a word from 1 to 12"},
+        {"plc 1 70000", "\"70000\" is not a word of 16 bits"},
+        {"expect plc 1 0x", "\"0x\" is not a word"},
         {"close it", "\"it\" is too much"},
         {"say \"open", "a quotation mark has no partner"},
     };

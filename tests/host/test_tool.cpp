@@ -26,6 +26,8 @@ TEST(Tool, RefusesWrongOptionsAndFilesInOneLine) {
         {"--drive sim,DO1=on", "no option \"DO1\""},
         {"--macros ~/none", "/none"},
         {"--macros ~/bad.macros", "bad.macros:1: "},
+        {"--drive sim,partner=S9", "no partner \"S9\"; there are: S1, S2"},
+        {"--drive sim,slave=delta", "no slave \"delta\"; there are: parallel, series"},
         {"--drive sim,J=heavy", "option J: \"heavy\" is not a number"},
         {"--wizard-dir ~/none", "/none"},
         {"--parameters ~/none", "/none"},
