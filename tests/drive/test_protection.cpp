@@ -3,8 +3,6 @@
 #include "drive/fault_codes.h"
 #include "tests/drive/whole_drive.h"
 
-#include <cmath>
-
 namespace krt550 {
 namespace {
 
