@@ -251,8 +251,8 @@ TEST_F(AnalogSettings, WhatTheDriveLacksIsDisabledAndOnlyToldWithAFailure) {
 TEST_F(AnalogSettings, WithoutARootNothingIsShownAndNothingCanBeTyped) {
     WiringDrive drive;
     drive.hasRoot = false;
-    const auto look = [&](const std::vector<int>& ids) {
-        return [&drive, ids] {
+    const auto look = [](const std::vector<int>& ids) {
+        return [ids] {
             for (const int id : ids)
                 EXPECT_FALSE(Robot::IsEnabled(id)) << id;
             Robot::Press(kIdCloseDialog);
