@@ -4,18 +4,9 @@
 #include "bench/line_drive.h"
 #include "tests/assistants/procedures.h"
 #include "tests/shell/wizard_fixture.h"
-#include "tests/support/batching_link.h"
 #include "wizard/resources/control_ids.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QEventLoop>
-#include <QTimer>
-
-#include <algorithm>
 #include <atomic>
-#include <cstdio>
-#include <random>
 
 namespace krt550 {
 namespace {
@@ -127,7 +118,7 @@ Reaction React(const Run& run, int callMs, unsigned seed) {
         PressIfThere(run.box);
         PressIfThere(kNext);
         if (run.byHand) {
-            ShowTab(1);
+            Robot::ShowTab(1);
             for (const int id : {int(kIdLocalOrRemote), int(kIdCloseContactor), int(kIdStartMotor)})
                 PressIfThere(id);
         } else {
@@ -223,27 +214,6 @@ void MeasureDeadTimes(int callMs) {
     }
 }
 
-void CountRequests() {
-    std::printf(
-        "Requests of a page's activation: on a link that fetches in one request what is announced, and on any other\n");
-    for (int step = 1; step <= int(std::size(kBoxes)); ++step) {
-        CLineDrive drive(0);
-        drive.wizardPath = BenchFiles().WizardPath();
-        CBatchingLink link(drive);
-        drive.SetTreeLink(link);
-        CYesSayer clerk;
-        RunWizardWith(drive, [&] {
-            PressIfThere(kBoxes[step - 1]);
-            link.TakeRequests();
-            drive.TakeLog();
-            PressIfThere(kNext);
-            const QStringList requests = link.TakeRequests();
-            std::printf("  step %d %9lld %9lld\n", step, static_cast<long long>(requests.size()),
-                        static_cast<long long>(drive.TakeLog({QStringLiteral("read")}).size()));
-        });
-    }
-}
-
 } // namespace
 } // namespace krt550
 
@@ -258,7 +228,6 @@ int main(int argc, char** argv) {
         times.push_back(std::clamp(std::atoi(argv[i]), 0, 10000));
     if (times.empty())
         times = {0, 5, 20, 100};
-    CountRequests();
     for (const int callMs : times) {
         std::printf("\nA drive call takes %d ms\n", callMs);
         MeasureReactions(callMs);

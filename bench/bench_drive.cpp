@@ -1,4 +1,4 @@
-// What the simulated drive costs, and what the wizard adds to a run of it. All of it on a clock that is stepped, so
+// What a run of the simulated drive costs, and what the wizard adds to it. All of it on a clock that is stepped, so
 // that only work counts.
 #include "bench/wizard_bench.h"
 #include "drive/motor_sets.h"
@@ -25,27 +25,6 @@ public:
     }
     int cycles = 0;
 };
-
-/// A motor at a steady speed under load.
-void SimulatedSecond(benchmark::State& state) {
-    CSteppedClock clock;
-    const ClockScope scope(clock);
-    const MotorSet& motor = MotorSets()[static_cast<std::size_t>(state.range(0))];
-    CSimulatedDrive drive(BenchDescription(), &motor);
-    drive.GetRegisters().SetNumber(reg::kLocalSupervision, 0);
-    drive.TakeLocalControl();
-    drive.SetSpeedReference(motor.baseSpeed / 2);
-    drive.CloseContactor();
-    drive.StartMotor();
-    for (auto _ : state) {
-        clock.Sleep(1000);
-        drive.Advance();
-    }
-    state.SetLabel(motor.name);
-    state.counters["simulated s per s"] =
-        benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
-}
-BENCHMARK(SimulatedSecond)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
 
 /// The field's run as the drive alone does it, asked every 50 ms.
 void FieldRunOfTheDrive(benchmark::State& state) {

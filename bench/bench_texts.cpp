@@ -1,4 +1,4 @@
-// The wizard text file: loading it, and asking for a text; and loading a drive description.
+// Asking for a text of the wizard text file, which compare_text_load.sh loads; and loading a drive description.
 #include "bench/generated_texts.h"
 #include "hostlib/tolvbo32/drive_description.h"
 #include "wizard/texts/wizard_directory.h"
@@ -10,36 +10,16 @@
 
 #include <benchmark/benchmark.h>
 
-#include <map>
-#include <memory>
-
 namespace krt550 {
 namespace {
 
-/// Directory with a generated file of so many megabytes: made once, gone with the process.
-QString DirectoryOf(int megabytes) {
-    static std::map<int, std::unique_ptr<QTemporaryDir>> directories;
-    auto& directory = directories[megabytes];
-    if (!directory) {
-        directory = std::make_unique<QTemporaryDir>();
-        WriteGeneratedTexts(directory->path(), qint64{megabytes} * 1'000'000);
-    }
-    return directory->path();
+/// Directory with a generated file of a megabyte: made once, gone with the process.
+QString Directory() {
+    static const QTemporaryDir directory;
+    if (!QFileInfo::exists(directory.filePath(QStringLiteral("Wzkrt550.txt"))))
+        WriteGeneratedTexts(directory.path(), 1'000'000);
+    return directory.path();
 }
-
-void LoadTextFile(benchmark::State& state) {
-    const QString directory = DirectoryOf(static_cast<int>(state.range(0)));
-    SetWizardDirectory(directory);
-    for (auto _ : state) {
-        auto store = std::make_unique<CWizardTextStore>();
-        benchmark::DoNotOptimize(store->EnsureWizardTexts());
-        state.PauseTiming();
-        store.reset();
-        state.ResumeTiming();
-    }
-    state.SetBytesProcessed(state.iterations() * QFileInfo(directory + QStringLiteral("/Wzkrt550.txt")).size());
-}
-BENCHMARK(LoadTextFile)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 
 /// A drive that has nearly every register there can be.
 void LoadDriveDescription(benchmark::State& state) {
@@ -58,7 +38,7 @@ void LoadDriveDescription(benchmark::State& state) {
 BENCHMARK(LoadDriveDescription)->Unit(benchmark::kMillisecond);
 
 void LookUpText(benchmark::State& state) {
-    SetWizardDirectory(DirectoryOf(1));
+    SetWizardDirectory(Directory());
     CWizardTextStore store;
     quint16 reg = 101;
     for (auto _ : state) {
@@ -69,7 +49,7 @@ void LookUpText(benchmark::State& state) {
 BENCHMARK(LookUpText);
 
 void LookUpValueText(benchmark::State& state) {
-    SetWizardDirectory(DirectoryOf(1));
+    SetWizardDirectory(Directory());
     CWizardTextStore store;
     QString text;
     for (auto _ : state)

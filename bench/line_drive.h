@@ -2,9 +2,6 @@
 
 #include "tests/assistants/feedback_drive.h"
 
-#include <QElapsedTimer>
-
-#include <chrono>
 #include <thread>
 
 namespace krt550 {

@@ -23,16 +23,12 @@ public:
     std::function<void(int look)> onTuning;
 
     static std::vector<ParameterDescription> Parameters() {
-        std::vector<ParameterDescription> parameters = TuningDrive::Parameters();
-        for (const int reg : {102, 103, 105, 218, 5004, 5012, 5013})
-            Add(parameters, Number(static_cast<quint16>(reg), QStringLiteral("Parameter %1").arg(reg), 0, 0, 10000));
-        Add(parameters, Number(8827, "Analog tacho adjust", 2, 50, 200));
-        Add(parameters, List(425, "Tacho input range", {{0, "Not in use"}, {3, "90 to 270 V"}}));
-        Add(parameters, List(5002, "Encoder evaluation", {{0, "One edge"}, {2, "All edges"}}));
-        Add(parameters, List(5003, "Feedback", {{0, "EMF"}, {1, "Encoder"}, {2, "Tacho"}, {3, "External"}}));
-        Add(parameters,
-            List(911, "Diagnosis", {{0, "No message"}, {7, "Motor turned"}, {71, "Encoder signal missing"}}));
-        return parameters;
+        return TuningDrive::Parameters(
+            {Number(8827, "Analog tacho adjust", 2, 50, 200),
+             List(425, "Tacho input range", {{0, "Not in use"}, {3, "90 to 270 V"}}),
+             List(5002, "Encoder evaluation", {{0, "One edge"}, {2, "All edges"}}),
+             List(5003, "Feedback", {{0, "EMF"}, {1, "Encoder"}, {2, "Tacho"}, {3, "External"}}),
+             List(911, "Diagnosis", {{0, "No message"}, {7, "Motor turned"}, {71, "Encoder signal missing"}})});
     }
 
 protected:
@@ -45,11 +41,6 @@ protected:
     }
 
 private:
-    static void Add(std::vector<ParameterDescription>& parameters, const ParameterDescription& parameter) {
-        std::erase_if(parameters, [&](const ParameterDescription& known) { return known.reg == parameter.reg; });
-        parameters.push_back(parameter);
-    }
-
     void AdvanceTest(const QString& call) {
         if (call == "start motor") {
             statusWord = 0;

@@ -1,27 +1,24 @@
 #pragma once
 
-#include <QtGlobal>
-
-#include <span>
-#include <utility>
-#include <vector>
-
 namespace krt550 {
 
 /// What a person does in the wizard, from the start page on.
 struct Procedure {
     const char* name;
-    void (*act)();
-    /// Step that an undisturbed run marks done, 0 for none.
-    int step;
-    quint16 feedback = 1; ///< that the drive finds
-    int endOfTuning = 0;  ///< button that ends a tacho's fine tuning
+    int box = 0;                 ///< of its page on the start page; 0: it stays there
+    void (*act)() = nullptr;     ///< on the page
+    std::vector<int> edits = {}; ///< or these are changed, one on each tab, and applied
+    int step = 0;                ///< that an undisturbed run marks done
+    quint16 feedback = 1;        ///< that the drive finds
+    int endOfTuning = 0;         ///< button that ends a tacho's fine tuning
     bool hasTabs = false;
     bool fails = false;                                     ///< the drive finds a reason against it
     std::vector<std::pair<quint16, quint16>> connects = {}; ///< registers and what the person puts there
     int looks = 3;                                          ///< at a run's progress before the drive ends it
     void (*atLook)(int look) = nullptr;                     ///< what the person does meanwhile
     const char* ridesOut = "";                              ///< call whose failure is made up for without a word
+
+    void Do() const;
 };
 
 /// Texts of the terminals' connections for the procedures.
@@ -34,7 +31,4 @@ std::span<const Procedure> AllProcedures();
 
 /// Presses a button when it is there and enabled, as a person would.
 void PressIfThere(int id);
-/// Brings a tab to the front when there are tabs.
-void ShowTab(int index);
-
 } // namespace krt550

@@ -4,13 +4,6 @@
 #include "wizard/motor/make_safe.h"
 #include "wizard/resources/control_ids.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QPointer>
-#include <QPushButton>
-
-#include <algorithm>
-
 namespace krt550 {
 namespace {
 
@@ -34,15 +27,9 @@ bool IsConnection(quint16 reg) {
            isIn(1301, 1316) || isIn(1401, 1416) || isIn(1501, 1510);
 }
 
-std::vector<ParameterDescription> AllParameters() {
-    std::vector<ParameterDescription> parameters = FeedbackDrive::Parameters();
-    AddRowsOfAllPages(parameters);
-    return parameters;
-}
-
 } // namespace
 
-WatchedDrive::WatchedDrive() : FeedbackDrive(AllParameters()) {
+WatchedDrive::WatchedDrive() {
     onCall = [this](const QString& call) { Judge(call); };
 }
 

@@ -2,9 +2,6 @@
 
 #include "tests/assistants/feedback_drive.h"
 
-#include <QMessageBox>
-#include <QObject>
-
 namespace krt550 {
 
 /// A drive with a motor that needs a few looks to stand, and with somebody who watches what is done to it.

@@ -4,10 +4,6 @@
 #include "tests/shell/wizard_fixture.h"
 #include "tests/support/shipped_drive.h"
 
-#include <QComboBox>
-#include <QTabBar>
-#include <QTest>
-
 namespace krt550 {
 
 /// The specific assistants with the drive's parameters and the text files as they are shipped.
@@ -40,23 +36,8 @@ protected:
         Robot::Press(kBack);
         Robot::Press(kNext);
     }
-    static void ShowTab(int index) {
-        auto* tabs = Robot::Front()->findChild<QTabBar*>();
-        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
-    }
-    static void Enter(int id, const QString& text) {
-        if (qobject_cast<QComboBox*>(Robot::Control(id)))
-            Robot::Choose(id, text);
-        else
-            Robot::Type(id, text);
-    }
     /// Lets a bit more than one update of the page pass.
-    void LetAnUpdatePass() {
-        const qint64 end = m_clock.Now() + 1100;
-        while (m_clock.Now() < end)
-            m_clock.WaitForEvents(end - m_clock.Now());
-        Robot::Drain();
-    }
+    static void LetAnUpdatePass() { Robot::LetPass(1100); }
 
     CSteppedClock m_clock;
     ClockScope m_clockScope{m_clock};

@@ -1,9 +1,7 @@
 // The settings of analogue inputs and outputs: what reaches the drive, and what is shown meanwhile.
-#include "tests/assistants/analog_fixture.h"
-
+#include "tests/assistants/wiring_fixture.h"
 #include "wizard/assistants/wiring_dialogs/analog_inputs.h"
 #include "wizard/assistants/wiring_dialogs/analog_outputs.h"
-#include "wizard/params/changed_registers.h"
 #include "wizard/platform/row_ids.h"
 
 namespace krt550 {
@@ -19,114 +17,58 @@ QString Shown(int input) {
         .join('|');
 }
 
-class AnalogSettings : public AnalogFixture {
+class AnalogSettings : public WiringFixture {
 protected:
-    /// What a person does, and what the drive gets when it is ended by `button`.
-    struct Case {
-        const char* name;
-        std::function<void()> act;
-        QStringList writes;
-    };
-
-    template <class Dialog> void WritesWhat(const std::vector<Case>& cases) {
-        for (const Case& c : cases)
-            for (const int button : {kAnalogApply, kAnalogClose, kAnalogCancel, 0}) {
-                AnalogDrive drive;
-                Run<Dialog>(drive, [&] {
-                    c.act();
-                    drive.TakeLog();
-                    if (button)
-                        Robot::Press(button);
-                    else
-                        Robot::CloseWindow();
-                });
-                const bool writes = button == kAnalogApply || button == kAnalogClose;
-                EXPECT_EQ(drive.TakeWrites(), writes ? c.writes : QStringList()) << c.name << ", button " << button;
-                EXPECT_FALSE(AnyChanged()) << c.name << ": the page would take it for its own";
-            }
+    /// Lets the timer refresh the values a few times; false when it does not run.
+    static bool WaitForRefresh(WiringDrive& drive) {
+        drive.TakeLog();
+        int seen = 0;
+        return Robot::WaitUntil([&] { return (seen += int(drive.TakeLog({"read 229"}).size())) > 2; });
     }
 };
 
 TEST_F(AnalogSettings, InputsWriteWhatWasChangedInTheGivenOrder) {
     WritesWhat<CDialogAISettings>({
-        {"nothing", [] {}, {}},
+        {"nothing", "", {}},
         {"rows, from the bottom up",
-         [] {
-             Robot::Type(ValueId(1316), "4");
-             Robot::Type(ValueId(1304), "7");
-             Robot::Type(ValueId(1302), "-5000");
-             Robot::Type(ValueId(1301), "8000");
-             Robot::Choose(ValueId(1303), "2 V to 10 V");
-             Robot::Choose(ValueId(1307), "0 V to 10 V");
-         },
+         "1316=4; 1304=7; 1302=-5000; 1301=8000; 1303=2 V to 10 V; 1307=0 V to 10 V",
          {"write 1303=2", "write 1301=8000", "write 1302=60536", "write 1304=7", "write 1307=1", "write 1316=4"}},
-        {"a connection is taken off before another one is made, and both before the rows",
-         [this] {
-             Robot::Type(ValueId(1304), "7");
-             Pick(1, {"Reference 1", "Torque reference"});
-         },
+        {"taken off before another one is made, and both before the rows",
+         "1304=7; pick AI1 Reference 1 + Torque reference",
          {"write 1101=0", "write 2503=1", "write 1304=7"}},
-        {"two functions of one selector",
-         [this] {
-             Pick(2, {"Motor temperature, PTC", "Motor temperature, Pt100"});
-         },
-         {"write 3104=3"}},
+        {"two of one selector", "pick AI2 Motor temperature, PTC + Motor temperature, Pt100", {"write 3104=3"}},
         {"inputs in turn, each with its own",
-         [this] {
-             Pick(4, {"Torque reference"});
-             Pick(2, {"Motor temperature, PTC"});
-         },
+         "pick AI4 Torque reference; pick AI2 Motor temperature, PTC",
          {"write 3104=1", "write 2503=4"}},
-        {"moved to another input, and taken off the first one as well",
-         [this] {
-             Pick(1, {"Reference 1"});
-             Pick(2, {"Reference 1"});
-         },
+        {"moved, and taken off the first one as well",
+         "pick AI1 Reference 1; pick AI2 Reference 1",
          {"write 1101=0", "write 1101=2"}},
-        {"moved to AI2, then picked for AI3", // the last one who asks gets it
-         [this] {
-             Pick(2, {"Reference 1"});
-             Pick(3, {"Reference 1"});
-         },
-         {"write 1101=3"}},
-        {"moved to AI3, then picked for AI2",
-         [this] {
-             Pick(3, {"Reference 1"});
-             Pick(2, {"Reference 1"});
-         },
-         {"write 1101=2"}},
-        {"a picker that was cancelled", [this] { Pick(1, {"Reference 1"}, kAnalogCancel); }, {}},
-        {"a picker left as it was", [this] { Pick(1, {}); }, {}},
-        {"picked, looked at again, and added to",
-         [this] {
-             Pick(3, {"Torque reference"});
-             Pick(3, {"Motor temperature, PTC"});
-         },
+        {"the last one who asks gets it", "pick AI2 Reference 1; pick AI3 Reference 1", {"write 1101=3"}},
+        {"and backwards", "pick AI3 Reference 1; pick AI2 Reference 1", {"write 1101=2"}},
+        {"a picker that was cancelled", "cancel AI1 Reference 1", {}},
+        {"a picker left as it was", "pick AI1 ", {}},
+        {"looked at again, and added to",
+         "pick AI3 Torque reference; pick AI3 Motor temperature, PTC",
          {"write 2503=3", "write 3104=2"}},
-        {"picked and taken back",
-         [this] {
-             Pick(1, {"Reference 1"});
-             Pick(1, {"Reference 1"});
-         },
-         {}},
+        {"picked and taken back", "pick AI1 Reference 1; pick AI1 Reference 1", {}},
     });
 }
 
 // Somebody else ties the function to another input while the dialog is open.
 TEST_F(AnalogSettings, AConnectionThatWasNotRemovedHereIsKept) {
-    AnalogDrive drive;
+    WiringDrive drive;
     Run<CDialogAISettings>(drive, [&] {
-        Pick(1, {"Reference 1"});
+        Do("pick AI1 Reference 1");
         drive.words[1101] = 3;
         drive.TakeLog();
-        Robot::Press(kAnalogApply);
+        Robot::Press(kIdApply);
         EXPECT_EQ(drive.TakeWrites(), QStringList());
         EXPECT_EQ(Robot::Text(ChannelId(3, kChannelConnection)), "Reference 1");
     });
 }
 
 TEST_F(AnalogSettings, InputsShowWhatTheyFeedAndAQuestionMarkUntilItIsApplied) {
-    AnalogDrive drive;
+    WiringDrive drive;
     drive.words[503] = 500;
     drive.words[201] = 875;
     drive.words[2503] = drive.words[3104] = 2;
@@ -138,17 +80,17 @@ TEST_F(AnalogSettings, InputsShowWhatTheyFeedAndAQuestionMarkUntilItIsApplied) {
         ASSERT_TRUE(WaitForRefresh(drive));
         EXPECT_EQ(Shown(1), "Reference 1|6.00|875|rpm");
 
-        Pick(1, {"Torque reference"});
+        Do("pick AI1 Torque reference");
         drive.words[503] = 700;
         drive.words[504] = 100;
         ASSERT_TRUE(WaitForRefresh(drive));
         EXPECT_EQ(Shown(1), "?|?|?|?");
         EXPECT_EQ(Shown(2), "Torque reference|1.00|0|%") << "the others follow the drive";
-        Pick(1, {"Torque reference"});
+        Do("pick AI1 Torque reference");
         EXPECT_EQ(Robot::Text(ChannelId(1, kChannelConnection)), "Reference 1") << "nothing is picked any more";
 
-        Pick(1, {"Torque reference"});
-        Robot::Press(kAnalogApply);
+        Do("pick AI1 Torque reference");
+        Robot::Press(kIdApply);
         EXPECT_EQ(Shown(1), "Multiple connections|7.00|Multiple connections|");
         EXPECT_EQ(Shown(2), "-|1.00||");
         EXPECT_EQ(Shown(3), "Motor temperature, PTC|0.00|0|C");
@@ -160,13 +102,14 @@ TEST_F(AnalogSettings, InputsShowWhatTheyFeedAndAQuestionMarkUntilItIsApplied) {
 
 // A timer may have ticked before somebody looks: what it reads comes behind.
 TEST_F(AnalogSettings, ALoadReadsEverythingOnceInTheGivenOrder) {
-    const auto loads = [this](QList<int> registers) {
+    WiringDrive drive;
+    const auto loads = [&drive](QList<int> registers) {
+        const QStringList log = drive.TakeLog();
         QStringList reads;
         for (const int reg : registers)
             reads.append(QStringLiteral("read %1").arg(reg));
-        EXPECT_EQ(loading.first(std::min(loading.size(), reads.size())), reads);
+        EXPECT_EQ(log.first(std::min(log.size(), reads.size())), reads);
     };
-    AnalogDrive drive;
     Run<CDialogAISettings>(drive, [&] {
         loads({229,  1303, 1301, 1302, 1304, 1307, 1305, 1306, 1308, 1311, 1309, 1310, 1312,
                1315, 1313, 1314, 1316, 503,  504,  505,  506,  1101, 2503, 3104, 201});
@@ -175,58 +118,41 @@ TEST_F(AnalogSettings, ALoadReadsEverythingOnceInTheGivenOrder) {
 }
 
 TEST_F(AnalogSettings, OutputsWriteWhatWasChangedInTheGivenOrder) {
-    const auto typeIndex = [](int output, quint16 reg, const QString& text) {
-        Robot::Press(ChannelId(output, kChannelView));
-        Robot::Type(ValueId(reg), text);
-    };
     WritesWhat<CDialogAOSettings>({
-        {"nothing", [] {}, {}},
-        {"one setting", [] { Robot::Type(ValueId(1504), "20"); }, {"write 1504=20"}},
+        {"nothing", "", {}},
+        {"one setting", "1504=20", {"write 1504=20"}},
         {"everything, from the bottom up",
-         [&] {
-             Robot::Type(ValueId(1510), "6000");
-             Robot::Type(ValueId(1509), "9");
-             Robot::Choose(ValueId(1508), "0 V to 10 V");
-             Robot::Choose(ChannelId(2, kChannelChoice), "107 Motor torque filtered");
-             Robot::Type(ValueId(1505), "5000");
-             Robot::Type(ValueId(1504), "8");
-             Robot::Choose(ValueId(1503), "0 V to 10 V");
-             typeIndex(1, 1501, "1234");
-         },
+         "1510=6000; 1509=9; 1508=0 V to 10 V; source AO2 107 Motor torque; 1505=5000; 1504=8; 1503=0 V to 10 V; "
+         "view AO1; 1501=1234",
          {"write 1501=1234", "write 1503=1", "write 1504=8", "write 1505=5000", "write 1506=107", "write 1508=1",
           "write 1509=9", "write 1510=6000"}},
-        {"an index that was typed and typed back",
-         [&] {
-             typeIndex(1, 1501, "107");
-             Robot::Type(ValueId(1501), "104");
-         },
-         {}},
+        {"an index that was typed and typed back", "view AO1; 1501=107; 1501=104", {}},
     });
 }
 
 TEST_F(AnalogSettings, OutputsRefreshAfterApplyButNotBesideAChangedIndex) {
-    AnalogDrive drive;
+    WiringDrive drive;
     drive.words[511] = 500;
     Run<CDialogAOSettings>(drive, [&] {
         const auto shown = [] {
             return Robot::Text(ValueId(511)) + Robot::Text(UnitId(511)) + Robot::Text(ValueId(512));
         };
         EXPECT_EQ(shown(), "5.00V0.00");
-        Robot::Choose(ChannelId(1, kChannelChoice), "107 Motor torque filtered");
+        Robot::Choose(ChannelId(1, kChannelChoice), "107 Motor torque");
         EXPECT_EQ(shown(), "??0.00");
         drive.words[511] = 600;
         drive.words[512] = 700;
         ASSERT_TRUE(WaitForRefresh(drive));
         EXPECT_EQ(shown(), "??7.00");
         drive.words[511] = 800;
-        Robot::Press(kAnalogApply);
+        Robot::Press(kIdApply);
         EXPECT_EQ(shown(), "8.00V7.00") << "at once";
         EXPECT_EQ(drive.TakeWrites(), QStringList{"write 1501=107"});
     });
 }
 
 TEST_F(AnalogSettings, OutputsHaveABasicAndAnAdvancedView) {
-    AnalogDrive drive;
+    WiringDrive drive;
     Run<CDialogAOSettings>(drive, [&] {
         const auto view = [](int output, quint16 reg) {
             return Robot::Text(ChannelId(output, kChannelView)) +
@@ -248,7 +174,7 @@ TEST_F(AnalogSettings, OutputsHaveABasicAndAnAdvancedView) {
 
 TEST_F(AnalogSettings, AFailedRefreshStopsTheTimerAndIsToldOnce) {
     const auto fails = [this]<class Dialog>(Dialog*, quint16 reg, const QString& box) {
-        AnalogDrive drive;
+        WiringDrive drive;
         drive.words[2503] = 4;
         Run<Dialog>(drive, [&] {
             ASSERT_TRUE(WaitForRefresh(drive));
@@ -274,15 +200,14 @@ TEST_F(AnalogSettings, AFailedRefreshStopsTheTimerAndIsToldOnce) {
 }
 
 TEST_F(AnalogSettings, FailuresOfAnApplyAreToldAndTheRestIsWritten) {
-    AnalogDrive drive;
+    WiringDrive drive;
     Run<CDialogAISettings>(drive, [&] {
-        Pick(1, {"Reference 1", "Torque reference"});
-        Robot::Type(ValueId(1301), "8000");
-        Robot::Type(ValueId(1304), "7");
+        Do("pick AI1 Reference 1 + Torque reference");
+        Do("1301=8000; 1304=7");
         drive.unwritable = {1101, 1301};
         drive.TakeLog();
         m_boxes.Expect("Writing parameter 11.01*");
-        Robot::Press(kAnalogApply);
+        Robot::Press(kIdApply);
         EXPECT_EQ(drive.TakeWrites(), (QStringList{"write 1101=0", "write 2503=1", "write 1301=8000", "write 1304=7"}));
         EXPECT_EQ(Shown(1).section('|', 0, 0), "Multiple connections") << "what the drive has";
         EXPECT_TRUE(IsChanged(1301)) << "a later Apply tries again";
@@ -306,7 +231,7 @@ TEST_F(AnalogSettings, WhatTheDriveLacksIsDisabledAndOnlyToldWithAFailure) {
         {{1501}, {}, {}, {}},
     };
     for (const auto& c : cases) {
-        AnalogDrive drive(c.missing);
+        WiringDrive drive(c.missing);
         drive.unreadable = c.unreadable;
         const auto boxes = [&](const QStringList& texts) {
             for (const QString& text : texts)
@@ -324,31 +249,20 @@ TEST_F(AnalogSettings, WhatTheDriveLacksIsDisabledAndOnlyToldWithAFailure) {
 }
 
 TEST_F(AnalogSettings, WithoutARootNothingIsShownAndNothingCanBeTyped) {
-    AnalogDrive drive;
+    WiringDrive drive;
     drive.hasRoot = false;
-    const auto look = [&](const std::vector<int>& ids) {
-        return [&drive, ids] {
+    const auto look = [](const std::vector<int>& ids) {
+        return [ids] {
             for (const int id : ids)
                 EXPECT_FALSE(Robot::IsEnabled(id)) << id;
-            Robot::Press(kAnalogClose);
+            Robot::Press(kIdCloseDialog);
         };
     };
-    EXPECT_EQ(
-        Run<CDialogAISettings>(drive, look({ValueId(1301), ValueId(1303), ChannelId(1, kChannelEdit), kAnalogApply})),
-        kAnalogClose);
-    EXPECT_EQ(Run<CDialogAOSettings>(drive, look({ValueId(1504), ChannelId(2, kChannelChoice), kAnalogApply})),
-              kAnalogClose);
+    EXPECT_EQ(Run<CDialogAISettings>(drive, look({ValueId(1301), ValueId(1303), ChannelId(1, kChannelEdit), kIdApply})),
+              kIdCloseDialog);
+    EXPECT_EQ(Run<CDialogAOSettings>(drive, look({ValueId(1504), ChannelId(2, kChannelChoice), kIdApply})),
+              kIdCloseDialog);
     EXPECT_EQ(drive.TakeLog(), QStringList());
-}
-
-// The page below has something typed and not applied: it stays the page's.
-TEST_F(AnalogSettings, ThePageKeepsItsOwnChanges) {
-    AnalogDrive drive;
-    MarkChanged(9908);
-    Run<CDialogAOSettings>(drive, [] { Robot::Type(ValueId(1504), "20"); });
-    Run<CDialogAISettings>(drive, [] { Robot::Press(kAnalogClose); });
-    EXPECT_TRUE(IsChanged(9908));
-    ClearChanged();
 }
 
 } // namespace

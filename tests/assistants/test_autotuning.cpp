@@ -3,8 +3,6 @@
 
 #include "wizard/platform/row_ids.h"
 
-#include <QProgressBar>
-
 namespace krt550 {
 namespace {
 

@@ -7,8 +7,6 @@
 #include "wizard/diagnosis/fault_record.h"
 #include "wizard/resources/module_resources.h"
 
-#include <QTimer>
-
 namespace krt550 {
 namespace {
 
@@ -62,19 +60,15 @@ protected:
         ReadFaultRecord(message);
         QString shown;
         CDiagnosisDialog dialog;
-        const std::function<void()> look = [&] {
-            // A message box comes before the dialog.
-            if (Robot::Layout() != 122) {
-                QTimer::singleShot(1, &dialog, look);
-                return;
-            }
-            for (const int id : kValues)
-                shown += Robot::Text(id) + ' ';
-            for (const int id : kUnits)
-                shown += Robot::Text(id) + ' ';
-            Robot::Press(2);
-        };
-        QTimer::singleShot(0, &dialog, look);
+        QTimer::singleShot(0, &dialog, [&] {
+            Robot::WhenInFront(122, [&] {
+                for (const int id : kValues)
+                    shown += Robot::Text(id) + ' ';
+                for (const int id : kUnits)
+                    shown += Robot::Text(id) + ' ';
+                Robot::Press(2);
+            });
+        });
         EXPECT_EQ(dialog.DoModal(), 2);
         return shown.simplified();
     }

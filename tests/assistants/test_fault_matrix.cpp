@@ -12,12 +12,7 @@
 #include "wizard/motor/make_safe.h"
 #include "wizard/resources/control_ids.h"
 
-#include <QApplication>
-#include <QPushButton>
 #include <QTest>
-#include <QTimer>
-
-#include <cstdio>
 
 namespace krt550 {
 namespace {
@@ -65,7 +60,7 @@ const Disturbance kDisturbances[] = {
     {"AllWindowsCloseAtABox", 1, QApplication::closeAllWindows, true, true, 0, false, true},
     {"Back", 0, [] { Click(kBack); }, false, false, 0, true},
     {"Next", 0, [] { Click(kNext); }, false, false, 0, true},
-    {"OtherTab", 0, [] { ShowTab(1); }, false, false, 0, true},
+    {"OtherTab", 0, [] { Robot::ShowTab(1); }, false, false, 0, true},
 };
 
 #ifdef KRT550_FAULT_STRIDE
@@ -188,7 +183,7 @@ bool FaultMatrix::RunCase(int n) {
     m_linkDead = false;
     SetTrap(drive, clerk, n);
     RunWizardWith(drive, [&] {
-        GetProcedure().act();
+        GetProcedure().Do();
         CheckRemains(drive, "when the procedure had ended");
     });
     if (GetDisturbance().act == EndApplication)
@@ -242,7 +237,7 @@ void FaultMatrix::CheckAgain() {
     PrepareDrive(drive);
     BoxClerk clerk(drive);
     SetStepState(GetProcedure().step, StepState::NotChosen);
-    RunWizardWith(drive, GetProcedure().act);
+    RunWizardWith(drive, [this] { GetProcedure().Do(); });
     EXPECT_EQ(GetStepState(GetProcedure().step), StepState::Done) << "the next run failed";
 }
 

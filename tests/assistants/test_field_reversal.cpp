@@ -7,20 +7,12 @@
 #include "wizard/shell/color_static.h"
 
 #include <QTest>
-#include <QTimer>
 
 namespace krt550 {
 namespace {
 
 const QString kCommandRefused = "Writing parameter 45.07 Field reversal command failed: simulated failure";
 const QString kModeRefused = "Writing parameter 99.06 Service mode failed: simulated failure";
-
-std::vector<ParameterDescription> Parameters() {
-    std::vector<ParameterDescription> parameters = TuningDrive::Parameters();
-    std::erase_if(parameters, [](const ParameterDescription& p) { return p.reg == 406; });
-    parameters.push_back(List(406, "Exciter found", {{0, "Off"}, {1, "On"}}));
-    return parameters;
-}
 
 class FieldReversal : public testing::Test {
 protected:
@@ -64,7 +56,8 @@ protected:
     CSteppedClock m_clock;
     ClockScope m_clockScope{m_clock};
     std::map<int, std::function<void()>> m_clicks;
-    TuningDrive m_drive{Parameters()};
+    TuningDrive m_drive{TuningDrive::Parameters(
+        {List(406, "Exciter found", {{0, "Off"}, {1, "On"}}), List(9912, "Exciter", {{0, "Off"}, {1, "On"}})})};
     MessageBoxes m_boxes;
 };
 
@@ -133,10 +126,7 @@ TEST_F(FieldReversal, ComparesTheExciterFoundWithTheOneInUse) {
         for (const auto& [found, used, text, color] : cases) {
             m_drive.words[406] = found;
             m_drive.words[9912] = used;
-            const qint64 end = m_clock.Now() + 250;
-            while (m_clock.Now() < end)
-                m_clock.WaitForEvents(end - m_clock.Now());
-            Robot::Drain();
+            Robot::LetPass(250);
             EXPECT_EQ(shown->text(), text) << found << used;
             const QColor face = shown->palette().color(QPalette::Button);
             EXPECT_EQ(shown->GetColors().behindRest.value_or(face), color.isValid() ? color : face) << found << used;

@@ -88,7 +88,7 @@ TEST_F(LinkPages, AnotherModuleShowsItsOwnParameters) {
         EXPECT_EQ(ApplyAndTakeWrites(), QStringList("write 9802=1"));
         EXPECT_EQ(Robot::Text(ValueId(5101)), "PROFINET IO");
         // The tab behind is read anew as well and leaves the one in front alone.
-        ShowTab(1);
+        Robot::ShowTab(1);
         const QString shown = Word(1);
         Robot::Choose(ValueId(9802), "Not used");
         Robot::Press(kApply);
@@ -113,7 +113,7 @@ TEST_F(LinkPages, WordsShowWhatTheyPointTo) {
             m_drive->unreadable = {114};
             m_boxes.Expect("Error while uploading transmit/receive pointed parameter").WithIcon(QMessageBox::Critical);
             m_boxes.Expect("Reading parameter 1.14 Armature voltage failed: simulated failure");
-            ShowTab(2);
+            Robot::ShowTab(2);
             m_boxes.Verify();
             EXPECT_EQ(Word(1), "Speed actual|1234|rpm");
             EXPECT_EQ(Word(2), "Not connected||");
@@ -162,7 +162,7 @@ TEST_F(LinkPages, WordsShowWhatTheyPointTo) {
 
 TEST_F(LinkPages, WhatAWordPointsToFailsAfterAWrite) {
     OnPage(kSerial, [this] {
-        ShowTab(1);
+        Robot::ShowTab(1);
         m_drive->unreadable = {705};
         m_drive->unwritable = {9002};
         m_boxes.Expect("Error while uploading pointed parameter (705)").WithIcon(QMessageBox::Critical);
@@ -191,7 +191,7 @@ TEST_F(LinkPages, SignOfAMailboxIsItsDirection) {
     };
     OnPage(kMasterFollower, [&] {
         EXPECT_EQ(Label(4), "9417 Transmit value 1.4");
-        ShowTab(1);
+        Robot::ShowTab(1);
         EXPECT_EQ(Robot::Text(kIdMailBoxLabel), "9418 Mailbox 2 node ID");
         EXPECT_EQ(Robot::Text(kIdMailBoxId), "-5");
         EXPECT_EQ(labels(), received);
@@ -225,9 +225,9 @@ TEST_F(LinkPages, MailboxesKeepApart) {
     OnPage(kMasterFollower, [this] {
         Robot::Type(ValueId(9401), "3");
         EXPECT_EQ(ApplyAndTakeWrites(), QStringList("write 9401=3"));
-        ShowTab(1);
-        ShowTab(3);
-        ShowTab(0);
+        Robot::ShowTab(1);
+        Robot::ShowTab(3);
+        Robot::ShowTab(0);
         Robot::Choose(PointerId(2, kPointerChoice), "Speed actual");
         EXPECT_EQ(ApplyAndTakeWrites(), QStringList("write 9415=104"));
         m_drive->words[9412] = 9;

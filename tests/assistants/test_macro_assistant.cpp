@@ -2,21 +2,14 @@
 #include "tests/support/fake_drive.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/robot.h"
+#include "tests/support/shipped_drive.h"
 
 #include "hostlib/tolvbo32/clock.h"
-#include "hostlib/tolvbo32/drive_description.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/terminal_overview.h"
 #include "wizard/shell/color_static.h"
 #include "wizard/shell/step_states.h"
-#include "wizard/texts/wizard_directory.h"
-
-#include <QComboBox>
-#include <QLineEdit>
-
-#include <algorithm>
-#include <cstdio>
 
 namespace krt550 {
 namespace {
@@ -25,14 +18,6 @@ using enum TerminalKind;
 
 constexpr int kMacro = ValueId(9908);
 const QString kRefused = "The macro was not loaded: the drive is switched on, or the motor may turn.*";
-
-std::vector<ParameterDescription> ShippedParameters() {
-    QStringList errors;
-    const auto parameters =
-        ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
-    EXPECT_TRUE(parameters) << errors.join('\n').toStdString();
-    return parameters.value_or(std::vector<ParameterDescription>());
-}
 
 class MacroAssistant : public testing::Test {
 protected:
@@ -146,6 +131,10 @@ TEST_F(MacroAssistant, LoadsAMacroWithApplyAndNotBefore) {
         Robot::Choose(kMacro, "Standard");
         EXPECT_EQ(Connection(DigitalInput, 8), before) << "the drive's own macro again";
         EXPECT_EQ(ShownRows(), (QStringList{"1101", "1109", "2201", "2202", "2102", "2103"}));
+        // A value list has its drop-down, anything else its edit, each with a name.
+        EXPECT_EQ(Robot::Control(DependentId(0, 5))->accessibleName(), "1101 Reference 1 selector");
+        EXPECT_EQ(Robot::Control(DependentId(2, 1))->property("register").toInt(), 2201);
+        EXPECT_FALSE(Robot::Find(DependentId(0, 1)) || Robot::Find(DependentId(2, 5)));
         m_drive.TakeLog();
         Robot::Press(kIdApply);
         EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList()) << "nothing was chosen";
@@ -164,6 +153,9 @@ TEST_F(MacroAssistant, LoadsAMacroWithApplyAndNotBefore) {
         EXPECT_TRUE(Robot::IsEnabled(EditParametersId(DigitalInput)));
         Robot::Press(kIdApply);
         EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList());
+        Robot::Press(kIdMacroView);
+        EXPECT_EQ(ShownRows(), QStringList()) << "in the advanced view only";
+        Robot::Press(kIdMacroView);
         // What was typed for a macro is for that macro.
         Robot::Type(DependentId(0, 1), "150");
         Robot::Choose(kMacro, "Fieldbus control");
@@ -227,28 +219,6 @@ TEST_F(MacroAssistant, GivesTheMacroBackWhenItCannotBeLoaded) {
         }
         Robot::Press(kIdNext);
         EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 9908=4", "write 9907=1"})) << "tried again";
-    });
-}
-
-TEST_F(MacroAssistant, ShowsItsRowsInTheAdvancedViewOnly) {
-    OpenMacro([&] {
-        EXPECT_EQ(ShownRows(), QStringList());
-        const int wide = Robot::Control(kIdMacroDescription)->width();
-        Robot::Press(kIdMacroView);
-        EXPECT_EQ(Robot::Text(kIdMacroView), "Basic");
-        EXPECT_LT(Robot::Control(kIdMacroDescription)->width(), wide);
-        // A value list has its drop-down, anything else its edit, each with a name.
-        auto* list = qobject_cast<QComboBox*>(Robot::Control(DependentId(0, 5)));
-        auto* edit = qobject_cast<QLineEdit*>(Robot::Control(DependentId(2, 1)));
-        ASSERT_TRUE(list && edit && !Robot::Find(DependentId(0, 1)) && !Robot::Find(DependentId(2, 5)));
-        EXPECT_EQ(list->accessibleName(), "1101 Reference 1 selector");
-        EXPECT_EQ(edit->property("register").toInt(), 2201);
-        Robot::Type(DependentId(2, 1), "12.5");
-        m_drive.TakeLog();
-        Robot::Press(kIdApply);
-        EXPECT_EQ(m_drive.TakeLog({"write"}).size(), 1);
-        Robot::Press(kIdMacroView);
-        EXPECT_EQ(ShownRows(), QStringList());
     });
 }
 

@@ -5,11 +5,12 @@
 #include "wizard/resources/control_ids.h"
 #include "wizard/shell/color_static.h"
 
-#include <QCheckBox>
+#include <QTest>
 
 namespace krt550 {
 namespace {
 
+constexpr int kFieldWeakening = 169;
 constexpr int kProtection = 173;
 constexpr int kEStop = 174;
 constexpr int kFieldExciter = 176;
@@ -29,6 +30,9 @@ TEST_F(SpecialPages, WriteWhatWasChangedInTheirOrder) {
         std::vector<Entry> entries;
         QStringList writes;
     } const cases[] = {
+        {kFieldWeakening,
+         {{0, ValueId(4401), "Field weakening"}, {0, ValueId(4409), "5"}, {0, ValueId(9902), "250"}},
+         {"write 9902=250", "write 4401=1", "write 4409=500"}},
         {kProtection,
          {{0, ValueId(3009), "200"},
           {0, ValueId(3028), "Alarm, keep last reference"},
@@ -65,8 +69,8 @@ TEST_F(SpecialPages, WriteWhatWasChangedInTheirOrder) {
             int tab = 0;
             for (const auto& [onTab, id, text] : c.entries) {
                 if (std::exchange(tab, onTab) != onTab)
-                    ShowTab(onTab);
-                Enter(id, text);
+                    Robot::ShowTab(onTab);
+                Robot::Enter(id, text);
             }
             EXPECT_EQ(m_drive->TakeLog({"write"}), QStringList());
             Robot::Press(kApply);
@@ -136,7 +140,7 @@ TEST_F(SpecialPages, WorkWithoutWhatTheDriveLacks) {
                 if (c.tab != 0) {
                     for (const QString& text : c.boxes)
                         m_boxes.Expect(text).WithIcon(QMessageBox::Critical);
-                    ShowTab(c.tab);
+                    Robot::ShowTab(c.tab);
                 }
                 m_boxes.Verify();
                 for (const int id : c.disabled)

@@ -5,10 +5,6 @@
 #include "wizard/platform/row_ids.h"
 #include "wizard/platform/slider.h"
 
-#include <QApplication>
-#include <QGroupBox>
-#include <QProgressBar>
-#include <QTabBar>
 #include <QTest>
 
 namespace krt550 {
@@ -29,11 +25,6 @@ protected:
                         "SLIDERVAL\t5\t3333\t1\nSLIDERVAL\t5\t2306\t60000\nSLIDERVAL\t5\t2311\t7\n") {}
 
     void OnPage(const std::function<void()>& script) { TuningFixture::OnPage(kPageBox, script); }
-    static QTabBar* Bar() { return Robot::Front()->findChild<QTabBar*>(); }
-    void ShowTab(int index) {
-        QTest::mouseClick(Bar(), Qt::LeftButton, {}, Bar()->tabRect(index).center());
-        EXPECT_EQ(Bar()->currentIndex(), index);
-    }
     static CSlider* Slider() { return static_cast<CSlider*>(Robot::Control(kSlider)); }
     /// Takes the handle with the mouse and lets it go near a position.
     static void Drag(int position) {
@@ -42,21 +33,6 @@ protected:
         QTest::mouseRelease(Slider(), Qt::LeftButton);
     }
 };
-
-TEST_F(SpeedController, ShowsItsTabsAndRows) {
-    OnPage([this] {
-        EXPECT_EQ(m_drive.TakeLog({"read"}),
-                  (QStringList{"read 9904", "read 2001", "read 2002", "read 2201", "read 2202", "read 2403",
-                               "read 2409", "read 2306", "read 5006", "read 2311"}));
-        EXPECT_EQ(Bar()->tabText(0), "Set general parameters");
-        EXPECT_EQ(Bar()->tabText(1), "Set limits");
-        EXPECT_EQ(Bar()->tabText(2), "Set filters");
-        ShowTab(2);
-        EXPECT_EQ(m_drive.TakeLog(), kFiltersRead);
-        EXPECT_EQ(Robot::Text(kNext), "Finish");
-        EXPECT_FALSE(Robot::IsEnabled(kDiagnosis));
-    });
-}
 
 // Whoever looks at another tab while the motor turns does not wait for all of its rows.
 TEST_F(SpeedController, ACancelWhileATabIsReadComesBeforeItsNextRead) {
@@ -67,7 +43,7 @@ TEST_F(SpeedController, ACancelWhileATabIsReadComesBeforeItsNextRead) {
         m_drive.looksUntilDone = 0;
         m_drive.onLook = [&](int look) {
             if (look == 2)
-                post([this] { ShowTab(2); });
+                post([] { Robot::ShowTab(2); });
         };
         m_drive.onCall = [&](const QString& call) {
             if (call == kFiltersRead[0])
@@ -87,9 +63,9 @@ TEST_F(SpeedController, WritesPageTabsAndSliderInOrder) {
         Robot::Type(ValueId(2403), "6");
         Robot::Type(ValueId(2202), "12");
         Robot::Type(ValueId(9904), "1500");
-        ShowTab(1);
+        Robot::ShowTab(1);
         Robot::Type(ValueId(2013), "8");
-        ShowTab(2);
+        Robot::ShowTab(2);
         Robot::Type(ValueId(5006), "9");
         m_drive.TakeLog();
         Robot::Press(kApply);
@@ -134,7 +110,7 @@ TEST_F(SpeedController, WritesTheSlidersValuesWhenItIsReleased) {
         m_drive.TakeLog();
         Drag(47);
         EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 2306=200", "write 5006=150"})) << "the tab is not loaded";
-        ShowTab(2);
+        Robot::ShowTab(2);
         Robot::Type(ValueId(2311), "3");
         m_drive.TakeLog();
         Drag(49);

@@ -2,9 +2,6 @@
 // call is the fault matrix's.
 #include "tests/assistants/speed_feedback_fixture.h"
 
-#include <QApplication>
-#include <QTimer>
-
 namespace krt550 {
 namespace {
 

@@ -6,9 +6,6 @@
 #include "wizard/platform/row_ids.h"
 #include "wizard/resources/control_ids.h"
 
-#include <QApplication>
-#include <QPushButton>
-#include <QTabBar>
 #include <QTest>
 
 namespace krt550 {
@@ -22,12 +19,6 @@ protected:
     Tabs() : TuningFixture("UPDATE\t5\t5\nUPDATE\t6\t5\n") {}
 
     static QTabBar* Bar() { return Robot::Front()->findChild<QTabBar*>(); }
-    static void ClickTab(int index) { QTest::mouseClick(Bar(), Qt::LeftButton, {}, Bar()->tabRect(index).center()); }
-    void LetUpdatesPass() {
-        const qint64 end = m_clock.Now() + 15;
-        EXPECT_TRUE(Robot::WaitUntil([&] { return m_clock.Now() >= end; }));
-        Robot::Drain();
-    }
 };
 
 TEST_F(Tabs, AreMadeByTheFirstActivationThatGetsARootAndReadWhenTheyComeToTheFront) {
@@ -40,7 +31,7 @@ TEST_F(Tabs, AreMadeByTheFirstActivationThatGetsARootAndReadWhenTheyComeToTheFro
         Robot::Press(kNext);
         EXPECT_TRUE(Bar()->isVisible());
         m_drive.TakeLog();
-        ClickTab(1);
+        Robot::ShowTab(1);
         const QStringList limits = {"read 2003", "read 2005", "read 2006", "read 2012", "read 2013"};
         EXPECT_EQ(m_drive.TakeLog().mid(0, 5), limits);
         Robot::Press(kBack);
@@ -48,7 +39,7 @@ TEST_F(Tabs, AreMadeByTheFirstActivationThatGetsARootAndReadWhenTheyComeToTheFro
         Robot::Press(kNext);
         EXPECT_EQ(m_drive.TakeLog().mid(0, 6), limits + QStringList{"read 2403"}) << "only the tab in front";
         m_drive.words[9904] = 44;
-        ClickTab(0);
+        Robot::ShowTab(0);
         EXPECT_EQ(Robot::Text(ValueId(9904)), "44");
     });
 }
@@ -61,14 +52,14 @@ TEST_F(Tabs, AreRefreshedInFrontOnly) {
         m_drive.words[9904] = 94;
         EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(ValueId(9904)) == "94"; }));
         EXPECT_EQ(Robot::Text(ValueId(2403)), "92");
-        ClickTab(1);
+        Robot::ShowTab(1);
         m_drive.TakeLog();
         m_drive.words[2003] = 39;
         EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(ValueId(2003)) == "39"; }));
         EXPECT_EQ(m_drive.TakeLog({"read 9904", "read 2001"}), QStringList());
         Robot::Press(kBack);
         m_drive.TakeLog();
-        LetUpdatesPass();
+        Robot::LetPass(15);
         EXPECT_EQ(m_drive.TakeLog({"read"}), QStringList()) << "nothing after the page is left";
     });
 }
@@ -80,22 +71,10 @@ TEST_F(Tabs, StopTheUpdateOnceWhenTheyCannotBeRefreshed) {
         m_boxes.Expect(stopped).WithIcon(QMessageBox::Critical);
         m_drive.unreadable.insert(2001);
         EXPECT_TRUE(Robot::WaitUntil([&] { return m_boxes.Seen().contains(stopped); }));
-        LetUpdatesPass();
+        Robot::LetPass(15);
         m_drive.TakeLog();
-        LetUpdatesPass();
+        Robot::LetPass(15);
         EXPECT_EQ(m_drive.TakeLog(), QStringList());
-    });
-}
-
-TEST_F(Tabs, KeepThePageWhenOneOfThemCannotWrite) {
-    OnPage(kStep6, [this] {
-        Robot::Type(ValueId(2001), "7");
-        m_drive.unwritable.insert(2001);
-        m_drive.TakeLog();
-        m_boxes.Expect("Writing parameter 20.01 Parameter 2001 failed: simulated failure");
-        Robot::Press(kNext);
-        EXPECT_EQ(Robot::Layout(), 111);
-        EXPECT_EQ(m_drive.TakeLog({"write 2"}), QStringList{"write 2001=7"}) << "a tab never shown has nothing";
     });
 }
 

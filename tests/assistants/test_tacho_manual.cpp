@@ -4,7 +4,6 @@
 #include "wizard/platform/window.h"
 #include "wizard/shell/strip_bitmap_button.h"
 
-#include <QTabBar>
 #include <QTest>
 
 namespace krt550 {
@@ -17,15 +16,11 @@ class TachoManual : public SpeedFeedbackFixture {
 protected:
     void OnTab(const std::function<void()>& script) {
         OnPage([&] {
-            ShowTab(1);
+            Robot::ShowTab(1);
             Robot::Drain();
             m_drive.TakeLog();
             script();
         });
-    }
-    static void ShowTab(int index) {
-        auto* tabs = Robot::Front()->findChild<QTabBar*>();
-        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
     }
     void TakeLocal() {
         m_boxes.Expect(kWarning).WithIcon(QMessageBox::Warning);
@@ -147,7 +142,7 @@ TEST_F(TachoManual, HidesTheRangeOfADriveThatHasNone) {
     RunWizardWith(drive, [] {
         Robot::Press(kBoxOfStep5);
         Robot::Press(kNext);
-        ShowTab(1);
+        Robot::ShowTab(1);
         EXPECT_FALSE(Robot::Find(LabelId(425)) || Robot::Find(ValueId(425)));
     });
 }

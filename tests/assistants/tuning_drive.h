@@ -40,8 +40,8 @@ inline QStringList Stop() {
 /// it.
 class TuningDrive : public FakeDrive {
 public:
-    explicit TuningDrive(std::vector<ParameterDescription> parameters = Parameters())
-        : FakeDrive(std::move(parameters)) {
+    TuningDrive() : TuningDrive(Parameters({})) {}
+    explicit TuningDrive(std::vector<ParameterDescription> parameters) : FakeDrive(std::move(parameters)) {
         words[801] = 1;
     }
 
@@ -49,24 +49,12 @@ public:
     quint16 outcome = 0;    ///< value of 911 afterwards
     std::function<void(int look)> onLook;
 
-    static std::vector<ParameterDescription> Parameters() {
-        std::vector<ParameterDescription> parameters = TerminalParameters();
-        for (const int reg : {9902, 9903, 9904, 9911, 2001, 2002, 2005, 2006, 2012, 2013, 3012, 4306,
-                              4307, 4308, 4309, 4310, 4402, 4403, 4502, 9408, 4409, 4410, 4412, 4413,
-                              4414, 406,  801,  424,  2003, 2201, 2202, 2306, 2311, 2403, 2409, 5006})
-            parameters.push_back(
-                Number(static_cast<quint16>(reg), QStringLiteral("Parameter %1").arg(reg), 0, 0, 10000));
-        for (const int reg : {9912, 4401})
-            parameters.push_back(
-                List(static_cast<quint16>(reg), QStringLiteral("List %1").arg(reg), {{0, "Off"}, {1, "On"}}));
-        for (const int reg : {3009, 3016, 9910, 330, 129})
-            parameters.push_back(
-                Number(static_cast<quint16>(reg), QStringLiteral("Parameter %1").arg(reg), 0, 0, 10000));
-        parameters.push_back(List(9901, "Language", {{0, "English"}, {1, "Deutsch"}}));
-        parameters.push_back(Number(4507, "Field reversal command", 0, 0, 2));
-        parameters.push_back(Number(9906, "Service mode", 0, 0, 14));
-        parameters.push_back(List(911, "Diagnosis", {{0, "No message"}, {7, "Motor turned"}}));
-        return parameters;
+    /// Those of the wizard, and those in `own`, which go before them.
+    static std::vector<ParameterDescription> Parameters(std::vector<ParameterDescription> own) {
+        own.push_back(Number(4507, "Field reversal command", 0, 0, 2));
+        if (std::ranges::find(own, 911, &ParameterDescription::reg) == own.end())
+            own.push_back(List(911, "Diagnosis", {{0, "No message"}, {7, "Motor turned"}}));
+        return WizardParameters(std::move(own));
     }
 
 protected:

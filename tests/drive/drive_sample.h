@@ -3,8 +3,6 @@
 #include "drive/registers.h"
 #include "tests/support/descriptions.h"
 
-#include <vector>
-
 namespace krt550::test {
 
 /// A small drive: base speed 1500 rpm, 10 s up, 5 s down, 1 s quick stop; so 150, 300 and 1500 rpm/s.

@@ -3,9 +3,6 @@
 #include "drive/motor_control.h"
 #include "tests/drive/whole_drive.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace krt550 {
 namespace {
 
@@ -156,6 +153,7 @@ TEST(FieldWeakening, HoldsTheVoltageAboveBaseSpeed) {
     }
     for (const auto& [reg, flux] : {std::pair{reg::kField40, 40}, {reg::kField70, 70}, {reg::kField90, 90}})
         EXPECT_NEAR(drive.Value(reg), flux, 1) << "without saturation the flux goes with the field current";
+    EXPECT_NEAR(drive.Value(reg::kEmfTime), 114, 3) << "what the EMF takes to follow the field";
     drive.SetValue(reg::kSpeedMaximum, 3000);
     drive.SetValue(reg::kOverspeed, 3400);
     drive.SetValue(reg::kLeastField, 30);

@@ -2,8 +2,6 @@
 #include "drive/macros.h"
 #include "tests/drive/terminal_script.h"
 
-#include <QBuffer>
-
 namespace krt550::test {
 namespace {
 

@@ -5,10 +5,6 @@
 #include "drive/six_pulse_converter.h"
 #include "drive/tuning_rules.h"
 
-#include <cmath>
-#include <numbers>
-#include <random>
-
 namespace krt550 {
 namespace {
 

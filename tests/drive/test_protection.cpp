@@ -5,8 +5,6 @@
 
 #include <QRegularExpression>
 
-#include <cmath>
-
 namespace krt550 {
 namespace {
 

@@ -1,8 +1,6 @@
 // The identification runs: the flux curve that they measure, and what makes them fail.
 #include "tests/drive/whole_drive.h"
 
-#include <cmath>
-
 namespace krt550 {
 namespace {
 

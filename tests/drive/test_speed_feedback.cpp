@@ -1,8 +1,6 @@
 // The speed feedback test and the fine tuning of a tacho.
 #include "tests/drive/whole_drive.h"
 
-#include <numbers>
-
 namespace krt550 {
 namespace {
 

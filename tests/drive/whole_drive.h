@@ -7,21 +7,12 @@
 #include "drive/service_run.h"
 #include "drive/simulated_drive.h"
 #include "hostlib/tolvbo32/clock.h"
-#include "hostlib/tolvbo32/drive_description.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
+#include "tests/support/shipped_drive.h"
 
 namespace krt550::test {
 
 inline const std::vector<ParameterDescription>& WholeDescription() {
-    static const std::vector<ParameterDescription> whole = [] {
-        QStringList errors;
-        const auto read = ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
-        EXPECT_TRUE(read) << errors.join(QLatin1Char('\n')).toStdString();
-        return read.value_or(std::vector<ParameterDescription>());
-    }();
+    static const std::vector<ParameterDescription> whole = ShippedParameters();
     return whole;
 }
 

@@ -1,8 +1,6 @@
 #include "host/play/parser.h"
 #include "host/play/words.h"
 
-#include <QBuffer>
-
 namespace krt550 {
 namespace {
 

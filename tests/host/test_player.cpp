@@ -1,8 +1,6 @@
 // Plays on the real module, by the real program.
 #include "tests/host/tool_run.h"
 
-#include <QImage>
-
 namespace krt550 {
 namespace {
 

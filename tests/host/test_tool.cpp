@@ -67,14 +67,5 @@ TEST(Tool, NeedsNoDisplayForHelpAndPlays) {
         EXPECT_TRUE(tool.output.contains(QLatin1String(word))) << word;
 }
 
-TEST(Tool, ConnectsTheDriveThatIsAskedForAndLogsItsCalls) {
-    ToolRun tool;
-    EXPECT_EQ(tool.Play(QStringLiteral("start\nanswer ok\n"), QStringLiteral("--drive sim,fault=missing:3016 --log -")),
-              0)
-        << tool.errors.toStdString();
-    EXPECT_TRUE(tool.output.contains(QLatin1String("\tReadWord\t9902\t240\tok\n"))) << tool.output.toStdString();
-    EXPECT_TRUE(tool.output.contains(QLatin1String("# time\tcall\tregister\tvalue\toutcome\n")));
-}
-
 } // namespace
 } // namespace krt550

@@ -1,11 +1,5 @@
 #pragma once
 
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
 namespace krt550 {
 
 /// The real program with the real module, as a person starts it; with a directory of the test's own.

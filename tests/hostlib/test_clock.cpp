@@ -1,18 +1,7 @@
 #include "hostlib/tolvbo32/clock.h"
 
-#include <QCoreApplication>
-
 namespace krt550 {
 namespace {
-
-TEST(Clock, SteppedTimePassesOnlyInSleepsAndNeverBackwards) {
-    CSteppedClock clock;
-    const qint64 start = clock.Now();
-    EXPECT_EQ(clock.Now(), start);
-    clock.Sleep(250);
-    clock.Sleep(-100);
-    EXPECT_EQ(clock.Now(), start + 250);
-}
 
 // A procedure that sleeps and drains the queue in between must not keep everybody else's time from passing.
 TEST(Clock, AlarmsGoOffInTheirOrderWhenIdleAndAfterASleep) {
@@ -32,14 +21,8 @@ TEST(Clock, AlarmsGoOffInTheirOrderWhenIdleAndAfterASleep) {
     while (heard.size() < 3)
         clock.WaitForEvents(5000);
     EXPECT_EQ(clock.Now(), 1000);
-}
-
-TEST(Clock, RealClockSleepsAtLeastAsLongAsAsked) {
-    CClock& real = CClock::Current();
-    const qint64 before = real.Now();
-    real.Sleep(5);
-    real.Sleep(-5);
-    EXPECT_GE(real.Now(), before + 5);
+    clock.Sleep(-100);
+    EXPECT_EQ(clock.Now(), 1000) << "never backwards";
 }
 
 } // namespace

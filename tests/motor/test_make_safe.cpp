@@ -1,8 +1,6 @@
 // The way out: its order, its stubbornness, and what it tells.
 #include "tests/motor/motor_fixture.h"
 
-#include <QApplication>
-
 namespace krt550 {
 namespace {
 
@@ -26,21 +24,16 @@ TEST_F(WayOutTest, GoesItsStepsInTheirOrder) {
         QStringList log;
         bool keepsControl;
     } cases[] = {
-        {"cancel",
-         [&](CMotorRun&) { return MakeSafe(&drive, {.serviceMode = drive.Mode()}); },
-         QStringList{"write 9906=0", "refresh"} + kStopSteps + QStringList{"release local control"},
-         false},
+        {"cancel", [&](CMotorRun&) { return MakeSafe(&drive, {.serviceMode = drive.Mode()}); },
+         QStringList{"write 9906=0", "refresh"} + kStopSteps + QStringList{"release local control"}, false},
         {"the drive has finished",
          [&](CMotorRun& run) {
              drive.words[9906] = 0;
              return run.MakeSafe(ServiceModeEnd::Over);
          },
-         kStopSteps + QStringList{"release local control"},
-         false},
-        {"the mode may be left",
-         [](CMotorRun& run) { return run.MakeSafe(ServiceModeEnd::IfLeft, true); },
-         kStopSteps + QStringList{"read 9906", "write 9906=0"},
-         true},
+         kStopSteps + QStringList{"release local control"}, false},
+        {"the mode may be left", [](CMotorRun& run) { return run.MakeSafe(ServiceModeEnd::IfLeft, true); },
+         kStopSteps + QStringList{"read 9906", "write 9906=0"}, true},
         {"nobody says anything",
          [](CMotorRun&) { return true; }, // the run's object goes away
          {},

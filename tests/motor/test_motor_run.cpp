@@ -3,9 +3,6 @@
 
 #include "wizard/platform/window.h"
 
-#include <QApplication>
-#include <QTimer>
-
 namespace krt550 {
 namespace {
 

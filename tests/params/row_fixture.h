@@ -12,8 +12,6 @@
 #include "wizard/resources/module_resources.h"
 #include "wizard/texts/wizard_directory.h"
 
-#include <QComboBox>
-#include <QLineEdit>
 #include <QTest>
 
 namespace krt550 {

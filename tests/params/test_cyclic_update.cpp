@@ -55,25 +55,6 @@ TEST_F(CyclicUpdate, LeavesWhatTheUserWorksOnAlone) {
     EXPECT_EQ(Edit(101).text(), "1.5");
 }
 
-// The drive's value changes with every pass, and a pass runs between any two keystrokes.
-TEST_F(CyclicUpdate, NeverLosesAKeystroke) {
-    m_window.timer = m_window.SetTimer(7, 1);
-    QLineEdit& edit101 = Edit(101);
-    edit101.setFocus();
-    edit101.clear();
-    QString typed;
-    for (int key = 0; key < 100; ++key) {
-        const QChar digit = QLatin1Char(static_cast<char>('0' + key % 10));
-        typed += digit;
-        QTest::keyClick(&edit101, digit.toLatin1());
-        ++m_drive.words[101];
-        m_drive.TakeLog();
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !m_drive.TakeLog().isEmpty(); })) << "no pass";
-        ASSERT_EQ(edit101.text(), typed);
-    }
-    EXPECT_TRUE(IsChanged(101));
-}
-
 // One read a turn: whatever a person does in between counts, and nothing that has gone is touched.
 TEST_F(CyclicUpdate, LetsInputInBetweenItsReads) {
     UpdateParameters(m_window, m_window.timer);
@@ -183,18 +164,6 @@ TEST_F(CyclicUpdate, StartsOnlyWithAPeriod) {
     EXPECT_NE(StartParameterUpdate(m_window, 7), 0);
     EXPECT_EQ(StartParameterUpdate(m_window, 8), 0) << "period 0";
     EXPECT_EQ(StartParameterUpdate(m_window, 9), 0) << "no period";
-}
-
-TEST_F(CyclicUpdate, ListsAPairOnceAndSkipsControlsThatTheWindowLacks) {
-    RegisterForUpdate(m_drive.Root().FindChildByRegister("101"), &Edit(101));
-    QLineEdit stranger;
-    stranger.setObjectName("20302");
-    RegisterForUpdate(m_drive.Root().FindChildByRegister("302"), &stranger);
-    Pass();
-    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"read 201", "read 101", "read 102", "read 301"}));
-    ClearUpdateList();
-    Pass();
-    EXPECT_EQ(m_drive.TakeLog(), QStringList());
 }
 
 } // namespace

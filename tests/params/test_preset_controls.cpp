@@ -2,21 +2,16 @@
 
 #include "wizard/params/preset_controls.h"
 
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QMenu>
 #include <QTest>
-#include <QTimer>
 
 namespace krt550 {
 namespace {
 
-/// The table's rows 201 and 101 with presets, in a window that can be asked for all of them.
+/// The table's rows 201 and 101 with presets, in a window of their own.
 class CPresetWindow : public CWindow, public CPresetOwner {
 public:
     CPresetWindow() : CWindow(1) {}
-    void SetAllToPresets() override { ++asked; }
-    int asked = 0;
+    void SetAllToPresets() override {}
 
 protected:
     QWidget* CreateControl(const ControlLayout& control) override {
@@ -38,26 +33,6 @@ protected:
     }
     CPresetComboBox& Combo() { return *m_presetWindow.GetControl<CPresetComboBox>(ValueId(201)); }
     CPresetEdit& Edit() { return *m_presetWindow.GetControl<CPresetEdit>(ValueId(101)); }
-
-    /// Right click, then the menu's entry with this text.
-    void Choose(QWidget& control, const QString& text) {
-        bool found = false;
-        QTimer::singleShot(0, &control, [&] {
-            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            ASSERT_TRUE(menu);
-            for (QAction* action : menu->actions())
-                if (action->text() == text) {
-                    found = true;
-                    menu->setActiveAction(action);
-                    QTest::keyClick(menu, Qt::Key_Return);
-                    return;
-                }
-            menu->close();
-        });
-        QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(2, 2), control.mapToGlobal(QPoint(2, 2)));
-        QApplication::sendEvent(&control, &rightClick);
-        EXPECT_TRUE(found) << text.toStdString();
-    }
 
     CPresetWindow m_presetWindow;
     CRowTable m_presetRows{m_presetWindow, kRows, TextSource::ConfigurableFile};
@@ -89,19 +64,6 @@ TEST_F(PresetControls, KeepTheOldValueWhenThePresetIsRefused) {
     Combo().SetPreset("2");
     m_boxes.Expect("Parameter 201 valuelist not found from drive.\n\nUnable to use the specified parameter.");
     Combo().ChangeToPreset();
-}
-
-TEST_F(PresetControls, OfferTheirThreeCommandsOnARightClick) {
-    Edit().SetPreset("4.5");
-    Choose(Edit(), "Change to preset value");
-    EXPECT_EQ(Edit().text(), "4.5");
-    Choose(Combo(), "Change all to preset value");
-    EXPECT_EQ(m_presetWindow.asked, 1);
-    Choose(Edit(), "Set value and apply");
-    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 101=45", "read 101"})) << "forced: the row was not marked";
-    Combo().setCurrentText("Fast");
-    Choose(Combo(), "Set value and apply");
-    EXPECT_EQ(m_drive.TakeLog(), (QStringList{"write 201=2", "read 201"}));
 }
 
 } // namespace

@@ -101,28 +101,5 @@ TEST_F(Validation, LeavesTheControlsTextAsItIs) {
     EXPECT_TRUE(ValidateValueText(m_drive.Root().FindChildByRegister("201"), any));
 }
 
-TEST_F(Validation, FindsReadsAndWritesWithTheLibrarysWords) {
-    EXPECT_NE(FindParameter(&m_drive.Root(), 101), nullptr);
-    m_boxes.Expect("Parameter 999 not found from drive.\n\nUnable to use the specified parameter.");
-    EXPECT_EQ(FindParameter(&m_drive.Root(), 999), nullptr);
-
-    EXPECT_TRUE(SetAndWriteParameter(&m_drive.Root(), 102, 9));
-    EXPECT_EQ(m_drive.TakeLog(), QStringList{"write 102=9"});
-    EXPECT_FALSE(SetAndWriteParameter(&m_drive.Root(), 101, 2000)) << "refused silently";
-    EXPECT_EQ(m_drive.TakeLog(), QStringList());
-
-    CParameter* speed = m_drive.Root().FindChildByRegister("101");
-    m_drive.unreadable.insert(101);
-    QLineEdit edit("as it was");
-    m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure");
-    EXPECT_FALSE(ShowParameterValue(speed, &edit));
-    EXPECT_EQ(edit.text(), "as it was");
-    EXPECT_FALSE(ReadParameter(nullptr) || WriteParameter(nullptr));
-    EXPECT_EQ(FormatValueText(nullptr), "");
-    EXPECT_EQ(GetParameterRoot(nullptr), nullptr);
-    m_drive.hasRoot = false;
-    EXPECT_EQ(GetParameterRoot(&m_drive), nullptr);
-}
-
 } // namespace
 } // namespace krt550

@@ -7,14 +7,7 @@
 #include "wizard/platform/push_button.h"
 #include "wizard/platform/tool_tip.h"
 
-#include <QAccessible>
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QListWidget>
-#include <QScreen>
 #include <QTest>
-#include <QTimer>
 
 namespace krt550 {
 namespace {

@@ -6,10 +6,7 @@
 #include "wizard/platform/property_page.h"
 #include "wizard/platform/property_sheet.h"
 
-#include <QApplication>
 #include <QTest>
-#include <QTimer>
-#include <QWindow>
 
 namespace krt550 {
 namespace {

@@ -3,10 +3,7 @@
 #include "wizard/platform/property_page.h"
 #include "wizard/platform/property_sheet.h"
 
-#include <QApplication>
-#include <QTabBar>
 #include <QTest>
-#include <QTimer>
 
 namespace krt550 {
 namespace {

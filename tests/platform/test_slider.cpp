@@ -2,9 +2,7 @@
 #include "wizard/platform/slider.h"
 #include "wizard/platform/window.h"
 
-#include <QStyleOptionSlider>
 #include <QTest>
-#include <QWheelEvent>
 
 namespace krt550 {
 namespace {

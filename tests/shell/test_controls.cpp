@@ -14,20 +14,6 @@ public:
     QPixmap GetPicture(int, QSize, qreal) const override { return QPixmap(81, 23); }
 };
 
-TEST(StripBitmapButton, TakesTheSizeOfOneFrame) {
-    const StripResources resources;
-    const ResourceScope scope(resources);
-    const std::pair<int, int> widths[] = {{10066, 40}, {10070, 27}, {116, 27}, {10071, 27}, {10072, 27}, {10073, 40}};
-    for (const auto& [strip, width] : widths) {
-        CStripBitmapButton button;
-        button.move(5, 6);
-        EXPECT_FALSE(button.IsBitmapLoaded());
-        button.LoadStripBitmap(strip);
-        EXPECT_TRUE(button.IsBitmapLoaded());
-        EXPECT_EQ(button.geometry(), QRect(5, 6, width, 23)) << strip;
-    }
-}
-
 // Somebody who needs large letters needs large pictures between them, too.
 TEST(StripBitmapButton, GrowsWithTheFontAsTheDigitsDo) {
     const CModuleResources resources;

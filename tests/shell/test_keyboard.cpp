@@ -4,9 +4,7 @@
 #include "wizard/diagnosis/diagnosis_dialog.h"
 #include "wizard/resources/module_resources.h"
 
-#include <QAbstractButton>
 #include <QTest>
-#include <QTimer>
 
 namespace krt550 {
 namespace {

@@ -1,13 +1,12 @@
 // The module as a host meets it.
 #include "tests/shell/wizard_fixture.h"
 
+#include "wizard/page_factory.h"
+#include "wizard/resources/module_resources.h"
 #include "wizard/run_wizard.h"
+#include "wizard/shell/sheet_wizard.h"
+#include "wizard/shell/wizard_property_page.h"
 #include "wizard/texts/wizard_directory.h"
-
-#include <QApplication>
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
 
 namespace krt550 {
 namespace {
@@ -51,14 +50,18 @@ TEST_F(Module, TakesTheWizardDirectoryFromTheHostsPath) {
     }
 }
 
-TEST_F(Module, FindsADirectoryWithABackslashInItsName) {
-    const QTemporaryDir directory;
-    const QString own = directory.filePath(R"(a\b)");
-    ASSERT_TRUE(QDir().mkdir(own));
-    m_drive.wizardPath = own + "/wizard.dll";
-    EXPECT_EQ(Run([] {}), 0);
-    EXPECT_EQ(GetWizardDirectory(), QString(own).replace('/', '\\'));
-    EXPECT_EQ(MachinePath(WizardFilePath("x")), own + "/x");
+TEST_F(Module, ChainsWhatIsAPage) {
+    const CModuleResources resources;
+    const ResourceScope scope(resources);
+    InstallPages();
+    CSheetWizard sheet(1, nullptr, 0);
+    sheet.SetDriveObject(nullptr);
+    EXPECT_EQ(sheet.GetWizardPage(0)->GetNextPage(), kNoPage) << "nothing is linked at first";
+    sheet.SetAssistantChain(std::array<quint16, 4>{0, 7, 17, 111});
+    EXPECT_EQ(sheet.GetWizardPage(0)->GetNextPage(), 7);
+    EXPECT_EQ(sheet.GetWizardPage(7)->GetPreviousPage(), 0);
+    EXPECT_TRUE(sheet.GetWizardPage(7)->IsLastPage());
+    EXPECT_EQ(Digits(), "0000002");
 }
 
 TEST_F(Module, KeepsStepStatesFromOneRunToTheNext) {
@@ -67,7 +70,10 @@ TEST_F(Module, KeepsStepStatesFromOneRunToTheNext) {
         Robot::Press(kNext);
         Robot::Press(kNext);
     });
-    EXPECT_EQ(Digits(), "1000000");
+    for (const int step : {-1, 0, 8, 9, 16, 32, 111}) {
+        SetStepState(step, StepState::Done);
+        EXPECT_EQ(GetStepState(step), StepState::NotChosen) << step;
+    }
     Run([] {
         EXPECT_EQ(Digits(), "1000000");
         EXPECT_FALSE(Robot::IsEnabled(kNext)) << "a new run starts with nothing ticked";

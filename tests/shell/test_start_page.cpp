@@ -8,41 +8,10 @@ constexpr int kBoxes[] = {0, 160, 164, 165, 166, 167, 168, 169, 171, 173, 174, 1
 
 using StartPage = WizardFixture;
 
-TEST_F(StartPage, OpensWithItsTextsInTheBasicView) {
-    EXPECT_EQ(Run([] {
-                  EXPECT_EQ(Robot::Title(), "[KRT550Wizard] Assistant menu");
-                  EXPECT_EQ(Robot::Layout(), 107);
-                  const std::pair<int, const char*> texts[] = {
-                      {182, "Welcome to the KRT550 assistant"},
-                      {181, "Assistants"},
-                      {159, "Start basic commissioning (1 to 7):"},
-                      {158, "Start"},
-                      {161, "or choose specific assistants"},
-                      {162, "Basic:"},
-                      {170, "Advanced"},
-                      {163, "Basic commissioning steps done:"},
-                      {93, "Help"},
-                      {98, "Apply"},
-                      {96, "< Back"},
-                      {95, "Next >"},
-                      {91, "Close"},
-                      {60021, "Version: 2.0"},
-                      {166, "4. Autotuning armature current controller"},
-                  };
-                  for (const auto& [id, text] : texts)
-                      EXPECT_EQ(Robot::Text(id), text) << id;
-                  for (const int id : {kNext, kBack, kApply})
-                      EXPECT_FALSE(Robot::IsEnabled(id)) << id;
-                  for (int page = 1; page <= 16; ++page)
-                      EXPECT_EQ(Robot::Find(kBoxes[page]) != nullptr, page <= 7) << page;
-                  Robot::Press(kCancel);
-                  EXPECT_EQ(Robot::Front(), nullptr);
-              }),
-              0);
-}
-
 TEST_F(StartPage, EnablesNextForTickedBoxesThatAreOffered) {
     Run([] {
+        for (int page = 1; page <= 16; ++page)
+            EXPECT_EQ(Robot::Find(kBoxes[page]) != nullptr, page <= 7) << page;
         Robot::Press(kBoxes[4]);
         EXPECT_TRUE(Robot::IsEnabled(kNext));
         Robot::Press(kBoxes[4]);

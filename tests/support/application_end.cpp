@@ -1,8 +1,5 @@
 #include "tests/support/application_end.h"
 
-#include <QCoreApplication>
-#include <QTimer>
-
 namespace krt550 {
 
 void EndApplication() {

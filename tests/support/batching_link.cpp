@@ -1,8 +1,5 @@
 #include "tests/support/batching_link.h"
 
-#include <algorithm>
-#include <utility>
-
 namespace krt550 {
 
 bool CBatchingLink::ReadWord(quint16 reg, quint16& word) {

@@ -2,12 +2,6 @@
 
 #include "hostlib/tolvbo32/parameter_link.h"
 
-#include <QStringList>
-
-#include <functional>
-#include <map>
-#include <vector>
-
 namespace krt550 {
 
 /// A link that fetches what was announced in one request, when the first of it is read, and hands each value out once.

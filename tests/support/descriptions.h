@@ -2,8 +2,6 @@
 
 #include "hostlib/tolvbo32/parameter_description.h"
 
-#include <vector>
-
 /// Short ways to describe parameters in tests.
 namespace krt550 {
 
@@ -23,6 +21,11 @@ inline ParameterDescription Number(quint16 reg, const QString& name, int decimal
         parameter.type = ParameterType::SignedNumber;
     }
     return parameter;
+}
+
+/// One that is named after its register.
+inline ParameterDescription Plain(int reg, double minimum = 0, double maximum = 10000) {
+    return Number(static_cast<quint16>(reg), QStringLiteral("Parameter %1").arg(reg), 0, minimum, maximum);
 }
 
 inline ParameterDescription WithDefault(ParameterDescription parameter, double value) {

@@ -5,14 +5,6 @@
 #include "hostlib/tolvbo32/parameter_link.h"
 #include "tests/support/descriptions.h"
 
-#include <QStringList>
-
-#include <functional>
-#include <map>
-#include <memory>
-#include <set>
-#include <vector>
-
 namespace krt550 {
 
 /// A drive made of words that writes every call into one readable log: "read 9902", "write 9902=2400", "stop motor".
@@ -91,16 +83,8 @@ private:
     std::unique_ptr<CParameterGroup> m_root;
 };
 
-/// The ten parameters of the name plate page, without the ones in `missing`.
-std::vector<ParameterDescription> NamePlateParameters(const std::set<quint16>& missing = {});
-
-/// What the overview of the terminals and the dialogs behind it ask for, and the macro.
-std::vector<ParameterDescription> TerminalParameters();
-
-/// Adds what the rows of all pages show, and what the pages ask for besides, as far as it is not there.
-void AddRowsOfAllPages(std::vector<ParameterDescription>& parameters);
-
-/// Those of the name plate page, and what all other pages ask for when they become active.
-std::vector<ParameterDescription> WizardParameters();
+/// What the rows of all pages show and what the pages ask for besides. Those in `own` go before the others of their
+/// registers.
+std::vector<ParameterDescription> WizardParameters(std::vector<ParameterDescription> own = {});
 
 } // namespace krt550

@@ -1,7 +1,4 @@
 // Entry point of every test binary: one offscreen Qt application for all its cases.
-#include <QApplication>
-
-#include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))

@@ -1,14 +1,5 @@
 #include "tests/support/message_boxes.h"
 
-#include <QApplication>
-#include <QEvent>
-#include <QPushButton>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-#include <vector>
-
 namespace krt550 {
 namespace {
 

@@ -1,13 +1,5 @@
 #pragma once
 
-#include <QMessageBox>
-#include <QObject>
-#include <QString>
-#include <QStringList>
-
-#include <functional>
-#include <list>
-
 namespace krt550 {
 
 enum class Answer { Ok, Cancel };

@@ -1,23 +1,29 @@
-// What every test includes, and how a failed comparison shows Qt's texts.
+// What every test may count on without a word: Qt's widgets, the standard library, GoogleTest, and how a failed
+// comparison shows Qt's texts.
 #pragma once
 
 #include "tests/support/print_qt.h"
 
-#include <QApplication>
-#include <QSize>
-#include <QString>
-#include <QStringList>
-#include <QTimer>
-#include <QWidget>
+#include <QtWidgets>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
+#include <limits>
+#include <list>
 #include <map>
 #include <memory>
+#include <numbers>
 #include <optional>
 #include <ostream>
+#include <random>
+#include <set>
+#include <span>
+#include <tuple>
 #include <vector>
 
 inline void PrintTo(const QSize& size, std::ostream* out) {

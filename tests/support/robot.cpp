@@ -6,11 +6,7 @@
 #include "wizard/platform/control_text.h"
 #include "wizard/run_wizard.h"
 
-#include <QApplication>
-#include <QComboBox>
-#include <QTimer>
-
-#include <gtest/gtest.h>
+#include <QTest>
 
 namespace krt550 {
 namespace {
@@ -60,6 +56,34 @@ void Robot::Choose(int id, const QString& text) {
         Expect(PickEntry(dropDown, text));
 }
 
+void Robot::Enter(int id, const QString& text) {
+    qobject_cast<QComboBox*>(Control(id)) ? Choose(id, text) : Type(id, text);
+}
+
+void Robot::ShowTab(int index) {
+    auto* tabs = Front() ? Front()->findChild<QTabBar*>() : nullptr;
+    if (tabs && tabs->isVisible())
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+}
+
+void Robot::PickFromMenu(int id, const QString& text) {
+    QWidget* control = Control(id);
+    QTimer::singleShot(0, control, [&text] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        for (QAction* action : menu->actions())
+            if (action->text() == text) {
+                menu->setActiveAction(action);
+                QTest::keyClick(menu, Qt::Key_Return);
+                return;
+            }
+        ADD_FAILURE() << "no entry " << text.toStdString();
+        menu->close();
+    });
+    QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(2, 2), control->mapToGlobal(QPoint(2, 2)));
+    QApplication::sendEvent(control, &rightClick);
+}
+
 QString Robot::Text(int id) {
     return GetControlText(Control(id));
 }
@@ -96,6 +120,23 @@ bool Robot::WaitUntil(const std::function<bool()>& condition) {
         clock.WaitForEvents(left);
     }
     return true;
+}
+
+void Robot::LetPass(qint64 milliseconds) {
+    const qint64 end = CClock::Current().Now() + milliseconds;
+    EXPECT_TRUE(WaitUntil([end] { return CClock::Current().Now() >= end; }));
+    Drain();
+}
+
+void Robot::WhenInFront(int layout, const std::function<void()>& act) {
+    QTimer::singleShot(1, qApp, [=] {
+        if (Layout() == layout) {
+            Front()->activateWindow();
+            act();
+        } else if (Front()) {
+            WhenInFront(layout, act);
+        }
+    });
 }
 
 int RunWizardWith(CHostDrive& drive, const std::function<void()>& script) {

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
-
 class QWidget;
 
 namespace krt550 {
@@ -27,6 +23,12 @@ public:
     /// The same without leaving the edit.
     static void TypeOnly(int id, const QString& text);
     static void Choose(int id, const QString& text);
+    /// Chooses in a drop-down, types into anything else.
+    static void Enter(int id, const QString& text);
+    /// Brings a tab to the front where there are tabs.
+    static void ShowTab(int index);
+    /// Right click on a control, then the menu's entry with this text.
+    static void PickFromMenu(int id, const QString& text);
     static QString Text(int id);
     static bool IsEnabled(int id);
     static QString Title();
@@ -38,6 +40,11 @@ public:
     static void Drain();
     /// Dispatches events until the condition holds; false after five seconds of the current clock.
     static bool WaitUntil(const std::function<bool()>& condition);
+    /// Lets so much time of the current clock pass, and what falls due in it happen.
+    static void LetPass(qint64 milliseconds);
+    /// Acts as soon as the window with this layout is in front: boxes may come before it. Gives up when nothing is in
+    /// front any more.
+    static void WhenInFront(int layout, const std::function<void()>& act);
 };
 
 /// Calls RunWizard for a drive; `script` runs inside its modal loop, and whatever is still open afterwards is closed.

@@ -1,9 +1,6 @@
 #pragma once
 
 #include "hostlib/tolvbo32/drive_description.h"
-#include "tests/support/fake_drive.h"
-
-#include <gtest/gtest.h>
 
 namespace krt550 {
 

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QFile>
-#include <QString>
-#include <QTemporaryDir>
-
 namespace krt550 {
 
 /// A wizard directory of the tests' own. The text store loads a file once in a process, so every test of a binary

@@ -4,10 +4,6 @@
 namespace krt550 {
 namespace {
 
-QString U(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 TEST_F(TextFixture, ConfigurableNameIsTheFirstTextOfTheLastLine) {
     WriteConfigurable("NAME\tFirst\nNAME\t\t\tCrane and hoist\tignored\nNAME\t\t\nname\tno\nNAME\n");
     EXPECT_EQ(m_store.GetConfigurableName(), U("Crane and hoist"));

@@ -8,17 +8,7 @@
 #include "wizard/texts/help_viewer.h"
 #include "wizard/texts/wizard_directory.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QDialog>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTextCursor>
-#include <QToolBar>
-#include <QToolButton>
-#include <QTreeWidget>
-#include <QWindow>
 
 namespace krt550 {
 namespace {

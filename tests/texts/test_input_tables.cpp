@@ -4,10 +4,6 @@
 namespace krt550 {
 namespace {
 
-QString U(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 class InputTableTest : public TextFixture {
 protected:
     InputTableTest() {
@@ -20,13 +16,6 @@ protected:
                          "AI\t1105\t7102\t1\t1\t1\t1\t0\tReference\n");
     }
 };
-
-TEST_F(InputTableTest, SelectorsComeOnceInFileOrder) {
-    EXPECT_EQ(m_store.GetDIConnections().Selectors(), (std::vector<quint16>{1002, 1001}));
-    EXPECT_EQ(m_store.GetAIConnections().Selectors(), (std::vector<quint16>{1103, 1104, 1105}));
-    EXPECT_EQ(m_store.GetDIConnections().EntriesOf(1002), (std::vector<int>{0, 2}));
-    EXPECT_EQ(m_store.GetDIConnections().EntriesOf(7), std::vector<int>());
-}
 
 TEST_F(InputTableTest, FindsAnEntryBySelectingValue) {
     const struct {

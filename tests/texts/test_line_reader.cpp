@@ -2,8 +2,6 @@
 #include "wizard/texts/line_reader.h"
 #include "wizard/texts/text_fields.h"
 
-#include <QStringEncoder>
-
 namespace krt550 {
 namespace {
 

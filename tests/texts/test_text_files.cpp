@@ -1,11 +1,7 @@
 // Finding, opening and decoding the files.
 #include "tests/texts/text_fixture.h"
 
-#include <QDir>
-#include <QStringEncoder>
-
 #include <filesystem>
-#include <functional>
 #include <sys/stat.h>
 
 namespace krt550 {

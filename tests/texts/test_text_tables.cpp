@@ -2,8 +2,6 @@
 #include "wizard/texts/text_fields.h"
 #include "wizard/texts/wizard_tables.h"
 
-#include <random>
-
 namespace krt550 {
 namespace {
 

@@ -4,10 +4,6 @@
 namespace krt550 {
 namespace {
 
-QString U(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 TEST_F(TextFixture, TextsByNumber) {
     WriteWizardTexts("; comment\tTOOLTIP\n"
                      "TOOLTIP\t9906\tService mode\n"

@@ -1,16 +1,14 @@
 #pragma once
 
 #include "tests/support/message_boxes.h"
-#include "tests/support/print_qt.h"
 #include "wizard/texts/wizard_directory.h"
 #include "wizard/texts/wizard_text_store.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
 namespace krt550 {
+
+inline QString U(const char* text) {
+    return QString::fromUtf8(text);
+}
 
 /// A store of its own over files of its own; nobody expects a message box.
 class TextFixture : public testing::Test {

@@ -9,10 +9,6 @@
 #include "wizard/texts/wizard_text_store.h"
 #include "wizard/wiring/index_row.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTest>
-
 namespace krt550 {
 namespace {
 
@@ -39,12 +35,6 @@ protected:
         m_window.Create();
         m_drive.words[1501] = 104;
     }
-    bool Bind(CIndexRow& row, const IndexList& list) {
-        const bool bound = row.Bind(&m_drive.Root(), list, m_errors);
-        m_drive.TakeLog();
-        return bound;
-    }
-    bool Bind() { return Bind(m_row, CWizardTextStore::Instance().GetAOList()); }
     void Choose(const QString& text) {
         Choices().setCurrentText(text);
         m_window.Notify(&Choices(), ControlEvent::Selected);
@@ -109,7 +99,8 @@ TEST_F(IndexRow, KeepsNameAndNumberTogether) {
         m_drive.words[1501] = 104;
         for (const int id : {kIds.value, kIds.unit})
             SetControlText(m_window.GetDlgItem(id), QString());
-        EXPECT_TRUE(Bind()) << c.name;
+        EXPECT_TRUE(m_row.Bind(&m_drive.Root(), CWizardTextStore::Instance().GetAOList(), m_errors)) << c.name;
+        m_drive.TakeLog();
         if (!c.box.isEmpty())
             m_boxes.Expect(c.box);
         c.act();
@@ -121,50 +112,12 @@ TEST_F(IndexRow, KeepsNameAndNumberTogether) {
         EXPECT_EQ(m_drive.TakeWrites(), c.writes) << c.name;
         m_boxes.Verify();
     }
-}
-
-TEST_F(IndexRow, FollowsTheDriveUntilItIsChanged) {
-    Bind();
-    int timer = 0;
-    m_drive.words[1501] = 0;
-    UpdateParameters(m_window, timer);
-    EXPECT_TRUE(QTest::qWaitFor([] { return !IsUpdatePassOn(); }));
-    EXPECT_EQ(Shown(), "Nothing|0||");
-    EXPECT_FALSE(AnyChanged());
-    Type("7");
-    UpdateParameters(m_window, timer);
-    EXPECT_TRUE(QTest::qWaitFor([] { return !IsUpdatePassOn(); }));
-    EXPECT_EQ(Shown(), "Other|7|?|?");
-}
-
-TEST_F(IndexRow, SaysWhatItCannotShow) {
     m_boxes.Expect("Error while population AO index");
-    EXPECT_FALSE(Bind(m_row, {{1, 2}, {"one"}}));
-    m_boxes.Verify();
-
-    m_drive.unreadable = {1501};
-    m_boxes.Expect("Reading parameter 15.01*");
-    m_boxes.Expect("Error while uploading AO parameter");
-    EXPECT_FALSE(Bind());
-    EXPECT_EQ(Shown(), "|||");
-    EXPECT_TRUE(m_row.Write()) << "nothing known, nothing written";
-    m_boxes.Verify();
-
+    EXPECT_FALSE(m_row.Bind(&m_drive.Root(), {{1, 2}, {"one"}}, m_errors));
     CIndexRow missing(m_window, 1506, kIds);
-    EXPECT_TRUE(Bind(missing, CWizardTextStore::Instance().GetAOList()));
+    EXPECT_TRUE(missing.Bind(&m_drive.Root(), {}, m_errors));
     EXPECT_EQ(m_errors, "- Parameter 1506 not found from drive.\n\nUnable to use the specified parameter.\n");
     EXPECT_FALSE(Choices().isEnabled());
-}
-
-// Other windows have other lists and other words.
-TEST_F(IndexRow, TakesListAndTextsFromItsOwner) {
-    CIndexRow row(m_window, 1501, kIds, kTransmitReceiveTexts);
-    row.SetCaption("1501 Transmit value 1.1");
-    m_drive.words[1501] = 7;
-    EXPECT_TRUE(Bind(row, CWizardTextStore::Instance().GetDataSetReceiveList()));
-    EXPECT_EQ(GetControlText(m_window.GetDlgItem(kIds.label)) + '|' + Shown(), "1501 Transmit value 1.1|Word|7||");
-    m_boxes.Expect("Error while population transmit/receive parameter");
-    EXPECT_FALSE(Bind(row, {{1}, {}}));
 }
 
 } // namespace

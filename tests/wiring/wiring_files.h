@@ -7,8 +7,6 @@
 #include "wizard/resources/module_resources.h"
 #include "wizard/texts/wizard_directory.h"
 
-#include <gtest/gtest.h>
-
 namespace krt550 {
 
 /// Texts that the tests of this room count on. "Twin" is the name of two functions.
