@@ -67,21 +67,7 @@ void Robot::ShowTab(int index) {
 }
 
 void Robot::PickFromMenu(int id, const QString& text) {
-    QWidget* control = Control(id);
-    QTimer::singleShot(0, control, [&text] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        ASSERT_TRUE(menu);
-        for (QAction* action : menu->actions())
-            if (action->text() == text) {
-                menu->setActiveAction(action);
-                QTest::keyClick(menu, Qt::Key_Return);
-                return;
-            }
-        ADD_FAILURE() << "no entry " << text.toStdString();
-        menu->close();
-    });
-    QContextMenuEvent rightClick(QContextMenuEvent::Mouse, QPoint(2, 2), control->mapToGlobal(QPoint(2, 2)));
-    QApplication::sendEvent(control, &rightClick);
+    Expect(krt550::PickFromMenu(Control(id), text));
 }
 
 QString Robot::Text(int id) {
