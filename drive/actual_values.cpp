@@ -62,7 +62,7 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
         {reg::kTorqueUsed, state.torqueReference * 100},
         {reg::kReferenceOfCurrent, reference},
         {reg::kReferenceLimited, reference},
-        {reg::kFluxReference, state.fluxReference * 100},
+        {reg::kFluxReference, settings.FluxOf(state.fieldReference) * 100},
         {reg::kFieldReference, state.fieldReference * 100},
     };
     for (const auto& [reg, number] : numbers)

@@ -44,7 +44,6 @@ double CMotorControl::StepField(const MotorCommand& command, const DriveSettings
     const double limit = settings.fieldVoltageLimit;
     double wanted = 0;
     double reference = 0;
-    m_state.fluxReference = 0;
     if (command.field == FieldMode::Voltage) {
         wanted = std::clamp(command.fieldVoltage, 0.0, limit);
         m_fieldController.Preset(0);
@@ -55,7 +54,6 @@ double CMotorControl::StepField(const MotorCommand& command, const DriveSettings
         reference = command.field == FieldMode::Current ? command.fieldCurrent : 1;
         if (weakens)
             reference = settings.fieldOfFlux(m_fluxControl.Step(kStep, m_state.emf, m_state.signals.used, settings));
-        m_state.fluxReference = std::copysign(settings.fluxOfField(std::abs(reference)), reference);
         const double error = reference * settings.ratedFieldCurrent - m_motor.GetFieldCurrent();
         wanted = m_fieldController.Step(error, kStep, settings.field, settings.exciterReverses ? -limit : 0, limit);
     }

@@ -60,7 +60,6 @@ struct MotorState {
     double currentReference = 0; ///< [A]
     double torqueReference = 0;  ///< relative
     double speedReference = 0;   ///< at the speed controller [rad/s]
-    double fluxReference = 0;    ///< relative
     double fieldReference = 0;   ///< relative
     double cosine = 0;           ///< of the firing angle
     int bridge = 0;              ///< 1, -1, or 0 when no current can flow

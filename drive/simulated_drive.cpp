@@ -95,10 +95,12 @@ void CSimulatedDrive::ReadParameters() {
 /// The drive's continuous part, and what is supervised in it.
 void CSimulatedDrive::Integrate(double seconds, std::set<quint16>& alarms) {
     const int steps = static_cast<int>(std::lround(seconds / CMotorControl::kStep));
+    TakeOrders();
     for (int i = 0; i < steps; ++i) {
         const MotorCommand command = NextCommand();
         m_control.Step(command, m_settings);
-        m_service.Step(CMotorControl::kStep, m_control.GetState(), m_control.IsPulseOver());
+        if (m_service.IsRunning())
+            m_service.Step(CMotorControl::kStep, m_control.GetState(), m_control.IsPulseOver());
         CheckMotor(command, alarms);
     }
     const CDigitalInputs& inputs = m_board.GetInputs();
@@ -113,6 +115,21 @@ void CSimulatedDrive::Integrate(double seconds, std::set<quint16>& alarms) {
     }
 }
 
+/// Nothing of this changes from step to step; what happens in one settles the drive, and that takes new orders.
+void CSimulatedDrive::TakeOrders() {
+    m_orders.driving = m_logic.IsDriving();
+    m_orders.field = m_contactor.IsClosed() && !m_service.KeepsFieldOff() ? FieldMode::Regulated : FieldMode::Off;
+    m_orders.fieldCurrent = 1;
+    if (IsFieldHeated()) {
+        m_orders.field = FieldMode::Current;
+        m_orders.fieldCurrent = m_fieldHeating;
+    }
+    m_orders.ramp = NextRampMode();
+    m_orders.target = RampTarget();
+    m_orders.torque = m_places.GetPlace() == ControlPlace::Remote && m_orders.ramp == RampMode::Follow;
+    m_orders.around = GetSurroundings();
+}
+
 MotorCommand CSimulatedDrive::NextCommand() {
     MotorCommand command;
     if (m_protection.IsMainsAwaited()) {
@@ -125,27 +142,26 @@ MotorCommand CSimulatedDrive::NextCommand() {
         m_fieldWaited = true;
         return m_service.GetCommand();
     }
-    if (m_contactor.IsClosed() && !m_service.KeepsFieldOff())
-        command.field = FieldMode::Regulated;
-    if (IsFieldHeated()) {
-        command.field = FieldMode::Current;
-        command.fieldCurrent = m_fieldHeating;
-    }
-    if (!m_logic.IsDriving())
-        m_fieldWaited = false;
-    constexpr double kFieldThere = 0.8; // of its reference; until then there is no torque
-    const MotorState& state = m_control.GetState();
-    const double wanted = std::max(0.05, state.fieldReference) * m_settings.ratedFieldCurrent;
-    m_fieldWaited = m_fieldWaited || std::abs(state.fieldCurrent) >= kFieldThere * wanted;
-    if (!m_logic.IsDriving() || !m_fieldWaited) {
+    command.field = m_orders.field;
+    command.fieldCurrent = m_orders.fieldCurrent;
+    m_fieldWaited = m_orders.driving && (m_fieldWaited || IsFieldThere());
+    if (!m_fieldWaited) {
         m_references.Preset(UsedSpeed()); // a motor that still turns is caught where it is
         return command;
     }
-    m_references.Step(CMotorControl::kStep, NextRampMode(), RampTarget());
+    m_references.Step(CMotorControl::kStep, m_orders.ramp, m_orders.target);
     command.armature = ArmatureMode::Speed;
     command.speed = m_references.GetOutput() / kRpm;
     DemandTorque(command);
     return command;
+}
+
+/// Until the field is there, there is no torque.
+bool CSimulatedDrive::IsFieldThere() const {
+    constexpr double kThere = 0.8; // of its reference
+    const MotorState& state = m_control.GetState();
+    const double wanted = std::max(0.05, state.fieldReference) * m_settings.ratedFieldCurrent;
+    return std::abs(state.fieldCurrent) >= kThere * wanted;
 }
 
 RampMode CSimulatedDrive::NextRampMode() const {
@@ -170,6 +186,7 @@ void CSimulatedDrive::Settle() {
     SettleLogic();
     LookAtInputs();
     Supervise(0);
+    TakeOrders();
     ShowState();
 }
 

@@ -116,6 +116,17 @@ public:
     void Trip(quint16 code);
 
 private:
+    /// What logic, terminals and mains ask of a slice's steps.
+    struct Orders {
+        bool driving = false;
+        FieldMode field = FieldMode::Off;
+        double fieldCurrent = 1; ///< relative
+        RampMode ramp = RampMode::Follow;
+        double target = 0;   ///< of the ramp [rpm]
+        bool torque = false; ///< the torque references count
+        Surroundings around;
+    };
+
     bool IsResting() const;
     void Pass(qint64 milliseconds);
     void Integrate(double seconds, std::set<quint16>& alarms);
@@ -125,9 +136,12 @@ private:
     void DemandTorque(MotorCommand& command);
     bool LoadMacro();
     bool AcknowledgeFault();
+    void TakeOrders();
     MotorCommand NextCommand();
     RampMode NextRampMode() const;
+    bool IsFieldThere() const;
     bool MayChangeToEmf() const;
+    Surroundings GetSurroundings() const;
     void CheckMotor(const MotorCommand& command, std::set<quint16>& alarms);
     void Supervise(double seconds);
     ServiceView GetServiceView() const;
@@ -171,6 +185,7 @@ private:
     quint32 m_settingsVersion = 0; ///< that the next two were read at
     DriveSettings m_settings;
     TripLevels m_levels;
+    Orders m_orders;
     CLag m_display;             ///< filtered speed [rad/s]
     double m_fieldHeating = 0;  ///< field current that keeps it warm, relative
     bool m_fieldWaited = false; ///< the field was there since the motor is driven

@@ -34,7 +34,7 @@ void CSimulatedDrive::ShowState() {
     state.fieldOn = motor.fieldReference > 0 || motor.fieldVoltage > 0;
     state.secondBridge = motor.bridge < 0;
     state.tuning = m_service.IsRunning();
-    state.weakening = state.driving && m_settings.weakens && motor.fluxReference < 0.995;
+    state.weakening = state.driving && m_settings.weakens && m_settings.FluxOf(motor.fieldReference) < 0.995;
     state.speed = UsedSpeed();
     state.speedReference = state.driving ? m_references.GetOutput() : 0;
     state.baseSpeed = BaseSpeed();
