@@ -1,6 +1,7 @@
 #include "drive/actual_values.h"
 
 #include "drive/drive_settings.h"
+#include "drive/field_exciter.h"
 #include "drive/motor_control.h"
 #include "drive/register_file.h"
 #include "drive/registers.h"
@@ -86,18 +87,17 @@ void ShowLimits(const MotorState& state, const DriveSettings& settings, double l
     registers.SetWord(reg::kLimitWord, static_cast<quint16>(word));
 }
 
-void ShowLinkNodes(CRegisterFile& registers) {
-    constexpr int kFirstExternalExciter = 2;
+void ShowLinkNodes(const FieldExciter& exciter, CRegisterFile& registers) {
     constexpr unsigned kNodes = 32;
     quint32 nodes = 0;
-    const auto answer = [&nodes, &registers](quint16 reg) {
-        const quint16 node = registers.GetWord(reg);
+    const auto answer = [&nodes](quint16 node) {
         if (node >= 1 && node <= kNodes)
             nodes |= 1U << (node - 1);
     };
-    answer(reg::kConverterNode);
-    if (registers.GetWord(reg::kExciterFound) >= kFirstExternalExciter)
-        answer(reg::kExciterNode);
+    answer(registers.GetWord(reg::kConverterNode));
+    if (exciter.Answers(registers))
+        answer(exciter.node);
+    registers.SetWord(reg::kExciterFound, exciter.FindType(registers));
     registers.SetWord(reg::kLinkNodesLow, static_cast<quint16>(nodes & 0xFFFF));
     registers.SetWord(reg::kLinkNodesHigh, static_cast<quint16>(nodes >> 16));
 }

@@ -6,6 +6,7 @@ namespace krt550 {
 
 class CRegisterFile;
 struct DriveSettings;
+struct FieldExciter;
 struct MotorState;
 
 /// What the actual values are made of beside the motor's state.
@@ -22,8 +23,8 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
 /// Shows the torque limits in effect, with `limit` (relative) beside the parameters', and which limits are reached.
 void ShowLimits(const MotorState& state, const DriveSettings& settings, double limit, CRegisterFile& registers);
 
-/// Shows the nodes that answer on the link: the converter, and an exciter that is not on its board.
-void ShowLinkNodes(CRegisterFile& registers);
+/// Shows the exciter that is found, and the nodes that answer on the link: the converter, and an external exciter.
+void ShowLinkNodes(const FieldExciter& exciter, CRegisterFile& registers);
 
 /// Sets the digital outputs from the bits that their indices and bit numbers choose.
 void ShowDigitalOutputs(CRegisterFile& registers);

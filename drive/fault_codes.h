@@ -35,11 +35,12 @@ inline constexpr quint16 kFaultPhaseMissing = 119;
 inline constexpr quint16 kFaultPhaseOrder = 120;
 inline constexpr quint16 kFaultRipple = 121;
 inline constexpr quint16 kFaultAnalogInput = 122;
+inline constexpr quint16 kFaultExciter = 133;
 inline constexpr quint16 kFirstFault = 101;
 /// An alarm's code is that of the fault that it could have been, and this.
 inline constexpr quint16 kAlarmOffset = 4000;
 
-inline constexpr std::array<FaultCode, 22> kFaultCodes = {{
+inline constexpr std::array<FaultCode, 23> kFaultCodes = {{
     {kFaultOvercurrent, "armature overcurrent"},
     {kFaultOvervoltage, "armature overvoltage"},
     {kFaultMains, "mains voltage lost"},
@@ -62,6 +63,7 @@ inline constexpr std::array<FaultCode, 22> kFaultCodes = {{
     {kFaultPhaseOrder, "mains phases in the wrong order"},
     {kFaultRipple, "armature current ripple"},
     {kFaultAnalogInput, "analogue input below its range"},
+    {kFaultExciter, "field exciter missing or not the type in use"},
 }};
 
 /// "fault 110 (external trip)".

@@ -29,6 +29,9 @@ void CMotorControl::Step(const MotorCommand& command, const DriveSettings& setti
     case ArmatureMode::Blocked:
         StepOpen(fieldVoltage);
         break;
+    case ArmatureMode::Braking:
+        StepOpen(fieldVoltage, command.resistance);
+        break;
     case ArmatureMode::Pulse:
         StepPulse(command.firingAngle, fieldVoltage);
         break;
@@ -150,13 +153,17 @@ void CMotorControl::StepPulse(double firingAngle, double fieldVoltage) {
     m_pulseOver = m_motor.GetArmatureCurrent() <= 0;
 }
 
-void CMotorControl::StepOpen(double fieldVoltage) {
+/// The converter gives nothing; the motor drives a current through a resistor where there is one.
+void CMotorControl::StepOpen(double fieldVoltage, double brakeResistance) {
     m_state.bridge = 0;
     m_state.continuous = false;
     m_state.currentReference = 0;
-    if (m_mode == ArmatureMode::Blocked)
+    if (m_mode == ArmatureMode::Blocked || m_mode == ArmatureMode::Braking)
         m_state.torqueReference = m_state.speedReference = 0;
-    Feed({}, fieldVoltage);
+    ArmatureSupply supply;
+    if (brakeResistance > 0)
+        supply = {Conduction::Both, -brakeResistance * m_motor.GetArmatureCurrent(), -brakeResistance};
+    Feed(supply, fieldVoltage);
 }
 
 void CMotorControl::Feed(ArmatureSupply supply, double fieldVoltage) {

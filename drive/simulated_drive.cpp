@@ -23,6 +23,7 @@ CSimulatedDrive::CSimulatedDrive(std::vector<ParameterDescription> descriptions,
       m_control(DataOf(m_set)), m_lastAdvance(CClock::Current().Now()) {
     if (motor)
         ApplyNamePlate(*motor, m_registers);
+    m_exciter.type = m_registers.GetWord(reg::kExciterFound, m_registers.GetWord(reg::kExciterUsed));
     GetMotor().SetBrake(m_set.load);
     GetMotor().SetLoad(m_set.hanging);
     Settle();
@@ -118,7 +119,9 @@ void CSimulatedDrive::Integrate(double seconds, std::set<quint16>& alarms) {
 /// Nothing of this changes from step to step; what happens in one settles the drive, and that takes new orders.
 void CSimulatedDrive::TakeOrders() {
     m_orders.driving = m_logic.IsDriving();
-    m_orders.field = m_contactor.IsClosed() && !m_service.KeepsFieldOff() ? FieldMode::Regulated : FieldMode::Off;
+    const bool fed = m_contactor.IsClosed() && !m_service.KeepsFieldOff();
+    m_orders.braking = m_braking;
+    m_orders.field = fed || m_braking ? FieldMode::Regulated : FieldMode::Off; // without field nothing brakes
     m_orders.fieldCurrent = 1;
     if (IsFieldHeated()) {
         m_orders.field = FieldMode::Current;
@@ -147,6 +150,10 @@ MotorCommand CSimulatedDrive::NextCommand() {
     m_fieldWaited = m_orders.driving && (m_fieldWaited || IsFieldThere());
     if (!m_fieldWaited) {
         m_references.Preset(UsedSpeed()); // a motor that still turns is caught where it is
+        if (m_orders.braking) {
+            command.armature = ArmatureMode::Braking;
+            command.resistance = m_set.voltage / m_set.current; // rated current at rated voltage
+        }
         return command;
     }
     m_references.Step(CMotorControl::kStep, m_orders.ramp, m_orders.target);
@@ -197,6 +204,9 @@ void CSimulatedDrive::SettleLogic() {
     if ((word & control::kAcknowledge) && !(m_formerControlWord & control::kAcknowledge))
         AcknowledgeFault();
     m_formerControlWord = word;
+    const bool driving = m_logic.IsDriving();
+    if ((word & control::kOn) && m_logic.GetState() != DriveState::Inhibited && !m_exciter.Serves(m_registers))
+        Trip(kFaultExciter);
 
     bool changed = true;
     while (changed) {
@@ -207,6 +217,10 @@ void CSimulatedDrive::SettleLogic() {
         changed = m_contactor.Follow(m_logic.WantsContactor(Inputs())) || changed;
         m_board.Sample(GetPlant(), m_registers); // its acknowledge moves with it
     }
+    constexpr quint16 kDynamicBraking = 3;
+    const bool begins =
+        driving && IsEmergencyStopActive() && m_registers.GetWord(reg::kEmergencyStopMode) == kDynamicBraking;
+    m_braking = (m_braking || begins) && !m_logic.IsDriving() && !IsStandstill();
 }
 
 } // namespace krt550

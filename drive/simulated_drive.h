@@ -5,6 +5,7 @@
 #include "drive/drive_counters.h"
 #include "drive/fan_supervision.h"
 #include "drive/fault_memory.h"
+#include "drive/field_exciter.h"
 #include "drive/macros.h"
 #include "drive/main_contactor.h"
 #include "drive/mains_supply.h"
@@ -47,6 +48,8 @@ public:
     const MotorSet& GetMotorSet() const { return m_set; }
     /// What is mounted at its shaft end.
     FeedbackEquipment& GetFeedback() { return m_control.GetFeedback(); }
+    /// What feeds its field.
+    FieldExciter& GetExciter() { return m_exciter; }
     /// What the motor as it is would have in a register that tells about it: see TrueValue, and in those of the speed
     /// what its shaft does [rpm].
     std::optional<double> GetTrueValue(quint16 reg) const;
@@ -124,6 +127,7 @@ private:
         RampMode ramp = RampMode::Follow;
         double target = 0;   ///< of the ramp [rpm]
         bool torque = false; ///< the torque references count
+        bool braking = false;
         Surroundings around;
     };
 
@@ -174,6 +178,7 @@ private:
     CMacroTable m_macros;
     CMainContactor m_contactor;
     CMainsSupply m_mains;
+    FieldExciter m_exciter;
     CReferenceChain m_references;
     CMotorControl m_control;
     CProtection m_protection;
@@ -191,6 +196,7 @@ private:
     bool m_fieldWaited = false; ///< the field was there since the motor is driven
     quint16 m_formerControlWord = 0;
     bool m_emergencyStop = false;
+    bool m_braking = false; ///< the braking resistor lies across the armature
     bool m_startRefused = false;
     double m_earthCurrent = 0;
     qint64 m_otherLeft = 0; ///< another place holds the drive for so long [ms]

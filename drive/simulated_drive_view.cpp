@@ -45,7 +45,7 @@ void CSimulatedDrive::ShowState() {
     m_faults.Show(m_registers);
     ShowActualValues(motor, {m_display.GetOutput(), m_mains.GetVoltage(), m_protection.GetTemperatureRise()},
                      m_settings, m_registers);
-    ShowLinkNodes(m_registers);
+    ShowLinkNodes(m_exciter, m_registers);
     ShowLimits(motor, m_settings, m_board.GetReferences().GetTorque().limit, m_registers);
     m_board.Show(m_registers);
     ShowDigitalOutputs(m_registers);
@@ -112,7 +112,7 @@ quint16 CSimulatedDrive::UsedControlWord() const {
     quint16 word = m_commanders.GetStopReason() ? control::kIdle : m_places.GetWord(m_registers);
     if (m_board.GetInputs().IsClosed(InputFunction::Reset))
         word |= control::kAcknowledge;
-    if (IsDisconnected())
+    if (IsDisconnected() || m_braking) // the resistor must be off the armature before the converter is on it
         word &= static_cast<quint16>(~control::kNoCoastStop);
     if (!IsEmergencyStopActive())
         return word;

@@ -31,7 +31,12 @@ QString UnknownTo(const DriveName& name) {
         return QStringLiteral("motor \"%1\"; its motors are: %2").arg(name.motor, MotorSetNames());
     for (const auto& [option, value] : name.options) {
         const std::optional<Terminal> terminal = ParseTerminal(option);
-        if (option != QLatin1String("feedback") && !CMotorOptions::Knows(option) && !(terminal && terminal->IsInput()))
+        FieldExciter exciter;
+        if (option == QLatin1String("exciter") && !ParseExciter(value, exciter))
+            return QStringLiteral("exciter \"%1\"; there are: %2, and the external ones @1 to @32")
+                .arg(value, ExciterNames());
+        if (option != QLatin1String("feedback") && option != QLatin1String("exciter") &&
+            !CMotorOptions::Knows(option) && !(terminal && terminal->IsInput()))
             return QStringLiteral("option \"%1\"").arg(option);
         if (option == QLatin1String("feedback") && !FindFeedback(value))
             return QStringLiteral("feedback \"%1\"; there are: encoder, tacho, none").arg(value);
@@ -67,6 +72,9 @@ std::unique_ptr<CConnection> ConnectDrive(const QString& text, std::vector<Param
     for (const auto& [option, value] : name->options)
         if (const Feedback* feedback = FindFeedback(value); feedback && option == QLatin1String("feedback"))
             connection->SetFeedback(feedback->device);
+    for (const auto& [option, value] : name->options)
+        if (option == QLatin1String("exciter"))
+            connection->MountExciter(value);
     connection->SetMacros(std::move(macros));
     for (const auto& [option, value] : name->options) {
         const std::optional<Terminal> terminal = ParseTerminal(option);

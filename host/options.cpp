@@ -1,6 +1,7 @@
 #include "host/options.h"
 
 #include "drive/fault_modes.h"
+#include "drive/field_exciter.h"
 #include "drive/motor_sets.h"
 #include "host/motor_options.h"
 #include "host/play/vocabulary.h"
@@ -90,7 +91,9 @@ QString HelpText() {
     const QString text = QStringLiteral(
         "\n"
         "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none; fault=NAME, as\n"
-        "often as needed; DI1=on, AI1=5, AI2=12mA and so on for what lies at its terminals from the start; and what is "
+        "often as needed; exciter=TYPE or TYPE@NODE for the field exciter that is mounted (%4), an external\n"
+        "one set to node 21 or to that one; DI1=on, AI1=5, AI2=12mA and so on for what lies at its terminals from the "
+        "start; and what is "
         "to\n"
         "be different about the motor:\n%2\n"
         "Its faults:\n%3\n"
@@ -100,7 +103,8 @@ QString HelpText() {
         "However the program ends, it stops a motor under its control first and waits until it stands.\n\n"
         "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed, the wizard did not run,\n"
         "the run was interrupted or its log has gaps; 2 a wrong option, or a file that cannot be read or written.\n\n");
-    return parser.helpText() + text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp()) + PlayHelpText();
+    return parser.helpText() + text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp(), ExciterNames()) +
+           PlayHelpText();
 }
 
 QString VersionText() {

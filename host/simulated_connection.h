@@ -15,6 +15,8 @@ public:
     void SetMacros(CMacroTable macros) { m_drive.GetDrive().SetMacros(std::move(macros)); }
     /// What is mounted at the motor's shaft end.
     void SetFeedback(FeedbackDevice device) { m_drive.GetDrive().GetFeedback().device = device; }
+    /// What feeds the motor's field, by a text that is one.
+    void MountExciter(const QString& text) { ParseExciter(text, m_drive.GetDrive().GetExciter()); }
 
     CHostDrive& GetDrive() override { return m_drive; }
     CParameterLink& GetLink() override { return m_drive.GetLink(); }
