@@ -57,6 +57,9 @@ double CMotorControl::StepField(const MotorCommand& command, const DriveSettings
         reference = command.field == FieldMode::Current ? command.fieldCurrent : 1;
         if (weakens)
             reference = settings.fieldOfFlux(m_fluxControl.Step(kStep, m_state.emf, m_state.signals.used, settings));
+        // A field that is still there when it is wanted again goes on from where it is.
+        if (command.field == FieldMode::Regulated && m_state.fieldReference == 0)
+            m_fieldController.Preset(settings.FieldGainUnit() * m_motor.GetFieldCurrent());
         const double error = reference * settings.ratedFieldCurrent - m_motor.GetFieldCurrent();
         wanted = m_fieldController.Step(error, kStep, settings.field, settings.exciterReverses ? -limit : 0, limit);
     }
