@@ -1,6 +1,7 @@
 #include "drive/actual_values.h"
 
 #include "drive/drive_settings.h"
+#include "drive/field_exciter.h"
 #include "drive/motor_control.h"
 #include "drive/register_file.h"
 #include "drive/registers.h"
@@ -71,7 +72,7 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
         {reg::kTorqueUsed, state.torqueReference * 100},
         {reg::kReferenceOfCurrent, state.currentWanted / settings.ratedCurrent * 100},
         {reg::kReferenceLimited, reference},
-        {reg::kFluxReference, state.fluxReference * 100},
+        {reg::kFluxReference, settings.FluxOf(state.fieldReference) * 100},
         {reg::kFieldReference, state.fieldReference * 100},
     };
     for (const auto& [reg, number] : numbers)
@@ -108,15 +109,15 @@ void ShowLimits(const MotorState& state, const DriveSettings& settings, const To
         driven && std::abs(within - state.currentReference) > kNear * rated};
     const double missing = std::abs(state.fieldReference) * settings.ratedFieldCurrent - std::abs(state.fieldCurrent);
     const bool others[] = {tooFast > 0, tooFast < 0,
-                           settings.weakens && driven && state.fluxReference <= settings.leastFlux + kNear,
+                           settings.weakens && driven &&
+                               std::abs(settings.FluxOf(state.fieldReference)) <= settings.leastFlux + kNear,
                            missing > kNear * settings.ratedFieldCurrent &&
                                std::abs(state.fieldVoltage) >= (1 - kNear) * settings.fieldVoltageLimit};
     registers.SetWord(reg::kLimitWord, WordOf(armature));
     registers.SetWord(reg::kLimitWord2, WordOf(others));
 }
 
-void ShowLinkNodes(std::initializer_list<quint16> others, CRegisterFile& registers) {
-    constexpr int kFirstExternalExciter = 2;
+void ShowLinkNodes(const FieldExciter& exciter, std::initializer_list<quint16> others, CRegisterFile& registers) {
     constexpr unsigned kNodes = 32;
     quint32 nodes = 0;
     const auto answer = [&nodes](quint16 node) {
@@ -124,10 +125,11 @@ void ShowLinkNodes(std::initializer_list<quint16> others, CRegisterFile& registe
             nodes |= 1U << (node - 1);
     };
     answer(registers.GetWord(reg::kConverterNode));
-    if (registers.GetWord(reg::kExciterFound) >= kFirstExternalExciter)
-        answer(registers.GetWord(reg::kExciterNode));
+    if (exciter.Answers(registers))
+        answer(exciter.node);
     for (const quint16 node : others)
         answer(node);
+    registers.SetWord(reg::kExciterFound, exciter.FindType(registers));
     registers.SetWord(reg::kLinkNodesLow, static_cast<quint16>(nodes & 0xFFFF));
     registers.SetWord(reg::kLinkNodesHigh, static_cast<quint16>(nodes >> 16));
 }

@@ -8,6 +8,7 @@ namespace krt550 {
 
 class CRegisterFile;
 struct DriveSettings;
+struct FieldExciter;
 struct MotorState;
 struct TorqueDemand;
 
@@ -27,8 +28,9 @@ void ShowActualValues(const MotorState& state, const ActualValues& values, const
 void ShowLimits(const MotorState& state, const DriveSettings& settings, const TorqueDemand& demand, double tooFast,
                 CRegisterFile& registers);
 
-/// Shows the nodes that answer on the link: the converter, an exciter that is not on its board, and `others` (0: none).
-void ShowLinkNodes(std::initializer_list<quint16> others, CRegisterFile& registers);
+/// Shows the exciter that is found, and the nodes that answer on the link: the converter, an external exciter, and
+/// `others` (0: none).
+void ShowLinkNodes(const FieldExciter& exciter, std::initializer_list<quint16> others, CRegisterFile& registers);
 
 /// Sets the digital outputs from the bits that their indices and bit numbers choose.
 void ShowDigitalOutputs(CRegisterFile& registers);

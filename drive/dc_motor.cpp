@@ -6,9 +6,10 @@
 namespace krt550 {
 namespace {
 
-/// Current after a step through L*di/dt = u - R*i: i + (u/R - i)*(1 - exp(-R/L*t)).
-double AfterStep(double current, double excess, double resistance, double inductance, double seconds) {
-    return current - excess / resistance * std::expm1(-resistance / inductance * seconds);
+/// Current after a step through L*di/dt = u - R*i: i + (u/R - i)*(1 - exp(-R/L*t)), with u - R*i as `excess`.
+double AfterStep(double current, double excess, double resistance, double inductance, double seconds,
+                 CSettling& settling) {
+    return current + excess / resistance * settling.ShareOf(resistance, inductance, seconds);
 }
 
 double HeldToBridge(double current, Conduction conduction) {
@@ -42,7 +43,7 @@ void CDcMotor::Step(double seconds, const ArmatureSupply& armature, double field
     const double fieldExcess = fieldVoltage - m_data.fieldResistance * m_fieldCurrent;
     SetFieldCurrent(m_fieldBroken ? 0
                                   : AfterStep(m_fieldCurrent, fieldExcess, m_data.fieldResistance,
-                                              m_data.fieldInductance, seconds));
+                                              m_data.fieldInductance, seconds, m_fieldSettling));
     StepArmature(seconds, armature);
     StepShaft(seconds);
 }
@@ -56,7 +57,7 @@ void CDcMotor::StepArmature(double seconds, const ArmatureSupply& armature) {
     const double brushes = forward ? m_data.brushDrop : -m_data.brushDrop;
     const double excess = armature.voltage - GetEmf() - brushes - m_data.armatureResistance * m_armatureCurrent;
     const double next = AfterStep(m_armatureCurrent, excess, m_data.armatureResistance - armature.slope,
-                                  m_data.armatureInductance, seconds);
+                                  m_data.armatureInductance, seconds, m_armatureSettling);
     m_armatureCurrent = HeldToBridge(next, armature.conduction);
 }
 

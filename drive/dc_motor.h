@@ -2,6 +2,8 @@
 
 #include "drive/monotone_curve.h"
 
+#include <cmath>
+
 namespace krt550 {
 
 /// Constants of a separately excited DC motor.
@@ -28,6 +30,24 @@ struct ArmatureSupply {
     Conduction conduction = Conduction::Open;
     double voltage = 0; ///< [V]
     double slope = 0;   ///< du/dia [Ohm], not above 0: a converter's voltage gives way under its current
+};
+
+/// How far a circuit's current gets in a step on its way to where it settles: 1 - exp(-R/L*t). Worked out anew only
+/// when R/L*t is another one than in the step before.
+class CSettling {
+public:
+    double ShareOf(double resistance, double inductance, double seconds) {
+        const double exponent = -resistance / inductance * seconds;
+        if (exponent != m_exponent) {
+            m_exponent = exponent;
+            m_share = -std::expm1(exponent);
+        }
+        return m_share;
+    }
+
+private:
+    double m_exponent = 0;
+    double m_share = 0;
 };
 
 /// A separately excited DC motor with its shaft:
@@ -81,6 +101,8 @@ private:
     void StepShaft(double seconds);
 
     MotorData m_data;
+    CSettling m_fieldSettling;
+    CSettling m_armatureSettling;
     double m_load = 0;
     double m_brake = 0;
     double m_polarity = 1;

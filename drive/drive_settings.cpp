@@ -3,7 +3,6 @@
 #include "drive/motor_sets.h"
 #include "drive/register_file.h"
 #include "drive/registers.h"
-#include "drive/six_pulse_converter.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,11 +44,6 @@ void ReadFluxCurve(const CRegisterFile& registers, DriveSettings& settings) {
 }
 
 } // namespace
-
-double DriveSettings::SmallLags() const {
-    const double late = speedSource == SpeedSource::Emf ? emfFilter : 0;
-    return 2 * kConverterLag + feedbackFilter + errorFilter + late;
-}
 
 double DriveSettings::CurrentGainUnit() const {
     return kIdealOfLine * ratedMains / ratedCurrent;

@@ -2,7 +2,10 @@
 
 #include "drive/monotone_curve.h"
 #include "drive/pi_controller.h"
+#include "drive/six_pulse_converter.h"
 #include "drive/speed_feedback.h"
+
+#include <cmath>
 
 namespace krt550 {
 
@@ -69,7 +72,11 @@ struct DriveSettings {
     double torqueLow = 0;
 
     /// Sum of the speed loop's small lags: current loop (2*Ts) and the filters of the chosen feedback [s].
-    double SmallLags() const;
+    double SmallLags() const {
+        return 2 * kConverterLag + feedbackFilter + errorFilter + (speedSource == SpeedSource::Emf ? emfFilter : 0);
+    }
+    /// Relative flux that a relative field current makes, either way round.
+    double FluxOf(double share) const { return std::copysign(fluxOfField(std::abs(share)), share); }
     double CurrentGainUnit() const; ///< [Ohm]
     double FieldGainUnit() const;   ///< [Ohm]
 };

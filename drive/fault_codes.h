@@ -41,6 +41,7 @@ inline constexpr quint16 kFaultSlave = 129;
 inline constexpr quint16 kFaultSlaveBridge = 130;
 inline constexpr quint16 kFaultSlaveWiring = 131;
 inline constexpr quint16 kFaultZeroCurrent = 132;
+inline constexpr quint16 kFaultExciter = 133;
 inline constexpr quint16 kFirstFault = 101;
 /// An alarm's code is that of the fault that it could have been, and this.
 inline constexpr quint16 kAlarmOffset = 4000;
@@ -74,6 +75,7 @@ inline constexpr auto kFaultCodes = std::to_array<FaultCode>({
     {kFaultSlaveBridge, "12-pulse reversal too slow"},
     {kFaultSlaveWiring, "12-pulse mode and wiring differ"},
     {kFaultZeroCurrent, "armature current does not become zero"},
+    {kFaultExciter, "field exciter missing or not the type in use"},
 });
 
 /// "fault 110 (external trip)".

@@ -29,6 +29,9 @@ void CMotorControl::Step(const MotorCommand& command, const DriveSettings& setti
     case ArmatureMode::Blocked:
         StepOpen(fieldVoltage);
         break;
+    case ArmatureMode::Braking:
+        StepOpen(fieldVoltage, command.resistance);
+        break;
     case ArmatureMode::Pulse:
         StepPulse(command.firingAngle, fieldVoltage);
         break;
@@ -44,7 +47,6 @@ double CMotorControl::StepField(const MotorCommand& command, const DriveSettings
     const double limit = settings.fieldVoltageLimit;
     double wanted = 0;
     double reference = 0;
-    m_state.fluxReference = 0;
     if (command.field == FieldMode::Voltage) {
         wanted = std::clamp(command.fieldVoltage, 0.0, limit);
         m_fieldController.Preset(0);
@@ -55,7 +57,9 @@ double CMotorControl::StepField(const MotorCommand& command, const DriveSettings
         reference = command.fieldCurrent;
         if (weakens)
             reference *= settings.fieldOfFlux(m_fluxControl.Step(kStep, m_state.emf, m_state.signals.used, settings));
-        m_state.fluxReference = std::copysign(settings.fluxOfField(std::abs(reference)), reference);
+        // A field that is still there when it is wanted again goes on from where it is.
+        if (command.field == FieldMode::Regulated && m_state.fieldReference == 0)
+            m_fieldController.Preset(settings.FieldGainUnit() * m_motor.GetFieldCurrent());
         const double error = reference * settings.ratedFieldCurrent - m_motor.GetFieldCurrent();
         wanted = m_fieldController.Step(error, kStep, settings.field, settings.exciterReverses ? -limit : 0, limit);
     }
@@ -158,13 +162,17 @@ void CMotorControl::StepPulse(double firingAngle, double fieldVoltage) {
     m_pulseOver = m_motor.GetArmatureCurrent() <= 0;
 }
 
-void CMotorControl::StepOpen(double fieldVoltage) {
+/// The converter gives nothing; the motor drives a current through a resistor where there is one.
+void CMotorControl::StepOpen(double fieldVoltage, double brakeResistance) {
     m_state.bridge = 0;
     m_state.continuous = false;
     m_state.currentReference = m_state.currentWanted = 0;
-    if (m_mode == ArmatureMode::Blocked)
+    if (m_mode == ArmatureMode::Blocked || m_mode == ArmatureMode::Braking)
         m_state.torqueReference = m_state.speedReference = 0;
-    Feed({}, fieldVoltage);
+    ArmatureSupply supply;
+    if (brakeResistance > 0)
+        supply = {Conduction::Both, -brakeResistance * m_motor.GetArmatureCurrent(), -brakeResistance};
+    Feed(supply, fieldVoltage);
 }
 
 void CMotorControl::Feed(ArmatureSupply supply, double fieldVoltage) {

@@ -14,6 +14,7 @@ namespace krt550 {
 /// What the armature converter does.
 enum class ArmatureMode {
     Blocked, ///< no firing pulses
+    Braking, ///< no firing pulses, a resistor across the armature
     Current, ///< controls a current
     Speed,   ///< controls the speed
     Pulse    ///< fires one valve pair once, at a given angle, and waits
@@ -36,8 +37,9 @@ enum class SpeedGuide {
 /// What converter and exciter are told for a step.
 struct MotorCommand {
     ArmatureMode armature = ArmatureMode::Blocked;
-    double current = 0; ///< [A]
-    double speed = 0;   ///< [rad/s]
+    double current = 0;    ///< [A]
+    double resistance = 0; ///< of the braking resistor [Ohm]
+    double speed = 0;      ///< [rad/s]
     TorqueWindow torque;
     SpeedGuide guide = SpeedGuide::Chosen;
     double firingAngle = 0; ///< of a pulse [rad]
@@ -62,7 +64,6 @@ struct MotorState {
     double torqueReference = 0;  ///< relative
     bool torqueLimited = false;  ///< it is at one of the speed controller's limits
     double speedReference = 0;   ///< at the speed controller [rad/s]
-    double fluxReference = 0;    ///< relative
     double fieldReference = 0;   ///< relative
     double cosine = 0;           ///< of the firing angle
     int bridge = 0;              ///< 1, -1, or 0 when no current can flow
@@ -104,7 +105,7 @@ private:
     void StartBridge(const DriveSettings& settings);
     bool HandsOver(double reference, const DriveSettings& settings);
     void StepPulse(double firingAngle, double fieldVoltage);
-    void StepOpen(double fieldVoltage);
+    void StepOpen(double fieldVoltage, double brakeResistance = 0);
     void Feed(ArmatureSupply supply, double fieldVoltage);
     void Observe(SpeedGuide guide, const DriveSettings& settings);
 

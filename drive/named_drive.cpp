@@ -1,6 +1,7 @@
 #include "drive/named_drive.h"
 
 #include "drive/drive_name.h"
+#include "drive/field_exciter.h"
 #include "drive/fieldbus_adapter.h"
 #include "drive/motor_options.h"
 #include "drive/motor_sets.h"
@@ -53,6 +54,14 @@ bool MountAdapter(const QString& value, CSimulatedHostDrive* drive) {
     return known;
 }
 
+bool MountExciter(const QString& value, CSimulatedHostDrive* drive) {
+    FieldExciter exciter;
+    const bool known = ParseExciter(value, exciter);
+    if (known && drive)
+        drive->GetDrive().GetExciter() = exciter;
+    return known;
+}
+
 bool ConnectPartner(const QString& value, CSimulatedHostDrive* drive) {
     const MotorSet* motor = FindMotorSet(value);
     if (motor && drive)
@@ -71,6 +80,7 @@ bool ConnectSlave(const QString& value, CSimulatedHostDrive* drive) {
 constexpr DriveOption kOptions[] = {
     {"feedback", [] { return QStringLiteral("encoder, tacho, none"); }, MountFeedback},
     {"adapter", AdapterNames, MountAdapter},
+    {"exciter", [] { return ExciterNames() + QStringLiteral(", and the external ones @1 to @32"); }, MountExciter},
     {"partner", MotorSetNames, ConnectPartner},
     {"slave", [] { return QStringLiteral("parallel, series"); }, ConnectSlave},
 };
@@ -170,13 +180,15 @@ QString NamedDriveHelp() {
     const QString text = QStringLiteral(
         "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none;\n"
         "adapter=%4 is its fieldbus adapter;\n"
+        "exciter=TYPE or TYPE@NODE the field exciter that is mounted (%5),\n"
+        "an external one set to node 21 or to that one;\n"
         "partner=MOTOR a second drive on its drive-to-drive link, set up as a follower: node 2, mailbox -1 received\n"
         "(control word, speed reference), mailbox 2 transmitted (status word, speed); slave=parallel or series a "
         "12-pulse\n"
         "slave converter with node 31; fault=NAME, as often as needed; DI1=on, AI1=5, AI2=12mA and so on for what "
         "lies\n"
         "at its terminals from the start; and what is to be different about the motor:\n%2\nIts faults:\n%3\n");
-    return text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp(), AdapterNames());
+    return text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp(), AdapterNames(), ExciterNames());
 }
 
 } // namespace krt550

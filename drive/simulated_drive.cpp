@@ -23,6 +23,7 @@ CSimulatedDrive::CSimulatedDrive(std::vector<ParameterDescription> descriptions,
       m_control(DataOf(m_set)), m_lastAdvance(CClock::Current().Now()) {
     if (motor)
         ApplyNamePlate(*motor, m_registers);
+    m_exciter.type = m_registers.GetWord(reg::kExciterFound, m_registers.GetWord(reg::kExciterUsed));
     GetMotor().SetBrake(m_set.load);
     GetMotor().SetLoad(m_set.hanging);
     Settle();
@@ -115,10 +116,12 @@ void CSimulatedDrive::ReadParameters() {
 /// The drive's continuous part, and what is supervised in it.
 void CSimulatedDrive::Integrate(double seconds, std::set<quint16>& alarms) {
     const int steps = static_cast<int>(std::lround(seconds / CMotorControl::kStep));
+    TakeOrders();
     for (int i = 0; i < steps; ++i) {
         const MotorCommand command = NextCommand();
         m_control.Step(command, m_settings);
-        m_service.Step(CMotorControl::kStep, m_control.GetState(), m_control.IsPulseOver());
+        if (m_service.IsRunning())
+            m_service.Step(CMotorControl::kStep, m_control.GetState(), m_control.IsPulseOver());
         CheckMotor(command, alarms);
     }
     const CDigitalInputs& inputs = m_board.GetInputs();
@@ -128,6 +131,23 @@ void CSimulatedDrive::Integrate(double seconds, std::set<quint16>& alarms) {
     alarms.insert(fans.alarms.begin(), fans.alarms.end());
     if (fans.trip)
         Trip(fans.trip);
+}
+
+/// Nothing of this changes from step to step; what happens in one settles the drive, and that takes new orders.
+void CSimulatedDrive::TakeOrders() {
+    m_orders.driving = m_logic.IsDriving();
+    const bool fed = m_contactor.IsClosed() && !m_service.KeepsFieldOff();
+    m_orders.braking = m_braking;
+    m_orders.field = fed || m_braking ? FieldMode::Regulated : FieldMode::Off; // without field nothing brakes
+    m_orders.fieldCurrent = m_fieldDirection.Get();
+    if (IsFieldHeated()) {
+        m_orders.field = FieldMode::Current;
+        m_orders.fieldCurrent *= m_fieldHeating;
+    }
+    m_orders.ramp = NextRampMode();
+    m_orders.target = RampTarget();
+    m_orders.torque = m_places.GetPlace() == ControlPlace::Remote && m_orders.ramp == RampMode::Follow;
+    m_orders.around = GetSurroundings();
 }
 
 MotorCommand CSimulatedDrive::NextCommand() {
@@ -142,24 +162,15 @@ MotorCommand CSimulatedDrive::NextCommand() {
         m_fieldWaited = true;
         return m_service.GetCommand();
     }
-    if (m_contactor.IsClosed() && !m_service.KeepsFieldOff())
-        command.field = FieldMode::Regulated;
-    command.fieldCurrent = m_fieldDirection.Get();
-    if (IsFieldHeated()) {
-        command.field = FieldMode::Current;
-        command.fieldCurrent *= m_fieldHeating;
-    }
-    if (!m_logic.IsDriving())
-        m_fieldWaited = false;
-    constexpr double kFieldThere = 0.8; // of its reference; until then there is no torque
-    const MotorState& state = m_control.GetState();
-    const double wanted = std::max(0.05, std::abs(state.fieldReference)) * m_settings.ratedFieldCurrent;
-    // A field that has only just been switched on has no reference yet.
-    const bool there =
-        state.fieldReference != 0 && m_fieldDirection.Get() * state.fieldCurrent >= kFieldThere * wanted;
-    m_fieldWaited = m_fieldWaited || there;
-    if (!m_logic.IsDriving() || !m_fieldWaited) {
+    command.field = m_orders.field;
+    command.fieldCurrent = m_orders.fieldCurrent;
+    m_fieldWaited = m_orders.driving && (m_fieldWaited || IsFieldThere());
+    if (!m_fieldWaited) {
         m_references.Preset(UsedSpeed()); // a motor that still turns is caught where it is
+        if (m_orders.braking) {
+            command.armature = ArmatureMode::Braking;
+            command.resistance = m_set.voltage / m_set.current; // rated current at rated voltage
+        }
         return command;
     }
     if (m_fieldDirection.HoldsArmature()) {
@@ -167,11 +178,20 @@ MotorCommand CSimulatedDrive::NextCommand() {
         command.armature = ArmatureMode::Current;
         return command;
     }
-    m_references.Step(CMotorControl::kStep, NextRampMode(), RampTarget());
+    m_references.Step(CMotorControl::kStep, m_orders.ramp, m_orders.target);
     command.armature = ArmatureMode::Speed;
     command.speed = m_references.GetOutput() / kRpm;
     DemandTorque(command);
     return command;
+}
+
+/// Until the field is there, there is no torque.
+bool CSimulatedDrive::IsFieldThere() const {
+    constexpr double kThere = 0.8; // of its reference
+    const MotorState& state = m_control.GetState();
+    const double wanted = std::max(0.05, std::abs(state.fieldReference)) * m_settings.ratedFieldCurrent;
+    // A field that has only just been switched on has no reference yet.
+    return state.fieldReference != 0 && m_fieldDirection.Get() * state.fieldCurrent >= kThere * wanted;
 }
 
 RampMode CSimulatedDrive::NextRampMode() const {
@@ -196,6 +216,7 @@ void CSimulatedDrive::Settle() {
     SettleLogic();
     LookAtInputs();
     Supervise(0);
+    TakeOrders();
     ShowState();
 }
 
@@ -206,6 +227,9 @@ void CSimulatedDrive::SettleLogic() {
     if ((word & control::kAcknowledge) && !(m_formerControlWord & control::kAcknowledge))
         AcknowledgeFault();
     m_formerControlWord = word;
+    const bool driving = m_logic.IsDriving();
+    if ((word & control::kOn) && m_logic.GetState() != DriveState::Inhibited && !m_exciter.Serves(m_registers))
+        Trip(kFaultExciter);
 
     bool changed = true;
     while (changed) {
@@ -216,6 +240,10 @@ void CSimulatedDrive::SettleLogic() {
         changed = m_contactor.Follow(m_logic.WantsContactor(Inputs())) || changed;
         m_board.Sample(GetPlant(), m_registers); // its acknowledge moves with it
     }
+    constexpr quint16 kDynamicBraking = 3;
+    const bool begins =
+        driving && IsEmergencyStopActive() && m_registers.GetWord(reg::kEmergencyStopMode) == kDynamicBraking;
+    m_braking = (m_braking || begins) && !m_logic.IsDriving() && !IsStandstill();
 }
 
 } // namespace krt550

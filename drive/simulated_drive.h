@@ -6,6 +6,7 @@
 #include "drive/fan_supervision.h"
 #include "drive/fault_memory.h"
 #include "drive/field_direction.h"
+#include "drive/field_exciter.h"
 #include "drive/fieldbus_adapter.h"
 #include "drive/macros.h"
 #include "drive/main_contactor.h"
@@ -52,6 +53,8 @@ public:
     const MotorSet& GetMotorSet() const { return m_set; }
     /// What is mounted at its shaft end.
     FeedbackEquipment& GetFeedback() { return m_control.GetFeedback(); }
+    /// What feeds its field.
+    FieldExciter& GetExciter() { return m_exciter; }
     /// What the motor as it is would have in a register that tells about it: see TrueValue, and in those of the speed
     /// what its shaft does [rpm].
     std::optional<double> GetTrueValue(quint16 reg) const;
@@ -142,6 +145,18 @@ public:
     void Trip(quint16 code);
 
 private:
+    /// What logic, terminals and mains ask of a slice's steps.
+    struct Orders {
+        bool driving = false;
+        FieldMode field = FieldMode::Off;
+        double fieldCurrent = 1; ///< relative
+        RampMode ramp = RampMode::Follow;
+        double target = 0;   ///< of the ramp [rpm]
+        bool torque = false; ///< the torque references count
+        bool braking = false;
+        Surroundings around;
+    };
+
     bool IsNeighbourResting() const { return !m_neighbour || m_neighbour->IsResting(); }
     bool Write(quint16 reg, quint16 word);
     void Exchange(qint64 milliseconds, qint64 now);
@@ -157,9 +172,12 @@ private:
     void DemandTorque(MotorCommand& command);
     bool LoadMacro();
     bool AcknowledgeFault();
+    void TakeOrders();
     MotorCommand NextCommand();
     RampMode NextRampMode() const;
+    bool IsFieldThere() const;
     bool MayChangeToEmf() const;
+    Surroundings GetSurroundings() const;
     void CheckMotor(const MotorCommand& command, std::set<quint16>& alarms);
     void Supervise(double seconds);
     ServiceView GetServiceView() const;
@@ -194,6 +212,7 @@ private:
     CMacroTable m_macros;
     CMainContactor m_contactor;
     CMainsSupply m_mains;
+    FieldExciter m_exciter;
     CReferenceChain m_references;
     CFieldDirection m_fieldDirection;
     CMotorControl m_control;
@@ -212,6 +231,7 @@ private:
     quint32 m_settingsVersion = 0; ///< that the next two were read at
     DriveSettings m_settings;
     TripLevels m_levels;
+    Orders m_orders;
     CLag m_display;             ///< filtered speed [rad/s]
     double m_fieldHeating = 0;  ///< field current that keeps it warm, relative
     bool m_fieldWaited = false; ///< the field was there since the motor is driven
@@ -221,6 +241,7 @@ private:
     bool m_goesByEmf = false;   ///< in place of a feedback that was lost
     quint16 m_formerControlWord = 0;
     bool m_emergencyStop = false;
+    bool m_braking = false; ///< the braking resistor lies across the armature
     bool m_startRefused = false;
     double m_earthCurrent = 0;
     qint64 m_otherLeft = 0; ///< another place holds the drive for so long [ms]

@@ -9,18 +9,13 @@
 namespace krt550 {
 
 void CSimulatedDrive::CheckMotor(const MotorCommand& command, std::set<quint16>& alarms) {
-    Surroundings around;
-    around.mains = m_mains.GetVoltage();
-    around.driving = m_logic.IsDriving();
-    around.fieldNeeded =
-        command.field == FieldMode::Regulated || (command.field == FieldMode::Current && !IsFieldHeated());
+    Surroundings& around = m_orders.around;
+    around.fieldNeeded = command.field == FieldMode::Regulated ||
+                         (command.field == FieldMode::Current && m_orders.field != FieldMode::Current);
     around.feedbackUsed = command.armature == ArmatureMode::Speed && command.guide == SpeedGuide::Chosen &&
                           m_settings.speedSource != SpeedSource::Emf;
     around.fieldReference = m_control.GetState().fieldReference;
     around.earthCurrent = command.armature == ArmatureMode::Blocked ? 0 : m_earthCurrent;
-    around.phaseMissing = m_mains.GetPhases() == PhaseDefect::Missing;
-    around.phaseOrderWrong = m_mains.GetPhases() == PhaseDefect::Order;
-    around.branchLost = m_mains.GetPhases() == PhaseDefect::FuseBlown;
     const Findings found = m_protection.Step(CMotorControl::kStep, m_control.GetState(), around, m_settings, m_levels);
     alarms.insert(found.alarms.begin(), found.alarms.end());
     if (found.trip == kFaultFeedback && MayChangeToEmf()) {
@@ -29,6 +24,17 @@ void CSimulatedDrive::CheckMotor(const MotorCommand& command, std::set<quint16>&
     } else if (found.trip) {
         Trip(found.trip);
     }
+}
+
+/// What of them stays for a slice.
+Surroundings CSimulatedDrive::GetSurroundings() const {
+    Surroundings around;
+    around.mains = m_mains.GetVoltage();
+    around.driving = m_logic.IsDriving();
+    around.phaseMissing = m_mains.GetPhases() == PhaseDefect::Missing;
+    around.phaseOrderWrong = m_mains.GetPhases() == PhaseDefect::Order;
+    around.branchLost = m_mains.GetPhases() == PhaseDefect::FuseBlown;
+    return around;
 }
 
 bool CSimulatedDrive::MayChangeToEmf() const {

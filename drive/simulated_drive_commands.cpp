@@ -185,6 +185,8 @@ QString CSimulatedDrive::WhyNotOn() const {
         return QStringLiteral("The emergency stop is pressed.");
     if (IsDisconnected())
         return QStringLiteral("The electrical disconnect is open.");
+    if (m_braking)
+        return QStringLiteral("The motor still turns and is being braked by the emergency stop.");
     if (m_logic.GetState() == DriveState::Inhibited)
         return QStringLiteral("Switching on is inhibited. Open the main contactor once, then close it again.");
     if (m_places.IsLocallyOn())

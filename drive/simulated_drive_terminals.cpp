@@ -89,7 +89,7 @@ void CSimulatedDrive::DemandTorque(MotorCommand& command) {
     TorqueWindow& window = command.torque;
     window.low = -demand.limit;
     window.high = demand.limit;
-    if (m_places.GetPlace() != ControlPlace::Remote || NextRampMode() != RampMode::Follow)
+    if (!m_orders.torque)
         return;
     if (demand.current) {
         command.armature = ArmatureMode::Current;

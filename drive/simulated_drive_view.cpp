@@ -35,7 +35,7 @@ void CSimulatedDrive::ShowState() {
     state.reversed = motor.fieldCurrent <= -m_settings.reversedLevel * m_settings.ratedFieldCurrent;
     state.secondBridge = motor.bridge < 0;
     state.tuning = m_service.IsRunning();
-    state.weakening = state.driving && m_settings.weakens && motor.fluxReference < 0.995;
+    state.weakening = state.driving && m_settings.weakens && std::abs(m_settings.FluxOf(motor.fieldReference)) < 0.995;
     state.speed = UsedSpeed();
     state.speedReference = state.driving ? m_references.GetOutput() : 0;
     state.baseSpeed = BaseSpeed();
@@ -46,7 +46,7 @@ void CSimulatedDrive::ShowState() {
     m_faults.Show(m_registers);
     ShowActualValues(motor, {m_display.GetOutput(), m_mains.GetVoltage(), m_protection.GetTemperatureRise()},
                      m_settings, m_registers);
-    ShowLinkNodes({m_otherNode, m_twelvePulse.GetNode()}, m_registers);
+    ShowLinkNodes(m_exciter, {m_otherNode, m_twelvePulse.GetNode()}, m_registers);
     const std::pair<quint16, double> references[] = {{reg::kReferenceInLimits, GetSpeedReference()},
                                                      {reg::kReferenceBeforeRamp, RampTarget()},
                                                      {reg::kReferenceAfterRamp, state.speedReference}};
@@ -129,7 +129,7 @@ quint16 CSimulatedDrive::UsedControlWord() const {
     quint16 word = m_commanders.GetStopReason() ? control::kIdle : m_places.GetWord(m_registers);
     if (m_board.GetInputs().IsClosed(InputFunction::Reset))
         word |= control::kAcknowledge;
-    if (IsDisconnected())
+    if (IsDisconnected() || m_braking) // the resistor must be off the armature before the converter is on it
         word &= static_cast<quint16>(~control::kNoCoastStop);
     if (!IsEmergencyStopActive())
         return word;

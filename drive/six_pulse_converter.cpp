@@ -15,7 +15,7 @@ constexpr double kIdealOfPeak = 3 / pi;
 constexpr double kCosine30 = std::numbers::sqrt3 / 2;
 constexpr double kAtLimit = 0.5 - pi / 6 * kCosine30; ///< sin(h) - h*cos(h) at h = 30 deg
 constexpr double kBoundary = 2 * kAtLimit;            ///< 1 - pi/6*cot(pi/6)
-constexpr double kNear = 0.03;                        ///< of the current: what is missing then goes by the slope
+constexpr double kNear = 0.04;                        ///< of the current: what is missing then goes by the slope
 constexpr int kPasses = 12;
 constexpr double kShortest = 1e-3; ///< half a pulse [rad]
 
@@ -30,6 +30,10 @@ double CurrentOf(double theta0, double length, double e) {
            (std::cos(theta0) * length - (std::sin(theta0 + length) - std::sin(theta0)) - e * length * length / 2);
 }
 
+double InRange(double halfPulse) {
+    return std::max(kShortest, std::min(kPulse / 2, halfPulse));
+}
+
 /// Where a pulse stands: e, and how e changes with the current's share of its limit.
 struct PulsePoint {
     double e = 0;
@@ -39,17 +43,20 @@ struct PulsePoint {
 /// The pulse fired at 30 degrees or later that carries `share` (above 0, up to 1) of the current at the limit. With h
 /// half its length and a = alpha - 30 deg the sums of sines turn into products:
 ///     e = cos(a + h) * sin(h)/h,  Id*w*L/Upeak = 6/pi * sin(a + h) * (sin(h) - h*cos(h)).
-/// The current goes nearly with a power of h, the third to the fourth: each pass takes that root of what is missing.
+/// The current goes nearly with a power of h, the fourth at a = 0 and the third later: the search begins between these
+/// roots of the share, and each pass takes that root of what is missing.
 PulsePoint PulseCarrying(double share, double cosine, double sine) {
     const double sineLate = sine * kCosine30 - cosine / 2; // sin(a)
     const double cosineLate = cosine * kCosine30 + sine / 2;
     const double wanted = share * sine * kAtLimit;
-    double h = kPulse / 2 * std::sqrt(std::sqrt(share));
+    const double root = std::sqrt(std::sqrt(share));
+    const double late = sineLate / (sineLate + 0.5 * cosineLate); // fitted, as the factor in the next line
+    double h = InRange(kPulse / 2 * root * (1 - 0.48 * late * (1 - root)));
     for (int pass = 0;; ++pass) {
         const double q = h * h;
         // sin(h)/h and (sin(h) - h*cos(h))/h^3 as their series, exact to 1e-9 up to 30 degrees.
-        const double sinc = 1 - q / 6 * (1 - q / 20 * (1 - q / 42 * (1 - q / 72)));
-        const double loss = (1 - q / 10 * (1 - q / 28 * (1 - q / 54))) / 3;
+        const double sinc = 1 + q * (-1.0 / 6 + q * (1.0 / 120 + q * (-1.0 / 5040 + q * (1.0 / 362880))));
+        const double loss = 1.0 / 3 + q * (-1.0 / 30 + q * (1.0 / 840 + q * (-1.0 / 45360)));
         const double sineHalf = h * sinc;
         const double cosineHalf = sinc - q * loss;
         const double across = sineLate * cosineHalf + cosineLate * sineHalf; // sin(a + h)
@@ -58,13 +65,15 @@ PulsePoint PulseCarrying(double share, double cosine, double sine) {
         const double given = across * area;
         const double givenRise = along * area + across * h * sineHalf;
         const double ratio = wanted / given;
-        if (pass == kPasses || std::abs(ratio - 1) < kNear) {
-            const double rise = -(across * sinc + along * h * loss) / givenRise;
-            return {along * sinc + rise * (wanted - given), rise * sine * kAtLimit};
-        }
         const double power = std::max(1.0, givenRise * h / given);
-        const double next = h * (power - 1 + (power + 1) * ratio) / (power + 1 + (power - 1) * ratio);
-        h = std::max(kShortest, std::min(kPulse / 2, next)); // beyond 170 degrees there may be no such pulse
+        const double next = InRange(h * (power - 1 + (power + 1) * ratio) / (power + 1 + (power - 1) * ratio));
+        if (pass == kPasses || std::abs(ratio - 1) < kNear) {
+            const double fall = across * sinc + along * h * loss; // of e over h
+            const double rest = next - h;
+            const double slope = fall / givenRise * (1 - (power - 1) * rest / h);
+            return {along * sinc - fall * rest, -slope * sine * kAtLimit};
+        }
+        h = next; // beyond 170 degrees there may be no such pulse
     }
 }
 

@@ -16,9 +16,10 @@ void CSpeedControl::Start(double speed) {
 
 double CSpeedControl::Step(double seconds, double reference, double speed, double reachHigh, double reachLow,
                            const DriveSettings& settings, double lag, const TorqueWindow& window) {
-    const double slower = 1 + lag / settings.SmallLags(); // the symmetrical optimum's gain and time go with the lags
+    const double lags = settings.SmallLags();
+    const double slower = 1 + lag / lags; // the symmetrical optimum's gain and time go with the lags
     const PiSetting setting{settings.speed.gain / slower, settings.speed.time * slower};
-    const double filter = std::max(settings.referenceFilter, 4 * slower * settings.SmallLags());
+    const double filter = std::max(settings.referenceFilter, 4 * slower * lags);
     m_reference.Step(reference, seconds, filter);
     m_feedback.Step(speed, seconds, settings.feedbackFilter);
     const double error = (m_reference.GetOutput() - m_feedback.GetOutput()) / settings.baseSpeed;

@@ -5,13 +5,17 @@
 namespace krt550::test {
 
 /// Does what a line of blanks-separated words says: "DI7=on AI1=5" at the terminals, "701=1151" as a raw word over the
-/// link. False when the drive refuses a word.
+/// link, "exciter=external50" what feeds the field. False when the drive refuses a word.
 inline bool Do(CSimulatedDrive& drive, const char* line) {
     bool done = true;
     const QStringList words = QString::fromLatin1(line).split(u' ', Qt::SkipEmptyParts);
     for (const QString& word : words) {
         const QString name = word.section(u'=', 0, 0);
         const QString value = word.section(u'=', 1);
+        if (name == QLatin1String("exciter")) {
+            done = ParseExciter(value, drive.GetExciter()) && done;
+            continue;
+        }
         const std::optional<Terminal> terminal = ParseTerminal(name);
         QString error;
         const std::optional<double> level = terminal ? ParseTerminalValue(*terminal, value, error) : 0;

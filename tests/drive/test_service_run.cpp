@@ -174,6 +174,7 @@ TEST(FieldReversal, IsJudgedByBothDirections) {
     for (const Reversal& c : cases) {
         WholeDrive drive("S2");
         drive.SetValue(reg::kExciterUsed, c.exciter);
+        drive.Drive().GetExciter().type = c.exciter;
         drive.SetValue(reg::kFieldDirection, 2); // from a test before
         drive.Motor().SetFieldBroken(c.isBroken);
         std::size_t next = 0;
@@ -204,6 +205,7 @@ TEST(FieldReversal, HasItsTime) {
     for (const bool weak : {true, false}) {
         WholeDrive drive("S2");
         drive.SetValue(reg::kExciterUsed, 3);
+        drive.Drive().GetExciter().type = 3;
         int step = 0;
         const int outcome = drive.Tune(kReversal, [&] {
             if (step == 0)
