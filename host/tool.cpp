@@ -1,5 +1,6 @@
 #include "host/tool.h"
 
+#include "host/commands/command.h"
 #include "host/last_stop.h"
 #include "host/options.h"
 #include "host/session.h"
@@ -46,6 +47,8 @@ void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 } // namespace
 
 int RunTool(int argc, char** argv) {
+    if (const ToolCommand* command = argc > 1 ? FindCommand(QString::fromLocal8Bit(argv[1])) : nullptr)
+        return command->run(ArgumentsOf(argc, argv));
     const ToolOptions options = ParseOptions(ArgumentsOf(argc, argv));
     // The command line is the tool's own: Qt gets the program name alone.
     int qtArgumentCount = 1;

@@ -1,0 +1,208 @@
+#include "host/report/html.h"
+
+namespace krt550 {
+namespace {
+
+constexpr const char* kBrowserStyle = R"(
+body { font: 10.5pt/1.45 "DejaVu Sans", "Segoe UI", Helvetica, Arial, sans-serif; color: #222; background: #fff;
+  max-width: 185mm; margin: 12mm auto; padding: 0 6mm; }
+h1 { font-size: 20pt; margin: 0 0 1mm; } h2 { font-size: 13.5pt; margin: 9mm 0 2mm; border-bottom: 1.5pt solid #1f5fa8; }
+h3 { font-size: 11.5pt; margin: 7mm 0 1mm; }
+table { border-collapse: collapse; width: 100%; margin: 1mm 0 3mm; }
+th { text-align: left; background: #eef2f7; } th, td { padding: 1mm 2mm; border-bottom: .5pt solid #ccc; vertical-align: top; }
+td.label { width: 38%; color: #555; } .number, th.number { text-align: right; white-space: nowrap; }
+td.time, td.register, td.unit { white-space: nowrap; }
+.good { color: #1d6b3c; } .bad { color: #a32a18; font-weight: bold; } .open { color: #8a5a00; } .small { color: #555; font-size: 9pt; }
+td.line { height: 11mm; } svg { width: 100%; height: auto; }
+@media print { h2, h3 { break-after: avoid; } tr, svg { break-inside: avoid; } thead { display: table-header-group; } body { margin: 0; } }
+)";
+
+// What Qt's text layout understands.
+constexpr const char* kPaperStyle = R"(
+body { font-family: "DejaVu Sans", sans-serif; font-size: 8.5pt; color: #222222; }
+h1 { font-size: 18pt; margin-top: 0; margin-bottom: 2px; } h2 { font-size: 12.5pt; color: #1f4f8a; margin-top: 22px; margin-bottom: 6px; }
+h3 { font-size: 10pt; margin-top: 16px; margin-bottom: 4px; }
+p { margin-top: 3px; margin-bottom: 5px; }
+table { border-collapse: collapse; border-width: 0px; }
+th { text-align: left; background-color: #eef2f7; font-weight: bold; padding: 3px 5px; border-bottom: 1px solid #8fa3bd; }
+td { padding: 3px 5px; border-bottom: 1px solid #d5d5d5; }
+td.label { color: #555555; } .number { text-align: right; }
+.good { color: #1d6b3c; } .bad { color: #a32a18; font-weight: bold; } .open { color: #8a5a00; } .small { color: #555555; font-size: 7.5pt; }
+)";
+
+QString Escaped(const QString& text) {
+    return text.trimmed().toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+}
+
+QString Element(const char* name, const QString& inside) {
+    return QStringLiteral("<%1>%2</%1>\n").arg(QLatin1String(name), inside);
+}
+
+QString Cell(const QString& text, const char* kind = nullptr, int widthPercent = 0) {
+    const QString width = widthPercent > 0 ? QStringLiteral(" width=\"%1%\"").arg(widthPercent) : QString();
+    const QString style = kind ? QStringLiteral(" class=\"%1\"").arg(QLatin1String(kind)) : QString();
+    return QLatin1String("<td") + width + style + QLatin1Char('>') + text + QLatin1String("</td>");
+}
+
+struct Column {
+    const char* title;
+    const char* kind = nullptr; ///< class of the cells
+    int widthPercent = 0;
+};
+
+/// A table with a head, which comes again on the next page.
+class CTable {
+public:
+    explicit CTable(std::initializer_list<Column> columns) : m_columns(columns) {
+        QString head;
+        for (const Column& column : m_columns)
+            head += QStringLiteral("<th width=\"%1%\"%2>%3</th>")
+                        .arg(column.widthPercent)
+                        .arg(QLatin1String(qstrcmp(column.kind, "number") == 0 ? " class=\"number\"" : ""),
+                             QLatin1String(column.title));
+        m_html = QLatin1String("<table width=\"100%\" cellspacing=\"0\"><thead><tr>") + head +
+                 QLatin1String("</tr></thead>\n<tbody>\n");
+    }
+    /// Cells are HTML.
+    void AddRow(const QStringList& cells) {
+        m_html += QLatin1String("<tr>");
+        for (qsizetype i = 0; i < cells.size(); ++i)
+            m_html += Cell(cells[i], m_columns[std::size_t(i)].kind);
+        m_html += QLatin1String("</tr>\n");
+    }
+    QString Html() const { return m_html + QLatin1String("</tbody></table>\n"); }
+
+private:
+    std::vector<Column> m_columns;
+    QString m_html;
+};
+
+QString Marked(Mark mark, const QString& text) {
+    constexpr const char* kClasses[] = {"good", "open", "bad"};
+    return QStringLiteral("<span class=\"%1\">%2</span>")
+        .arg(QLatin1String(kClasses[static_cast<int>(mark)]), Escaped(text));
+}
+
+QString FactTable(const QList<Fact>& facts) {
+    QString rows;
+    for (const auto& [label, value] : facts)
+        rows += QLatin1String("<tr>") + Cell(Escaped(label), "label", 38) + Cell(Escaped(value), nullptr, 62) +
+                QLatin1String("</tr>\n");
+    return QLatin1String("<table width=\"100%\" cellspacing=\"0\">\n") + rows + QLatin1String("</table>\n");
+}
+
+QString ValueTable(const std::vector<ValueLine>& lines, const char* from, const char* to) {
+    CTable table({{"Parameter", "register", 11},
+                  {"Name", nullptr, 41},
+                  {from, "number", 19},
+                  {to, "number", 19},
+                  {"Unit", "unit", 10}});
+    for (const ValueLine& line : lines)
+        table.AddRow({line.number, Escaped(line.name), Escaped(line.from), Escaped(line.to), Escaped(line.unit)});
+    return table.Html();
+}
+
+QString BoxTable(const std::vector<BoxLine>& boxes) {
+    CTable table({{"Time", "time", 13}, {"Message", nullptr, 70}, {"Answer", nullptr, 17}});
+    for (const BoxLine& box : boxes)
+        table.AddRow({box.time, Escaped(box.text), Escaped(box.answer)});
+    return table.Html();
+}
+
+QString OrNone(bool isEmpty, const QString& html, const char* none) {
+    return isEmpty ? Element("p", QLatin1String(none)) : html;
+}
+
+QString Summary(const Findings& findings) {
+    int done = 0;
+    for (const StepLine& step : findings.steps)
+        done += step.mark == Mark::Good ? 1 : 0;
+    QList<Fact> facts{{QStringLiteral("Drive"), findings.drive}};
+    facts += findings.sessions;
+    facts.append({QStringLiteral("Basic commissioning"),
+                  QStringLiteral("%1 of %2 steps done").arg(done).arg(findings.steps.size())});
+    facts.append({QStringLiteral("Runs of the motor"), QString::number(findings.runs.size())});
+    facts.append({QStringLiteral("Faults"), QString::number(findings.faults.size())});
+    facts.append({QStringLiteral("Open points"), QString::number(findings.openPoints.size())});
+    return FactTable(facts);
+}
+
+QString Steps(const Findings& findings) {
+    CTable table({{"Step", nullptr, 45}, {"Result", nullptr, 55}});
+    for (const StepLine& step : findings.steps)
+        table.AddRow({Escaped(step.title), Marked(step.mark, step.status)});
+    return table.Html();
+}
+
+QString Run(const RunFinding& run, std::size_t number, const QString& chart) {
+    QString html = Element("h3", QStringLiteral("Run %1: %2").arg(number + 1).arg(Escaped(run.title)));
+    QStringList facts;
+    for (const auto& [label, value] : run.facts)
+        facts += QStringLiteral("%1: %2").arg(label, value);
+    html += Element("p", Marked(run.mark, run.outcome) + QLatin1String("<br>") + Escaped(facts.join(QLatin1String(", "))));
+    if (run.trace.size() >= 2)
+        html += QLatin1String("<p>") + chart + QLatin1String("</p>\n");
+    else
+        html += Element("p", QStringLiteral("There is no trace of this run."));
+    if (!run.identified.empty())
+        html += Element("p", QStringLiteral("Values that the drive has changed by itself from this run on:")) +
+                ValueTable(run.identified, "Before", "After");
+    if (!run.boxes.empty())
+        html += BoxTable(run.boxes);
+    return html;
+}
+
+QString Faults(const Findings& findings) {
+    CTable table({{"Time", "time", 13}, {"Code", "number", 10}, {"The drive's record", nullptr, 77}});
+    for (const FaultFinding& fault : findings.faults)
+        table.AddRow({fault.time, fault.code, Escaped(fault.lines.isEmpty() ? QStringLiteral("not read") : fault.lines.join(QLatin1Char('\n')))});
+    return OrNone(findings.faults.empty(), table.Html(), "None.");
+}
+
+QString OpenPoints(const Findings& findings) {
+    QString items;
+    for (const QString& point : findings.openPoints)
+        items += Element("li", Escaped(point));
+    return OrNone(items.isEmpty(), Element("ul", items), "None.") +
+           Element("p", QStringLiteral("Remarks:")) + QLatin1String("<p><br><br><br></p>");
+}
+
+QString Signatures() {
+    QString rows = QStringLiteral("<tr><th width=\"22%\"></th><th width=\"28%\">Name</th><th width=\"18%\">Date</th>"
+                                  "<th width=\"32%\">Signature</th></tr>\n");
+    for (const char* role : {"Commissioned by", "Accepted by"})
+        rows += QLatin1String("<tr>") + Cell(QLatin1String(role) + QLatin1String("<br><br><br>"), "line") +
+                Cell({}, "line").repeated(3) + QLatin1String("</tr>\n");
+    return QLatin1String("<table width=\"100%\" cellspacing=\"0\">\n") + rows + QLatin1String("</table>\n");
+}
+
+QString Section(const char* title, const QString& html) {
+    return Element("h2", QLatin1String(title)) + html;
+}
+
+} // namespace
+
+QString ReportHtml(const Findings& findings, HtmlFor target, const std::function<QString(std::size_t run)>& chart) {
+    QString runs;
+    for (std::size_t i = 0; i < findings.runs.size(); ++i)
+        runs += Run(findings.runs[i], i, chart(i));
+    const QString title = QStringLiteral("Commissioning report");
+    const QString body =
+        Element("h1", title) + Element("p", Escaped(findings.date)) + Summary(findings) +
+        Section("Drive", FactTable(findings.driveFacts)) + Section("Motor and mains", FactTable(findings.motorFacts)) +
+        Section("Steps of basic commissioning", Steps(findings)) +
+        Section("Runs", OrNone(runs.isEmpty(), runs, "The motor was not run.")) +
+        Section("Changed: as found and as left",
+                OrNone(findings.changed.empty(), ValueTable(findings.changed, "As found", "As left"), "Nothing.")) +
+        Section("Different from the drive's defaults",
+                OrNone(findings.notDefault.empty(), ValueTable(findings.notDefault, "Default", "As left"), "Nothing.")) +
+        Section("Faults", Faults(findings)) +
+        Section("Messages", OrNone(findings.boxes.empty(), BoxTable(findings.boxes), "None.")) +
+        Section("Open points", OpenPoints(findings)) + Section("Signatures", Signatures());
+    return QStringLiteral("<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>%1: %2</title>\n"
+                          "<style>%3</style></head>\n<body>\n%4</body></html>\n")
+        .arg(title, Escaped(findings.drive),
+             QLatin1String(target == HtmlFor::Browser ? kBrowserStyle : kPaperStyle), body);
+}
+
+} // namespace krt550

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "host/report/findings.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextObjectInterface>
+
+class QPagedPaintDevice;
+
+namespace krt550 {
+
+/// A chart as a character of a text document.
+class CChartObject : public QObject, public QTextObjectInterface {
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+public:
+    static constexpr int kType = QTextFormat::UserObject + 1;
+    static constexpr int kRun = QTextFormat::UserProperty + 1; ///< number of the run
+
+    CChartObject(const Findings& findings, double scale) : m_findings(findings), m_scale(scale) {}
+
+    QSizeF intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) override;
+    void drawObject(QPainter* painter, const QRectF& place, QTextDocument* document, int position,
+                    const QTextFormat& format) override;
+
+private:
+    const Findings& m_findings;
+    double m_scale; ///< dots of a point
+};
+
+/// The report laid out on pages: heads of tables come again, and no heading stands alone at a page's end.
+class CPaperDocument {
+public:
+    /// All borrowed; `page` is the size of a page's body in the device's dots.
+    CPaperDocument(const Findings& findings, QPagedPaintDevice& device, const QSizeF& page);
+
+    int PageCount() const { return m_document.pageCount(); }
+    void DrawPage(QPainter& painter, int page);
+
+private:
+    void PlaceCharts();
+    bool KeepOneHeading();
+    int PageOf(const QTextBlock& block) const;
+
+    QSizeF m_page;
+    CChartObject m_charts;
+    QTextDocument m_document;
+};
+
+} // namespace krt550
