@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kPatience = 500ms;
 constexpr auto kOpeningPatience = 10s;
-constexpr auto kEndPatience = 5s;
+constexpr auto kEndPatience = 5000ms;
 constexpr auto kTogether = 1s;
 constexpr std::size_t kLongestQueue = 50'000;
 
@@ -95,13 +95,13 @@ void CRecordWriter::Append(RecordRow row, When when) {
     m_shared->wake.notify_all();
 }
 
-bool CRecordWriter::Wait() {
+bool CRecordWriter::Wait(bool inHurry) {
     bool isDone = false;
     {
         std::unique_lock lock(m_shared->mutex, 10ms);
         const auto done = [this, end = m_shared->appended] { return m_shared->done >= end; };
         if (lock)
-            isDone = m_isLate ? done() : m_shared->advance.wait_for(lock, kPatience, done);
+            isDone = m_isLate ? done() : m_shared->advance.wait_for(lock, inHurry ? kPatience : kEndPatience, done);
     }
     TellTrouble();
     m_isLate = !isDone;

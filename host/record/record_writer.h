@@ -34,9 +34,9 @@ public:
     };
     /// Has a row written; never waits.
     void Append(RecordRow row, When when = When::Next);
-    /// Waits until everything that was appended is on the disk, but not longer than half a second. False when it
-    /// is not.
-    bool Wait();
+    /// Waits until everything that was appended is on the disk, but not longer than half a second; with nothing in a
+    /// hurry 5 s. False when it is not.
+    bool Wait(bool inHurry = true);
 
     /// Something is missing in the record.
     bool HasGaps() const;

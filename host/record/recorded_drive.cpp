@@ -62,7 +62,7 @@ bool CRecordedDrive::ReleaseLocalControl() {
     m_runs.OnRelease(succeeded);
     // Nothing is in a hurry any more, and the program may be about to end.
     if (succeeded)
-        m_recorder.Settle();
+        m_recorder.Settle(true);
     return succeeded;
 }
 

@@ -80,8 +80,8 @@ void CRecorder::NoteSample(qint64 run, qint64 time, const TraceSample& sample) {
     m_writer.Append({RecordTable::Sample, values}, CRecordWriter::When::Soon);
 }
 
-void CRecorder::Settle() {
-    m_writer.Wait();
+void CRecorder::Settle(bool inHurry) {
+    m_writer.Wait(inHurry);
 }
 
 } // namespace krt550

@@ -48,8 +48,8 @@ public:
     void NoteValue(const char* moment, quint16 reg, quint16 word);
     void NoteSample(qint64 run, qint64 time, const TraceSample& sample);
 
-    /// Waits, for at most half a second, until the disk has everything.
-    void Settle();
+    /// Waits until the disk has everything: for half a second at most, with nothing in a hurry 5 s.
+    void Settle(bool inHurry);
 
 private:
     CRecordWriter& m_writer;

@@ -59,16 +59,17 @@ void CRecording::Begin() {
     if (!m_parts)
         return;
     ReadAll("as-found");
-    m_parts->recorder.Settle();
+    m_parts->recorder.Settle(false);
 }
 
 void CRecording::End() {
     if (!m_parts)
         return;
+    m_parts->recorder.Note({.kind = "closed"});
     ReadAll("as-left");
     m_parts->runs.End();
     m_parts->recorder.Note({.kind = "end"});
-    m_parts->recorder.Settle();
+    m_parts->recorder.Settle(false);
 }
 
 void CRecording::ReadAll(const char* moment) {

@@ -5,6 +5,8 @@
 #include "hostlib/tolvbo32/parameter_link.h"
 #include "hostlib/tolvbo32/value_codec.h"
 
+#include <QtEndian>
+
 #include <utility>
 
 namespace krt550 {
@@ -15,6 +17,14 @@ constexpr quint16 kDiagnosis = 911;
 constexpr quint32 kFaultRecordBytes = 39;
 /// Soon, but from the event loop.
 constexpr qint64 kSoonMs = 1;
+
+/// Fault code in the drive's record: 0 before its first fault, nothing in a record that ends early.
+std::optional<quint16> CodeOf(const QByteArray& record) {
+    constexpr qsizetype kOffset = 14;
+    if (record.size() < kOffset + 2)
+        return std::nullopt;
+    return qFromBigEndian<quint16>(record.constData() + kOffset);
+}
 
 } // namespace
 
@@ -75,9 +85,9 @@ void CRunWatch::OnRelease(bool succeeded) {
 }
 
 void CRunWatch::OnFaultRecord(const QByteArray& record) {
-    if (std::exchange(m_lastRecord, record) != record)
-        m_recorder.Note(
-            {.kind = "fault", .reg = kLastFaultCode, .newWord = m_story.Known(kLastFaultCode), .data = record});
+    const std::optional<quint16> code = CodeOf(record);
+    if (std::exchange(m_lastRecord, record) != record && code != quint16{0})
+        m_recorder.Note({.kind = "fault", .reg = kLastFaultCode, .newWord = code, .data = record});
 }
 
 void CRunWatch::Begin(quint16 mode) {
@@ -119,9 +129,10 @@ void CRunWatch::Conclude(bool mayAsk) {
     const bool asks = mayAsk && run.mode != 0;
     if (asks && Read(kDiagnosis) && Read(kLastFaultCode)) {
         const bool well = m_story.Known(kDiagnosis) == quint16{0};
+        const QString judgement = well ? QStringLiteral("successful") : DiagnosisText();
         const QString end = run.endedBy == EndedBy::Drive ? QStringLiteral("ended by the drive")
                                                           : QStringLiteral("stopped by the tool");
-        return m_recorder.NoteOutcome(run.number, well, DiagnosisText() + QLatin1String("; ") + end);
+        return m_recorder.NoteOutcome(run.number, well, judgement + QLatin1String("; ") + end);
     }
     if (run.mode == 0)
         return m_recorder.NoteOutcome(run.number, run.stopTaken, {});

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kLeft = 52;
 constexpr double kRight = 8;
-constexpr double kTop = 6;
+constexpr double kTop = 16;
 constexpr double kBottom = 30;
 constexpr double kBetween = 16;
 constexpr int kMostPoints = 1200; ///< of a curve; a longer one is drawn with the extremes of neighbours

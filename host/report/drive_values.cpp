@@ -68,6 +68,13 @@ std::optional<ValueLine> CDriveValues::Line(quint16 reg, std::optional<quint16> 
     return ValueLine{RegisterText(reg), parameter->name, text(from), text(to), parameter->unit};
 }
 
+bool CDriveValues::IsDefault(quint16 reg) const {
+    const ParameterDescription* parameter = Find(reg);
+    const auto left = m_left.find(reg);
+    return !parameter || left == m_left.end() ||
+           left->second == NearestWord(*parameter, parameter->defaultValue);
+}
+
 std::vector<ValueLine> CDriveValues::Changed() const {
     std::vector<ValueLine> lines;
     for (const auto& [reg, word] : m_left) {
@@ -83,10 +90,8 @@ std::vector<ValueLine> CDriveValues::NotDefault() const {
     std::vector<ValueLine> lines;
     for (const auto& [reg, word] : m_left) {
         const ParameterDescription* parameter = Find(reg);
-        if (!parameter || parameter->readOnly)
-            continue;
-        if (const quint16 preset = NearestWord(*parameter, parameter->defaultValue); preset != word)
-            lines.push_back(*Line(reg, preset, word));
+        if (parameter && !parameter->readOnly && !IsDefault(reg))
+            lines.push_back(*Line(reg, NearestWord(*parameter, parameter->defaultValue), word));
     }
     return lines;
 }

@@ -17,6 +17,9 @@ public:
     /// Facts of these registers, as they were left; those that are not known are left out.
     QList<Fact> Facts(std::span<const quint16> registers) const;
 
+    /// The value was left as the drive is delivered, or is not known.
+    bool IsDefault(quint16 reg) const;
+
     /// Settings that were not left as they were found, by number.
     std::vector<ValueLine> Changed() const;
     /// Settings that were not left as the drive is delivered.

@@ -12,7 +12,9 @@ namespace krt550 {
 namespace {
 
 constexpr quint16 kDriveRegisters[] = {402, 401, 403, 404, 405, 406, 411, 412};
-constexpr quint16 kMotorRegisters[] = {9902, 9903, 9904, 9905, 9911, 2001, 2002, 9910};
+constexpr quint16 kMotorRegisters[] = {9902, 9903, 9904, 9905, 9911, 2001, 2002, 9910, 5003};
+/// What a drive as delivered does not know yet.
+constexpr quint16 kIdentifiedRegisters[] = {4310, 4309, 4308, 9909};
 
 QList<Fact> SessionFacts(const std::vector<RecordedSession>& sessions) {
     QList<Fact> facts;
@@ -30,7 +32,8 @@ std::vector<BoxLine> Boxes(const std::vector<RecordedSession>& sessions) {
     for (const RecordedSession& session : sessions)
         for (const RecordedEvent& event : session.events)
             if (event.kind == QLatin1String("box"))
-                boxes.push_back(BoxOf(session, event));
+                boxes.push_back({TimeOfDay(session, event.time), event.text,
+                                 event.hasOutcome ? event.outcome : QStringLiteral("not answered")});
     return boxes;
 }
 
@@ -93,6 +96,9 @@ Findings FindOut(const std::vector<RecordedSession>& all) {
     findings.sessions = SessionFacts(sessions);
     findings.driveFacts = values.Facts(kDriveRegisters);
     findings.motorFacts = values.Facts(kMotorRegisters);
+    for (const quint16 reg : kIdentifiedRegisters)
+        if (!values.IsDefault(reg))
+            findings.motorFacts += values.Facts({&reg, 1});
     findings.steps = FindSteps(sessions);
     for (const RecordedSession& session : sessions)
         std::ranges::move(FindRuns(session, values), std::back_inserter(findings.runs));

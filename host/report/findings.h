@@ -44,7 +44,6 @@ struct RunFinding {
     qint64 begin = 0; ///< in the time of the trace [ms]
     std::vector<TracePoint> trace;
     std::vector<ValueLine> identified;
-    std::vector<BoxLine> boxes;
 };
 
 struct FaultFinding {
@@ -61,10 +60,10 @@ struct Findings {
     QList<Fact> motorFacts;
     std::vector<StepLine> steps;
     std::vector<RunFinding> runs;
-    std::vector<ValueLine> changed;     ///< as found, as left
-    std::vector<ValueLine> notDefault;  ///< default, as left
+    std::vector<ValueLine> changed;    ///< as found, as left
+    std::vector<ValueLine> notDefault; ///< default, as left
     std::vector<FaultFinding> faults;
-    std::vector<BoxLine> boxes; ///< all of them
+    std::vector<BoxLine> boxes;
     QStringList openPoints;
 };
 

@@ -12,22 +12,22 @@ table { border-collapse: collapse; width: 100%; margin: 1mm 0 3mm; }
 th { text-align: left; background: #eef2f7; } th, td { padding: 1mm 2mm; border-bottom: .5pt solid #ccc; vertical-align: top; }
 td.label { width: 38%; color: #555; } .number, th.number { text-align: right; white-space: nowrap; }
 td.time, td.register, td.unit { white-space: nowrap; }
-.good { color: #1d6b3c; } .bad { color: #a32a18; font-weight: bold; } .open { color: #8a5a00; } .small { color: #555; font-size: 9pt; }
-td.line { height: 11mm; } svg { width: 100%; height: auto; }
+.good { color: #1d6b3c; } .bad { color: #a32a18; font-weight: bold; } .open { color: #8a5a00; }
+.sign { border: .5pt solid #8fa3bd; } td.sign { height: 13mm; } svg { width: 100%; height: auto; }
 @media print { h2, h3 { break-after: avoid; } tr, svg { break-inside: avoid; } thead { display: table-header-group; } body { margin: 0; } }
 )";
 
 // What Qt's text layout understands.
 constexpr const char* kPaperStyle = R"(
 body { font-family: "DejaVu Sans", sans-serif; font-size: 8.5pt; color: #222222; }
-h1 { font-size: 18pt; margin-top: 0; margin-bottom: 2px; } h2 { font-size: 12.5pt; color: #1f4f8a; margin-top: 22px; margin-bottom: 6px; }
+h1 { font-size: 18pt; margin-top: 0; margin-bottom: 2px; } h2 { font-size: 12.5pt; color: #1f4f8a; margin-top: 22px; margin-bottom: 8px; }
 h3 { font-size: 10pt; margin-top: 16px; margin-bottom: 4px; }
 p { margin-top: 3px; margin-bottom: 5px; }
 table { border-collapse: collapse; border-width: 0px; }
 th { text-align: left; background-color: #eef2f7; font-weight: bold; padding: 3px 5px; border-bottom: 1px solid #8fa3bd; }
 td { padding: 3px 5px; border-bottom: 1px solid #d5d5d5; }
 td.label { color: #555555; } .number { text-align: right; }
-.good { color: #1d6b3c; } .bad { color: #a32a18; font-weight: bold; } .open { color: #8a5a00; } .small { color: #555555; font-size: 7.5pt; }
+.good { color: #1d6b3c; } .bad { color: #a32a18; font-weight: bold; } .open { color: #8a5a00; } .sign { border: 1px solid #8fa3bd; }
 )";
 
 QString Escaped(const QString& text) {
@@ -92,8 +92,8 @@ QString FactTable(const QList<Fact>& facts) {
 }
 
 QString ValueTable(const std::vector<ValueLine>& lines, const char* from, const char* to) {
-    CTable table({{"Parameter", "register", 11},
-                  {"Name", nullptr, 41},
+    CTable table({{"No.", "register", 9},
+                  {"Parameter", nullptr, 43},
                   {from, "number", 19},
                   {to, "number", 19},
                   {"Unit", "unit", 10}});
@@ -145,10 +145,8 @@ QString Run(const RunFinding& run, std::size_t number, const QString& chart) {
     else
         html += Element("p", QStringLiteral("There is no trace of this run."));
     if (!run.identified.empty())
-        html += Element("p", QStringLiteral("Values that the drive has changed by itself from this run on:")) +
+        html += Element("p", QStringLiteral("Found and set by the drive:")) +
                 ValueTable(run.identified, "Before", "After");
-    if (!run.boxes.empty())
-        html += BoxTable(run.boxes);
     return html;
 }
 
@@ -168,11 +166,12 @@ QString OpenPoints(const Findings& findings) {
 }
 
 QString Signatures() {
-    QString rows = QStringLiteral("<tr><th width=\"22%\"></th><th width=\"28%\">Name</th><th width=\"18%\">Date</th>"
-                                  "<th width=\"32%\">Signature</th></tr>\n");
+    QString rows = QStringLiteral("<tr><th class=\"sign\" width=\"22%\"></th><th class=\"sign\" width=\"28%\">Name</th>"
+                                  "<th class=\"sign\" width=\"18%\">Date</th>"
+                                  "<th class=\"sign\" width=\"32%\">Signature</th></tr>\n");
     for (const char* role : {"Commissioned by", "Accepted by"})
-        rows += QLatin1String("<tr>") + Cell(QLatin1String(role) + QLatin1String("<br><br><br>"), "line") +
-                Cell({}, "line").repeated(3) + QLatin1String("</tr>\n");
+        rows += QLatin1String("<tr>") + Cell(QLatin1String(role) + QLatin1String("<br><br><br>"), "sign") +
+                Cell({}, "sign").repeated(3) + QLatin1String("</tr>\n");
     return QLatin1String("<table width=\"100%\" cellspacing=\"0\">\n") + rows + QLatin1String("</table>\n");
 }
 

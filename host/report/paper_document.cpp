@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextCursor>
-#include <QTextFrame>
+#include <QTextLayout>
 
 namespace krt550 {
 namespace {
@@ -65,7 +65,9 @@ void CPaperDocument::PlaceCharts() {
 }
 
 int CPaperDocument::PageOf(const QTextBlock& block) const {
-    return int(m_document.documentLayout()->blockBoundingRect(block).top() / m_page.height());
+    // A chart that has moved to the next page leaves the top of its paragraph behind.
+    const double line = block.layout()->lineCount() > 0 ? block.layout()->lineAt(0).y() : 0;
+    return int((m_document.documentLayout()->blockBoundingRect(block).top() + line) / m_page.height());
 }
 
 /// Moves the first heading that does not stand on the page of what follows it to the next page; false when there is

@@ -16,9 +16,13 @@ QString TitleOf(const RecordedEvent& run, const CDriveValues& values) {
     return mode ? ShownText(*mode, *run.newWord) : QStringLiteral("Service mode %1").arg(*run.newWord);
 }
 
-/// Does not belong to the runs of before any more.
-bool IsNextRun(const RecordedEvent& event) {
+bool IsRun(const RecordedEvent& event) {
     return event.kind == QLatin1String("run");
+}
+
+/// What is seen from here on need not come from the run before: at the end all values are read.
+bool IsOver(const RecordedEvent& event) {
+    return IsRun(event) || event.kind == QLatin1String("closed");
 }
 
 RunFinding FindRun(const RecordedSession& session, std::size_t place, const CDriveValues& values) {
@@ -34,12 +38,8 @@ RunFinding FindRun(const RecordedSession& session, std::size_t place, const CDri
     finding.outcome = run.hasOutcome ? run.outcome : QStringLiteral("unknown: the record ends in the run");
     if (const auto trace = session.traces.find(run.number); trace != session.traces.end())
         finding.trace = trace->second;
-    bool isOnPage = true; // where the run was begun
-    for (std::size_t i = place + 1; i < session.events.size() && !IsNextRun(session.events[i]); ++i) {
+    for (std::size_t i = place + 1; i < session.events.size() && !IsOver(session.events[i]); ++i) {
         const RecordedEvent& event = session.events[i];
-        isOnPage = isOnPage && event.kind != QLatin1String("page");
-        if (event.kind == QLatin1String("box") && isOnPage)
-            finding.boxes.push_back(BoxOf(session, event));
         if (event.kind == QLatin1String("change") && event.reg != kServiceMode)
             if (const auto line = values.Line(event.reg, event.oldWord, event.newWord))
                 finding.identified.push_back(*line);
@@ -49,15 +49,10 @@ RunFinding FindRun(const RecordedSession& session, std::size_t place, const CDri
 
 } // namespace
 
-BoxLine BoxOf(const RecordedSession& session, const RecordedEvent& box) {
-    return {TimeOfDay(session, box.time), box.text,
-            box.hasOutcome ? box.outcome : QStringLiteral("not answered")};
-}
-
 std::vector<RunFinding> FindRuns(const RecordedSession& session, const CDriveValues& values) {
     std::vector<RunFinding> runs;
     for (std::size_t i = 0; i < session.events.size(); ++i)
-        if (IsNextRun(session.events[i]))
+        if (IsRun(session.events[i]))
             runs.push_back(FindRun(session, i, values));
     return runs;
 }

@@ -9,7 +9,4 @@ class CDriveValues;
 /// Every run of a session with what came of it.
 std::vector<RunFinding> FindRuns(const RecordedSession& session, const CDriveValues& values);
 
-/// A message box and its answer.
-BoxLine BoxOf(const RecordedSession& session, const RecordedEvent& box);
-
 } // namespace krt550
