@@ -5,6 +5,9 @@
 set -eu
 build="${1:-build}"
 export QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}"
+XDG_DATA_HOME=$(mktemp -d) # the program records its sessions
+export XDG_DATA_HOME
+trap 'rm -r "$XDG_DATA_HOME"' EXIT
 
 measure() {
     echo "$1 $(START=$(date +%s%N) "$build/bin/$2" ${3:-} 2>/dev/null | tail -n 1)"

@@ -27,7 +27,8 @@ constexpr OptionDef kOptions[] = {
     {"play", "FILE", &ToolOptions::playFile, "play this script instead of waiting for a person (see below)"},
     {"log", "FILE", &ToolOptions::logFile, "write one line for each drive call; - is standard output"},
     {"record", "FILE", &ToolOptions::recordFile,
-     "append everything that happens to this record; none: nowhere (default: a file a drive and day in the user's data, "
+     "append everything that happens to this record; none: nowhere (default: a file a drive and day in the user's "
+     "data, "
      "for a play none)"},
     {"shots", "DIR", &ToolOptions::shotDirectory, "where a play's pictures go (default: the current directory)"},
     {"speed", "N", nullptr, "let the time of drive and wizard run N times faster, 1 to 1000, for somebody who watches"},
@@ -104,8 +105,10 @@ QString HelpText() {
         "However the program ends, it stops a motor under its control first and waits until it stands.\n\n"
         "Commands, each with its own --help (krt550tool COMMAND ...):\n%4\n"
         "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed, the wizard did not run,\n"
-        "the run was interrupted, or its log or record has gaps; 2 a wrong option, or a file that cannot be read or written.\n\n");
-    return parser.helpText() + text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp(), CommandHelp()) + PlayHelpText();
+        "the run was interrupted, or its log or record has gaps; 2 a wrong option, or a file that cannot be read or "
+        "written.\n\n");
+    return parser.helpText() + text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp(), CommandHelp()) +
+           PlayHelpText();
 }
 
 QString VersionText() {

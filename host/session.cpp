@@ -153,8 +153,8 @@ int CSession::RunWizard() {
     CLoggedDrive drive(m_connection->GetDrive(), log);
     CRecording recording(m_record.get(), drive, link);
     m_connection->SetTreeLink(&recording.Link());
-    recording.Begin();
     CLastStop lastStop(recording.Drive(), recording.Link(), complain);
+    lastStop.SetWayOfCrash(drive, link);
     CClosing closing(lastStop, complain);
     CDriveStage stage(*m_connection, log);
     std::optional<CPlayer> player;
@@ -165,6 +165,7 @@ int CSession::RunWizard() {
         player->Begin();
     }
     const CInterrupt interrupt([&closing] { closing.Begin(); });
+    recording.Begin();
     const int result = m_module.Run(&recording.Drive());
     closing.End();
     bool well = lastStop.Finish() && result == 0;

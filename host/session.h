@@ -38,7 +38,7 @@ private:
     CLineWriter m_output;
     int m_logDescriptor = -1;
     std::optional<CLineWriter> m_logFile;
-    CLineWriter* m_log = nullptr; ///< one of the two above; null without a log
+    CLineWriter* m_log = nullptr;            ///< one of the two above; null without a log
     std::unique_ptr<CRecordWriter> m_record; ///< null without a record
     std::optional<PlayScript> m_script;
     CWizardModule m_module;

@@ -1,5 +1,5 @@
-#include "host/commands/command.h"
 #include "host/report/report.h"
+#include "host/commands/command.h"
 #include "host/tool.h"
 
 #include <QCommandLineParser>
@@ -33,7 +33,8 @@ int RunReportCommand(const QStringList& arguments) {
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QLatin1String(kExplanation));
-    parser.addPositionalArgument(QStringLiteral("RECORD"), QStringLiteral("the record"), QStringLiteral("report RECORD"));
+    parser.addPositionalArgument(QStringLiteral("RECORD"), QStringLiteral("the record"),
+                                 QStringLiteral("report RECORD"));
     parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
                       QStringLiteral("the report: FILE.pdf or FILE.html"),
                       QStringLiteral("FILE")});

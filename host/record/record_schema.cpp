@@ -91,7 +91,8 @@ QStringList RecordSchema() {
 
 QString InsertStatement(RecordTable table) {
     const TableDef& def = DefOf(table);
-    return QStringLiteral("INSERT INTO %1 VALUES (?%2)").arg(QLatin1String(def.name), QString::fromLatin1(", ?").repeated(def.count));
+    return QStringLiteral("INSERT INTO %1 VALUES (?%2)")
+        .arg(QLatin1String(def.name), QString::fromLatin1(", ?").repeated(def.count));
 }
 
 } // namespace krt550

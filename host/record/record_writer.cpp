@@ -36,7 +36,7 @@ struct CRecordWriter::Shared {
     bool isUrgent = false;
     bool isEnding = false;
     quint64 appended = 0;
-    quint64 done = 0; ///< written, or lost
+    quint64 done = 0;              ///< written, or lost
     std::optional<QString> opened; ///< empty text: it is open; another one: why not
     QString trouble;
     bool hasEnded = false;
@@ -119,7 +119,8 @@ void CRecordWriter::TellTrouble() {
     if (std::unique_lock lock(m_shared->mutex, 10ms); lock)
         trouble = m_shared->trouble;
     if (!trouble.isEmpty() && !std::exchange(m_hasTold, true))
-        m_complain(QStringLiteral("%1: cannot be written: %2; the run goes on, the record has a gap").arg(m_name, trouble));
+        m_complain(
+            QStringLiteral("%1: cannot be written: %2; the run goes on, the record has a gap").arg(m_name, trouble));
 }
 
 /// What waits, as soon as somebody is in a hurry or it has waited for a second; nothing at the end.

@@ -5,8 +5,7 @@
 
 namespace krt550 {
 
-template <class Send>
-bool CRecordedDrive::Command(const char* name, const QString& argument, bool isStop, Send send) {
+template <class Send> bool CRecordedDrive::Command(const char* name, const QString& argument, bool isStop, Send send) {
     const RecordEvent event{.kind = "command", .text = QString::fromLatin1(name), .detail = argument};
     const qint64 before = isStop ? 0 : m_recorder.NoteForCertain(event);
     const bool succeeded = send();

@@ -37,10 +37,10 @@ qint64 CRecorder::Now() const {
 }
 
 qint64 CRecorder::Note(const RecordEvent& event) {
-    m_writer.Append({RecordTable::Event,
-                     {++m_last, Now(), QString::fromLatin1(event.kind), event.reg ? QVariant(int(event.reg)) : QVariant(),
-                      OrNull(event.oldWord), OrNull(event.newWord), OrNull(event.text), OrNull(event.detail),
-                      OrNull(event.data)}});
+    m_writer.Append(
+        {RecordTable::Event,
+         {++m_last, Now(), QString::fromLatin1(event.kind), event.reg ? QVariant(int(event.reg)) : QVariant(),
+          OrNull(event.oldWord), OrNull(event.newWord), OrNull(event.text), OrNull(event.detail), OrNull(event.data)}});
     return m_last;
 }
 
@@ -59,11 +59,11 @@ void CRecorder::NoteOutcome(qint64 event, std::optional<bool> ok, const QString&
 
 void CRecorder::NoteParameter(const ParameterDescription& parameter) {
     const int reg = parameter.reg;
-    m_writer.Append({RecordTable::Parameter,
-                     {reg, Present(parameter.name), Present(parameter.unit), int(parameter.dataType),
-                      int(parameter.type), parameter.decimals, parameter.minimum, parameter.maximum,
-                      parameter.defaultValue, parameter.readOnly}},
-                    CRecordWriter::When::Soon);
+    m_writer.Append(
+        {RecordTable::Parameter,
+         {reg, Present(parameter.name), Present(parameter.unit), int(parameter.dataType), int(parameter.type),
+          parameter.decimals, parameter.minimum, parameter.maximum, parameter.defaultValue, parameter.readOnly}},
+        CRecordWriter::When::Soon);
     for (const auto& [word, text] : parameter.values)
         m_writer.Append({RecordTable::ValueText, {reg, int(word), text}}, CRecordWriter::When::Soon);
 }

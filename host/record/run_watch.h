@@ -11,9 +11,9 @@ class CHostDrive;
 
 inline constexpr quint16 kServiceModeRegister = 9906;
 
-/// Sees from the calls when a run of the motor begins and ends, takes its trace and notes what came of it. A run begins with
-/// a service mode or with a start. It ends when the stop has been taken and the motor stands, when local control is given back, or
-/// when its mode is over before anything was started.
+/// Sees from the calls when a run of the motor begins and ends, takes its trace and notes what came of it. A run begins
+/// with a service mode or with a start. It ends when the stop has been taken and the motor stands, when local control
+/// is given back, or when its mode is over before anything was started.
 ///
 /// It asks the drive only from the event loop, and not at all while a stop waits to be taken.
 class CRunWatch {

@@ -1,10 +1,10 @@
 #include "host/report/chart.h"
 
 #include "host/report/chart_axis.h"
+#include "host/report/curve_path.h"
 
 #include <QBuffer>
 #include <QPainter>
-#include <QPainterPath>
 #include <QSvgGenerator>
 
 #include <iterator>
@@ -18,7 +18,6 @@ constexpr double kRight = 8;
 constexpr double kTop = 16;
 constexpr double kBottom = 30;
 constexpr double kBetween = 16;
-constexpr int kMostPoints = 1200; ///< of a curve; a longer one is drawn with the extremes of neighbours
 
 const QColor kInk(0x33, 0x33, 0x33);
 const QColor kGrid(0xdd, 0xdd, 0xdd);
@@ -122,8 +121,7 @@ void CChart::DrawGrid(const QRectF& place, const ChartAxis& values, bool isLast)
         const double y = place.bottom() - (value - values.low) / values.Length() * place.height();
         m_painter.setPen(grid);
         m_painter.drawLine(QPointF(place.left(), y), QPointF(place.right(), y));
-        Text({place.left() - 46, y - 6, 42, 12}, Qt::AlignRight | Qt::AlignVCenter,
-             NumberText(value, values.decimals));
+        Text({place.left() - 46, y - 6, 42, 12}, Qt::AlignRight | Qt::AlignVCenter, NumberText(value, values.decimals));
     }
     for (int i = 0; i * m_time.step <= m_time.high + 1e-9; ++i) {
         const double x = place.left() + i * m_time.step / m_time.Length() * place.width();
@@ -142,7 +140,8 @@ void CChart::DrawLegend(const PanelDef& panel, const QRectF& place) {
     double x = place.left();
     const double y = place.top() - 11;
     for (const CurveDef& curve : panel.curves) {
-        const QString name = QLatin1String(curve.name) + QLatin1String(" [") + QLatin1String(panel.unit) + QLatin1Char(']');
+        const QString name =
+            QLatin1String(curve.name) + QLatin1String(" [") + QLatin1String(panel.unit) + QLatin1Char(']');
         m_painter.setPen(QPen(QColor(curve.color), 1.2, curve.style));
         m_painter.drawLine(QPointF(x, y + 5), QPointF(x + 16, y + 5));
         Text({x + 20, y - 1, 140, 12}, Qt::AlignLeft | Qt::AlignVCenter, name);
@@ -151,37 +150,10 @@ void CChart::DrawLegend(const PanelDef& panel, const QRectF& place) {
 }
 
 void CChart::DrawCurve(const CurveDef& curve, const QRectF& place, const ChartAxis& values) {
-    const auto& trace = m_run.trace;
-    const std::size_t together = trace.size() / kMostPoints + 1;
-    QPainterPath path;
-    bool isBroken = true; // a value that could not be read leaves a gap
-    for (std::size_t i = 0; i < trace.size(); i += together) {
-        std::optional<std::pair<std::size_t, std::size_t>> extremes;
-        for (std::size_t k = i; k < std::min(i + together, trace.size()); ++k) {
-            if (!trace[k].values[curve.signal])
-                continue;
-            if (!extremes)
-                extremes.emplace(k, k);
-            if (*trace[k].values[curve.signal] < *trace[extremes->first].values[curve.signal])
-                extremes->first = k;
-            if (*trace[k].values[curve.signal] > *trace[extremes->second].values[curve.signal])
-                extremes->second = k;
-        }
-        if (!extremes) {
-            isBroken = true;
-            continue;
-        }
-        const auto [first, second] = std::minmax(extremes->first, extremes->second);
-        for (const std::size_t k : {first, second}) {
-            const double x = place.left() + Seconds(trace[k]) / m_time.Length() * place.width();
-            const double y =
-                place.bottom() - (*trace[k].values[curve.signal] - values.low) / values.Length() * place.height();
-            isBroken ? path.moveTo(x, y) : path.lineTo(x, y);
-            isBroken = false;
-            if (first == second)
-                break;
-        }
-    }
+    const QPainterPath path = CurvePath(m_run.trace, curve.signal, [&](const TracePoint& point, double value) {
+        return QPointF(place.left() + Seconds(point) / m_time.Length() * place.width(),
+                       place.bottom() - (value - values.low) / values.Length() * place.height());
+    });
     m_painter.setPen(QPen(QColor(curve.color), 1, curve.style, Qt::FlatCap, Qt::RoundJoin));
     m_painter.setBrush(Qt::NoBrush);
     m_painter.drawPath(path);
@@ -207,7 +179,8 @@ QString ChartSvg(const RunFinding& run) {
     generator.setSize({kChartWidth, kChartHeight});
     generator.setViewBox(QRect(0, 0, kChartWidth, kChartHeight));
     generator.setTitle(run.title);
-    generator.setDescription(QStringLiteral("Speed, reference, armature current, field current and progress over time"));
+    generator.setDescription(
+        QStringLiteral("Speed, reference, armature current, field current and progress over time"));
     QPainter painter(&generator);
     DrawChart(painter, run);
     painter.end();

@@ -15,7 +15,8 @@ struct ChartAxis {
     double Length() const { return high - low; }
 };
 
-/// An axis that holds `low` to `high`, with a mark at each end and no more than `most` steps of 1, 2 or 5 times a power of ten.
+/// An axis that holds `low` to `high`, with a mark at each end and no more than `most` steps of 1, 2 or 5 times a power
+/// of ten.
 inline ChartAxis MakeAxis(double low, double high, int most) {
     const double span = std::max(high - low, 1e-6);
     const double magnitude = std::pow(10, std::floor(std::log10(span / most)));

@@ -71,8 +71,7 @@ std::optional<ValueLine> CDriveValues::Line(quint16 reg, std::optional<quint16> 
 bool CDriveValues::IsDefault(quint16 reg) const {
     const ParameterDescription* parameter = Find(reg);
     const auto left = m_left.find(reg);
-    return !parameter || left == m_left.end() ||
-           left->second == NearestWord(*parameter, parameter->defaultValue);
+    return !parameter || left == m_left.end() || left->second == NearestWord(*parameter, parameter->defaultValue);
 }
 
 std::vector<ValueLine> CDriveValues::Changed() const {

@@ -70,8 +70,7 @@ QStringList FaultLines(const QByteArray& record, const std::map<quint16, Paramet
             continue;
         }
         const ParameterDescription& parameter = found->second;
-        const QString text =
-            parameter.isValueList() ? ShownText(parameter, quint16(value)) : ValueText(type, value);
+        const QString text = parameter.isValueList() ? ShownText(parameter, quint16(value)) : ValueText(type, value);
         lines += QStringLiteral("%1: %2 %3").arg(parameter.name, text, parameter.unit).trimmed();
     }
 }

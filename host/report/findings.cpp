@@ -3,8 +3,8 @@
 #include "host/report/drive_values.h"
 #include "host/report/fault_text.h"
 #include "host/report/run_findings.h"
-#include "host/report/step_findings.h"
 #include "host/report/session_time.h"
+#include "host/report/step_findings.h"
 
 #include <algorithm>
 
@@ -20,9 +20,9 @@ QList<Fact> SessionFacts(const std::vector<RecordedSession>& sessions) {
     QList<Fact> facts;
     for (const RecordedSession& session : sessions) {
         const qint64 end = session.events.empty() ? 0 : session.events.back().time;
-        facts.append({QStringLiteral("Session %1").arg(session.id),
-                      QStringLiteral("%1 to %2, %3")
-                          .arg(DateAndTime(session, 0), TimeOfDay(session, end), session.program)});
+        facts.append(
+            {QStringLiteral("Session %1").arg(session.id),
+             QStringLiteral("%1 to %2, %3").arg(DateAndTime(session, 0), TimeOfDay(session, end), session.program)});
     }
     return facts;
 }
@@ -109,7 +109,7 @@ Findings FindOut(const std::vector<RecordedSession>& all) {
     findings.openPoints = OpenPoints(sessions, findings, values.AreLeftRead());
     if (sessions.size() < all.size())
         findings.openPoints +=
-            QStringLiteral("The record also holds %1 sessions with other drives, which are not in this report")
+            QStringLiteral("The record also holds sessions with other drives (%1), which are not in this report")
                 .arg(all.size() - sessions.size());
     return findings;
 }

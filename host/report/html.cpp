@@ -1,34 +1,9 @@
 #include "host/report/html.h"
 
+#include "host/report/html_style.h"
+
 namespace krt550 {
 namespace {
-
-constexpr const char* kBrowserStyle = R"(
-body { font: 10.5pt/1.45 "DejaVu Sans", "Segoe UI", Helvetica, Arial, sans-serif; color: #222; background: #fff;
-  max-width: 185mm; margin: 12mm auto; padding: 0 6mm; }
-h1 { font-size: 20pt; margin: 0 0 1mm; } h2 { font-size: 13.5pt; margin: 9mm 0 2mm; border-bottom: 1.5pt solid #1f5fa8; }
-h3 { font-size: 11.5pt; margin: 7mm 0 1mm; }
-table { border-collapse: collapse; width: 100%; margin: 1mm 0 3mm; }
-th { text-align: left; background: #eef2f7; } th, td { padding: 1mm 2mm; border-bottom: .5pt solid #ccc; vertical-align: top; }
-td.label { width: 38%; color: #555; } .number, th.number { text-align: right; white-space: nowrap; }
-td.time, td.register, td.unit { white-space: nowrap; }
-.good { color: #1d6b3c; } .bad { color: #a32a18; font-weight: bold; } .open { color: #8a5a00; }
-.sign { border: .5pt solid #8fa3bd; } td.sign { height: 13mm; } svg { width: 100%; height: auto; }
-@media print { h2, h3 { break-after: avoid; } tr, svg { break-inside: avoid; } thead { display: table-header-group; } body { margin: 0; } }
-)";
-
-// What Qt's text layout understands.
-constexpr const char* kPaperStyle = R"(
-body { font-family: "DejaVu Sans", sans-serif; font-size: 8.5pt; color: #222222; }
-h1 { font-size: 18pt; margin-top: 0; margin-bottom: 2px; } h2 { font-size: 12.5pt; color: #1f4f8a; margin-top: 22px; margin-bottom: 8px; }
-h3 { font-size: 10pt; margin-top: 16px; margin-bottom: 4px; }
-p { margin-top: 3px; margin-bottom: 5px; }
-table { border-collapse: collapse; border-width: 0px; }
-th { text-align: left; background-color: #eef2f7; font-weight: bold; padding: 3px 5px; border-bottom: 1px solid #8fa3bd; }
-td { padding: 3px 5px; border-bottom: 1px solid #d5d5d5; }
-td.label { color: #555555; } .number { text-align: right; }
-.good { color: #1d6b3c; } .bad { color: #a32a18; font-weight: bold; } .open { color: #8a5a00; } .sign { border: 1px solid #8fa3bd; }
-)";
 
 QString Escaped(const QString& text) {
     return text.trimmed().toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
@@ -105,7 +80,7 @@ QString ValueTable(const std::vector<ValueLine>& lines, const char* from, const 
 QString BoxTable(const std::vector<BoxLine>& boxes) {
     CTable table({{"Time", "time", 13}, {"Message", nullptr, 70}, {"Answer", nullptr, 17}});
     for (const BoxLine& box : boxes)
-        table.AddRow({box.time, Escaped(box.text), Escaped(box.answer)});
+        table.AddRow({box.time, Escaped(box.text.simplified()), Escaped(box.answer)});
     return table.Html();
 }
 
@@ -139,21 +114,24 @@ QString Run(const RunFinding& run, std::size_t number, const QString& chart) {
     QStringList facts;
     for (const auto& [label, value] : run.facts)
         facts += QStringLiteral("%1: %2").arg(label, value);
-    html += Element("p", Marked(run.mark, run.outcome) + QLatin1String("<br>") + Escaped(facts.join(QLatin1String(", "))));
+    html +=
+        Element("p", Marked(run.mark, run.outcome) + QLatin1String("<br>") + Escaped(facts.join(QLatin1String(", "))));
     if (run.trace.size() >= 2)
         html += QLatin1String("<p>") + chart + QLatin1String("</p>\n");
     else
         html += Element("p", QStringLiteral("There is no trace of this run."));
     if (!run.identified.empty())
-        html += Element("p", QStringLiteral("Found and set by the drive:")) +
-                ValueTable(run.identified, "Before", "After");
+        html +=
+            Element("p", QStringLiteral("Found and set by the drive:")) + ValueTable(run.identified, "Before", "After");
     return html;
 }
 
 QString Faults(const Findings& findings) {
     CTable table({{"Time", "time", 13}, {"Code", "number", 10}, {"The drive's record", nullptr, 77}});
     for (const FaultFinding& fault : findings.faults)
-        table.AddRow({fault.time, fault.code, Escaped(fault.lines.isEmpty() ? QStringLiteral("not read") : fault.lines.join(QLatin1Char('\n')))});
+        table.AddRow(
+            {fault.time, fault.code,
+             Escaped(fault.lines.isEmpty() ? QStringLiteral("not read") : fault.lines.join(QLatin1Char('\n')))});
     return OrNone(findings.faults.empty(), table.Html(), "None.");
 }
 
@@ -161,8 +139,8 @@ QString OpenPoints(const Findings& findings) {
     QString items;
     for (const QString& point : findings.openPoints)
         items += Element("li", Escaped(point));
-    return OrNone(items.isEmpty(), Element("ul", items), "None.") +
-           Element("p", QStringLiteral("Remarks:")) + QLatin1String("<p><br><br><br></p>");
+    return OrNone(items.isEmpty(), Element("ul", items), "None.") + Element("p", QStringLiteral("Remarks:")) +
+           QLatin1String("<p><br><br><br></p>");
 }
 
 QString Signatures() {
@@ -193,15 +171,16 @@ QString ReportHtml(const Findings& findings, HtmlFor target, const std::function
         Section("Runs", OrNone(runs.isEmpty(), runs, "The motor was not run.")) +
         Section("Changed: as found and as left",
                 OrNone(findings.changed.empty(), ValueTable(findings.changed, "As found", "As left"), "Nothing.")) +
-        Section("Different from the drive's defaults",
-                OrNone(findings.notDefault.empty(), ValueTable(findings.notDefault, "Default", "As left"), "Nothing.")) +
+        Section(
+            "Different from the drive's defaults",
+            OrNone(findings.notDefault.empty(), ValueTable(findings.notDefault, "Default", "As left"), "Nothing.")) +
         Section("Faults", Faults(findings)) +
         Section("Messages", OrNone(findings.boxes.empty(), BoxTable(findings.boxes), "None.")) +
         Section("Open points", OpenPoints(findings)) + Section("Signatures", Signatures());
     return QStringLiteral("<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>%1: %2</title>\n"
                           "<style>%3</style></head>\n<body>\n%4</body></html>\n")
-        .arg(title, Escaped(findings.drive),
-             QLatin1String(target == HtmlFor::Browser ? kBrowserStyle : kPaperStyle), body);
+        .arg(title, Escaped(findings.drive), QLatin1String(target == HtmlFor::Browser ? kBrowserStyle : kPaperStyle),
+             body);
 }
 
 } // namespace krt550

@@ -9,11 +9,17 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextLayout>
+#include <QTextTable>
+
+#include <cmath>
+#include <limits>
 
 namespace krt550 {
 namespace {
 
 constexpr double kPointsAnInch = 72;
+constexpr double kPixelsAnInch = 96; ///< of the lengths in a document
+constexpr int kMoved = QTextFormat::UserProperty + 2;
 
 QString Placeholder(std::size_t run) {
     return QStringLiteral("[[chart %1]]").arg(run);
@@ -38,15 +44,23 @@ void CChartObject::drawObject(QPainter* painter, const QRectF& place, QTextDocum
 }
 
 CPaperDocument::CPaperDocument(const Findings& findings, QPagedPaintDevice& device, const QSizeF& page)
-    : m_page(page), m_charts(findings, device.logicalDpiX() / kPointsAnInch) {
+    : m_page(page), m_dotsAPixel(device.logicalDpiY() / kPixelsAnInch),
+      m_charts(findings, device.logicalDpiX() / kPointsAnInch) {
     m_document.documentLayout()->setPaintDevice(&device);
     m_document.documentLayout()->registerHandler(CChartObject::kType, &m_charts);
     m_document.setDocumentMargin(0);
     m_document.setHtml(ReportHtml(findings, HtmlFor::Paper, Placeholder));
     PlaceCharts();
-    m_document.setPageSize(page);
-    while (KeepOneHeading()) {
-    }
+    LayOut();
+    while (KeepOneHeading() || KeepOneRow())
+        LayOut();
+}
+
+/// From the beginning: what Qt does about single changes loses paragraphs between tables.
+void CPaperDocument::LayOut() {
+    m_document.setPageSize({m_page.width(), -1});
+    m_document.setPageSize(m_page);
+    m_document.pageCount();
 }
 
 void CPaperDocument::PlaceCharts() {
@@ -96,6 +110,42 @@ bool CPaperDocument::KeepOneHeading() {
         first = {};
     }
     return false;
+}
+
+/// Moves the first row of a table that would be torn by a page's end to the next page; false when there is none.
+bool CPaperDocument::KeepOneRow() {
+    const QList<QTextFrame*> frames = m_document.rootFrame()->childFrames();
+    for (QTextFrame* frame : frames)
+        if (auto* table = qobject_cast<QTextTable*>(frame))
+            for (int row = 0; row < table->rows(); ++row)
+                if (KeepRow(*table, row))
+                    return true;
+    return false;
+}
+
+/// Room above its text moves a row.
+bool CPaperDocument::KeepRow(QTextTable& table, int row) {
+    const QAbstractTextDocumentLayout& layout = *m_document.documentLayout();
+    double top = std::numeric_limits<double>::max();
+    double bottom = 0;
+    for (int column = 0; column < table.columns(); ++column) {
+        const QTextTableCell cell = table.cellAt(row, column);
+        top = std::min(top, layout.blockBoundingRect(cell.firstCursorPosition().block()).top());
+        bottom = std::max(bottom, layout.blockBoundingRect(cell.lastCursorPosition().block()).bottom());
+    }
+    const double pageEnd = (std::floor(top / m_page.height()) + 1) * m_page.height();
+    const bool isTorn = bottom > pageEnd && bottom - top < m_page.height();
+    QTextTableCellFormat format = table.cellAt(row, 0).format().toTableCellFormat();
+    if (!isTorn || format.hasProperty(kMoved))
+        return false;
+    for (int column = 0; column < table.columns(); ++column) {
+        QTextTableCell cell = table.cellAt(row, column);
+        format = cell.format().toTableCellFormat();
+        format.setProperty(kMoved, true);
+        format.setTopPadding(format.topPadding() + (pageEnd - top) / m_dotsAPixel);
+        cell.setFormat(format);
+    }
+    return true;
 }
 
 void CPaperDocument::DrawPage(QPainter& painter, int page) {

@@ -7,6 +7,7 @@
 #include <QTextObjectInterface>
 
 class QPagedPaintDevice;
+class QTextTable;
 
 namespace krt550 {
 
@@ -30,7 +31,8 @@ private:
     double m_scale; ///< dots of a point
 };
 
-/// The report laid out on pages: heads of tables come again, and no heading stands alone at a page's end.
+/// The report laid out on pages: heads of tables come again, no heading stands alone at a page's end, and no row is
+/// torn.
 class CPaperDocument {
 public:
     /// All borrowed; `page` is the size of a page's body in the device's dots.
@@ -41,10 +43,14 @@ public:
 
 private:
     void PlaceCharts();
+    void LayOut();
     bool KeepOneHeading();
+    bool KeepOneRow();
+    bool KeepRow(QTextTable& table, int row);
     int PageOf(const QTextBlock& block) const;
 
     QSizeF m_page;
+    double m_dotsAPixel;
     CChartObject m_charts;
     QTextDocument m_document;
 };

@@ -54,8 +54,7 @@ void CPages::DrawFooter(QPainter& painter, int page, int pages) {
     const QRectF place(0, m_body.height(), m_body.width(), m_writer.height() - m_body.height());
     painter.drawText(place, Qt::AlignLeft | Qt::AlignBottom,
                      QStringLiteral("Commissioning report, %1, %2").arg(m_findings.drive, m_findings.date));
-    painter.drawText(place, Qt::AlignRight | Qt::AlignBottom,
-                     QStringLiteral("Page %1 of %2").arg(page + 1).arg(pages));
+    painter.drawText(place, Qt::AlignRight | Qt::AlignBottom, QStringLiteral("Page %1 of %2").arg(page + 1).arg(pages));
 }
 
 } // namespace

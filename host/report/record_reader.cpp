@@ -120,7 +120,7 @@ void CReader::ReadParameters(RecordedSession& session) {
     ForEach(Of("SELECT register, word, text FROM value_text WHERE session = %1 ORDER BY register, word", session),
             [&](const Row& row) {
                 session.parameters[quint16(row(0).toUInt())].values.emplace_back(quint16(row(1).toUInt()),
-                                                                                  row(2).toString());
+                                                                                 row(2).toString());
             });
 }
 

@@ -60,7 +60,7 @@ TEST_F(Report, CoversTheSessionsWithTheLastOnesDrive) {
     const QString html = Html();
     EXPECT_FALSE(html.contains(QLatin1String("Session 1")));
     EXPECT_TRUE(html.contains(QLatin1String("Session 2")) && html.contains(QLatin1String("Session 3")));
-    EXPECT_TRUE(html.contains(QLatin1String("1 sessions with other drives")));
+    EXPECT_TRUE(html.contains(QLatin1String("sessions with other drives (1)")));
 }
 
 TEST_F(Report, TellsOfAProgramThatWasKilled) {
@@ -107,7 +107,8 @@ TEST_F(Report, APersonsSessionIsRecordedUnlessNotWanted) {
     }
     const QStringList names = records.entryList({QStringLiteral("*.record")});
     ASSERT_EQ(names.size(), 1);
-    EXPECT_TRUE(QRegularExpression(QStringLiteral("^sim-S2_\\d{4}-\\d\\d-\\d\\d\\.record$")).match(names.first()).hasMatch())
+    EXPECT_TRUE(
+        QRegularExpression(QStringLiteral("^sim-S2_\\d{4}-\\d\\d-\\d\\d\\.record$")).match(names.first()).hasMatch())
         << names.first().toStdString();
 }
 
