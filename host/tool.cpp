@@ -47,6 +47,7 @@ void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 } // namespace
 
 int RunTool(int argc, char** argv) {
+    qInstallMessageHandler(PassOnMessage);
     if (const ToolCommand* command = argc > 1 ? FindCommand(QString::fromLocal8Bit(argv[1])) : nullptr)
         return command->run(ArgumentsOf(argc, argv));
     const ToolOptions options = ParseOptions(ArgumentsOf(argc, argv));
@@ -76,7 +77,6 @@ int RunTool(int argc, char** argv) {
     // The stepped clock of such a play needs Qt's own event dispatcher.
     if (options.IsUnwatched())
         qputenv("QT_NO_GLIB", "1");
-    qInstallMessageHandler(PassOnMessage);
     QApplication application(qtArgumentCount, argv);
     application.setApplicationDisplayName({});
     return CSession(options).Run();

@@ -105,7 +105,7 @@ void CChart::DrawPanel(const PanelDef& panel, const QRectF& place, bool isLast) 
     const ChartAxis values = AxisOf(panel);
     DrawGrid(place, values, isLast);
     m_painter.save();
-    m_painter.setClipRect(place.adjusted(-1, -1, 1, 1));
+    m_painter.setClipRect(place.adjusted(-1, -1, 1, 1), Qt::IntersectClip);
     for (const CurveDef& curve : panel.curves)
         DrawCurve(curve, place, values);
     m_painter.restore();

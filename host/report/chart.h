@@ -8,7 +8,7 @@ namespace krt550 {
 
 /// Size of a chart in points: the width of a page.
 inline constexpr int kChartWidth = 500;
-inline constexpr int kChartHeight = 330;
+inline constexpr int kChartHeight = 235;
 
 /// Draws the trace of a run: speed and its reference, armature current, field current and progress one below the
 /// other over one axis of time, each with its unit. The painter's units are points.

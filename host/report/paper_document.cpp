@@ -128,9 +128,12 @@ bool CPaperDocument::KeepRow(QTextTable& table, int row) {
     const QAbstractTextDocumentLayout& layout = *m_document.documentLayout();
     double top = std::numeric_limits<double>::max();
     double bottom = 0;
+    double line = 0; ///< height of the first one
     for (int column = 0; column < table.columns(); ++column) {
         const QTextTableCell cell = table.cellAt(row, column);
-        top = std::min(top, layout.blockBoundingRect(cell.firstCursorPosition().block()).top());
+        const QTextBlock first = cell.firstCursorPosition().block();
+        top = std::min(top, layout.blockBoundingRect(first).top());
+        line = std::max(line, first.layout()->lineCount() > 0 ? first.layout()->lineAt(0).height() : 0);
         bottom = std::max(bottom, layout.blockBoundingRect(cell.lastCursorPosition().block()).bottom());
     }
     const double pageEnd = (std::floor(top / m_page.height()) + 1) * m_page.height();
@@ -142,7 +145,8 @@ bool CPaperDocument::KeepRow(QTextTable& table, int row) {
         QTextTableCell cell = table.cellAt(row, column);
         format = cell.format().toTableCellFormat();
         format.setProperty(kMoved, true);
-        format.setTopPadding(format.topPadding() + (pageEnd - top) / m_dotsAPixel);
+        // So much that the first line has no room any more: it moves by itself then, below the table's head.
+        format.setTopPadding(format.topPadding() + (pageEnd - top - line / 2) / m_dotsAPixel);
         cell.setFormat(format);
     }
     return true;

@@ -18,7 +18,7 @@ class CPages {
 public:
     CPages(QPdfWriter& writer, const Findings& findings)
         : m_writer(writer), m_findings(findings),
-          m_body(QSizeF(writer.width(), writer.height() - kFooterMm / 25.4 * kResolution)) {}
+          m_body(QSize(writer.width(), writer.height() - int(kFooterMm / 25.4 * kResolution))) {}
 
     bool Draw();
 

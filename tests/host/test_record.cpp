@@ -145,7 +145,7 @@ TEST_F(Record, HoldsARunWithItsTraceAndWhatTheDriveHasFound) {
     EXPECT_EQ(Ask("SELECT register, old_word, new_word FROM event WHERE kind = 'change'"),
               QStringList({"9906 2 0", "4403 200 560"}));
     EXPECT_EQ(Ask("SELECT min(speed), max(field_current), count(*) BETWEEN 20 AND 21 FROM sample"),
-              QStringList("-100.0 1.07 1"));
+              QStringList("-100 1.07 1"));
     const QString all = QString::number(ShippedParameters().size());
     EXPECT_EQ(Ask("SELECT moment, count(*) FROM value GROUP BY moment"),
               QStringList({"as-found " + all, "as-left " + all}));

@@ -36,7 +36,7 @@ TEST_F(Report, SaysWhatWasFoundDoneAndLeft) {
              "<td class=\"number\">250</td><td class=\"unit\">V</td>",
              "1. Name plate data</td><td><span class=\"good\">1 value written",
              "2. Macro assistant</td><td><span class=\"good\">checked, nothing changed",
-             "3. Autotuning field current controller</td><td><span class=\"bad\">not completed: Drive tripped",
+             "3. Autotuning field current controller</td><td><span class=\"bad\">not completed: Overspeed: ",
              "7. Field weakening assistant</td><td><span class=\"open\">skipped",
              "Run 1: Autotuning field current controller",
              "Armature current [A]",
@@ -45,7 +45,7 @@ TEST_F(Report, SaysWhatWasFoundDoneAndLeft) {
              "The motor might turn during autotuning!",
              "Accepted by",
          })
-        EXPECT_TRUE(html.contains(QLatin1String(part))) << part << "\n" << html.toStdString().substr(0, 12000);
+        EXPECT_TRUE(html.contains(QLatin1String(part))) << part;
     EXPECT_FALSE(html.contains(QLatin1String("has no end")));
     EXPECT_EQ(html, Html(QStringLiteral("again.html"))) << "the same record, the same bytes";
     EXPECT_EQ(m_tool.Run(QStringLiteral("report ~/r -o ~/r.pdf")), 0);
