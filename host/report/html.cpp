@@ -66,12 +66,9 @@ QString FactTable(const QList<Fact>& facts) {
     return QLatin1String("<table width=\"100%\" cellspacing=\"0\">\n") + rows + QLatin1String("</table>\n");
 }
 
-QString ValueTable(const std::vector<ValueLine>& lines, const char* from, const char* to) {
-    CTable table({{"No.", "register", 9},
-                  {"Parameter", nullptr, 43},
-                  {from, "number", 19},
-                  {to, "number", 19},
-                  {"Unit", "unit", 10}});
+QString ValueTable(const char* what, const std::vector<ValueLine>& lines, const char* from, const char* to) {
+    CTable table(
+        {{"No.", "register", 9}, {what, nullptr, 43}, {from, "number", 19}, {to, "number", 19}, {"Unit", "unit", 10}});
     for (const ValueLine& line : lines)
         table.AddRow({line.number, Escaped(line.name), Escaped(line.from), Escaped(line.to), Escaped(line.unit)});
     return table.Html();
@@ -121,8 +118,8 @@ QString Run(const RunFinding& run, std::size_t number, const QString& chart) {
     else
         html += Element("p", QStringLiteral("There is no trace of this run."));
     if (!run.identified.empty())
-        html +=
-            Element("p", QStringLiteral("Found and set by the drive:")) + ValueTable(run.identified, "Before", "After");
+        html += ValueTable("Found and set by the drive", run.identified, "Before", "After") +
+                QLatin1String("<p class=\"gap\"></p>\n");
     return html;
 }
 
@@ -157,6 +154,11 @@ QString Section(const char* title, const QString& html) {
     return Element("h2", QLatin1String(title)) + html;
 }
 
+/// What is signed stands on a page of its own.
+QString LastPage(const char* title, const QString& html) {
+    return QLatin1String("<h2 class=\"last\">") + QLatin1String(title) + QLatin1String("</h2>\n") + html;
+}
+
 } // namespace
 
 QString ReportHtml(const Findings& findings, HtmlFor target, const std::function<QString(std::size_t run)>& chart) {
@@ -170,13 +172,14 @@ QString ReportHtml(const Findings& findings, HtmlFor target, const std::function
         Section("Steps of basic commissioning", Steps(findings)) +
         Section("Runs", OrNone(runs.isEmpty(), runs, "The motor was not run.")) +
         Section("Changed: as found and as left",
-                OrNone(findings.changed.empty(), ValueTable(findings.changed, "As found", "As left"), "Nothing.")) +
-        Section(
-            "Different from the drive's defaults",
-            OrNone(findings.notDefault.empty(), ValueTable(findings.notDefault, "Default", "As left"), "Nothing.")) +
+                OrNone(findings.changed.empty(), ValueTable("Parameter", findings.changed, "As found", "As left"),
+                       "Nothing.")) +
+        Section("Different from the drive's defaults",
+                OrNone(findings.notDefault.empty(), ValueTable("Parameter", findings.notDefault, "Default", "As left"),
+                       "Nothing.")) +
         Section("Faults", Faults(findings)) +
         Section("Messages", OrNone(findings.boxes.empty(), BoxTable(findings.boxes), "None.")) +
-        Section("Open points", OpenPoints(findings)) + Section("Signatures", Signatures());
+        LastPage("Open points", OpenPoints(findings)) + Section("Signatures", Signatures());
     return QStringLiteral("<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>%1: %2</title>\n"
                           "<style>%3</style></head>\n<body>\n%4</body></html>\n")
         .arg(title, Escaped(findings.drive), QLatin1String(target == HtmlFor::Browser ? kBrowserStyle : kPaperStyle),

@@ -14,14 +14,15 @@ td.label { width: 38%; color: #555; } .number, th.number { text-align: right; wh
 td.time, td.register, td.unit { white-space: nowrap; }
 .good { color: #1d6b3c; } .bad { color: #a32a18; font-weight: bold; } .open { color: #8a5a00; }
 .sign { border: .5pt solid #8fa3bd; } td.sign { height: 13mm; } svg { width: 100%; height: auto; }
-@media print { h2, h3 { break-after: avoid; } tr, svg { break-inside: avoid; } thead { display: table-header-group; } body { margin: 0; } }
+@media print { h2, h3 { break-after: avoid; } h2.last { break-before: page; } tr, svg { break-inside: avoid; } thead { display: table-header-group; } body { margin: 0; } }
 )";
 
 // What Qt's text layout understands.
 inline constexpr const char* kPaperStyle = R"(
 body { font-family: "DejaVu Sans", sans-serif; font-size: 8.5pt; color: #222222; }
 h1 { font-size: 18pt; margin-top: 0; margin-bottom: 2px; } h2 { font-size: 12.5pt; color: #1f4f8a; margin-top: 22px; margin-bottom: 8px; }
-h3 { font-size: 10pt; margin-top: 16px; margin-bottom: 4px; }
+h2.last { page-break-before: always; }
+h3 { font-size: 10pt; margin-top: 16px; margin-bottom: 4px; } p.gap { font-size: 2pt; margin: 0; }
 p { margin-top: 3px; margin-bottom: 5px; }
 table { border-collapse: collapse; border-width: 0px; margin-top: 4px; margin-bottom: 6px; }
 th { text-align: left; background-color: #eef2f7; font-weight: bold; padding: 3px 5px; border-bottom: 1px solid #8fa3bd; }

@@ -29,6 +29,21 @@ bool HoldsChart(const QTextBlock& block) {
     return block.text().contains(QChar::ObjectReplacementCharacter);
 }
 
+bool IsHeading(const QTextBlock& block) {
+    return block.isValid() && block.blockFormat().headingLevel() > 0;
+}
+
+/// For formats of paragraphs and of frames.
+template <class Format> bool MovesToNextPage(const Format& format) {
+    return format.pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore;
+}
+
+void MoveToNextPage(const QTextBlock& block) {
+    QTextBlockFormat format = block.blockFormat();
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextCursor(block).setBlockFormat(format);
+}
+
 } // namespace
 
 QSizeF CChartObject::intrinsicSize(QTextDocument*, int, const QTextFormat&) {
@@ -52,7 +67,7 @@ CPaperDocument::CPaperDocument(const Findings& findings, QPagedPaintDevice& devi
     m_document.setHtml(ReportHtml(findings, HtmlFor::Paper, Placeholder));
     PlaceCharts();
     LayOut();
-    while (KeepOneHeading() || KeepOneRow())
+    while (KeepOneTogether())
         LayOut();
 }
 
@@ -84,42 +99,58 @@ int CPaperDocument::PageOf(const QTextBlock& block) const {
     return int((m_document.documentLayout()->blockBoundingRect(block).top() + line) / m_page.height());
 }
 
-/// Moves the first heading that does not stand on the page of what follows it to the next page; false when there is
-/// none. A run's heading goes with its chart.
-bool CPaperDocument::KeepOneHeading() {
-    QTextBlock first; // of headings in a row
+/// Moves the first thing that a page's end would tear, or part from what belongs to it, to the next page; false when
+/// there is none. One after the other, because what comes later moves with it.
+bool CPaperDocument::KeepOneTogether() {
     for (QTextBlock block = m_document.begin(); block.isValid(); block = block.next()) {
-        const bool isHeading = block.blockFormat().headingLevel() > 0;
-        if (isHeading && !first.isValid())
-            first = block;
-        if (isHeading || !first.isValid())
-            continue;
-        QTextBlock follower = block;
-        for (QTextBlock next = block; next.isValid() && next.blockFormat().headingLevel() == 0; next = next.next())
-            if (HoldsChart(next)) {
-                follower = next;
-                break;
-            }
-        const bool isMoved = first.blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore;
-        if (PageOf(follower) != PageOf(first) && !isMoved) {
-            QTextBlockFormat format = first.blockFormat();
-            format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-            QTextCursor(first).setBlockFormat(format);
+        QTextTable* table = QTextCursor(block).currentTable();
+        if (IsHeading(block) && !IsHeading(block.previous()) && KeepHeading(block))
             return true;
-        }
-        first = {};
+        if (table && table->firstCursorPosition().block() == block && (KeepTable(*table) || KeepRows(*table)))
+            return true;
     }
     return false;
 }
 
-/// Moves the first row of a table that would be torn by a page's end to the next page; false when there is none.
-bool CPaperDocument::KeepOneRow() {
-    const QList<QTextFrame*> frames = m_document.rootFrame()->childFrames();
-    for (QTextFrame* frame : frames)
-        if (auto* table = qobject_cast<QTextTable*>(frame))
-            for (int row = 0; row < table->rows(); ++row)
-                if (KeepRow(*table, row))
-                    return true;
+/// A heading, or several in a row, stands on the page of what follows; a run's heading on the page of its chart.
+bool CPaperDocument::KeepHeading(const QTextBlock& heading) {
+    QTextBlock follower = heading;
+    while (IsHeading(follower))
+        follower = follower.next();
+    for (QTextBlock next = follower; next.isValid() && !IsHeading(next); next = next.next())
+        if (HoldsChart(next)) {
+            follower = next;
+            break;
+        }
+    if (!follower.isValid() || PageOf(follower) == PageOf(heading) || MovesToNextPage(heading.blockFormat()))
+        return false;
+    MoveToNextPage(heading);
+    return true;
+}
+
+/// A short table stays whole, with the heading right before it.
+bool CPaperDocument::KeepTable(QTextTable& table) {
+    constexpr double kShort = 0.4; // of a page
+    const QRectF place = m_document.documentLayout()->frameBoundingRect(&table);
+    const bool isTorn = std::floor(place.top() / m_page.height()) != std::floor((place.bottom() - 1) / m_page.height());
+    QTextFrameFormat format = table.frameFormat();
+    const QTextBlock before = table.firstCursorPosition().block().previous();
+    if (!isTorn || place.height() > kShort * m_page.height() || MovesToNextPage(format) ||
+        MovesToNextPage(before.blockFormat()))
+        return false;
+    if (IsHeading(before)) {
+        MoveToNextPage(before);
+    } else {
+        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+        table.setFrameFormat(format);
+    }
+    return true;
+}
+
+bool CPaperDocument::KeepRows(QTextTable& table) {
+    for (int row = 0; row < table.rows(); ++row)
+        if (KeepRow(table, row))
+            return true;
     return false;
 }
 

@@ -31,8 +31,8 @@ private:
     double m_scale; ///< dots of a point
 };
 
-/// The report laid out on pages: heads of tables come again, no heading stands alone at a page's end, and no row is
-/// torn.
+/// The report laid out on pages: heads of tables come again, no heading stands alone at a page's end, and no row and
+/// no short table is torn.
 class CPaperDocument {
 public:
     /// All borrowed; `page` is the size of a page's body in the device's dots.
@@ -44,8 +44,10 @@ public:
 private:
     void PlaceCharts();
     void LayOut();
-    bool KeepOneHeading();
-    bool KeepOneRow();
+    bool KeepOneTogether();
+    bool KeepHeading(const QTextBlock& heading);
+    bool KeepTable(QTextTable& table);
+    bool KeepRows(QTextTable& table);
     bool KeepRow(QTextTable& table, int row);
     int PageOf(const QTextBlock& block) const;
 
