@@ -130,7 +130,7 @@ bool CPaperDocument::KeepHeading(const QTextBlock& heading) {
 
 /// A short table stays whole, with the heading right before it.
 bool CPaperDocument::KeepTable(QTextTable& table) {
-    constexpr double kShort = 0.4; // of a page
+    constexpr double kShort = 0.25; // of a page
     const QRectF place = m_document.documentLayout()->frameBoundingRect(&table);
     const bool isTorn = std::floor(place.top() / m_page.height()) != std::floor((place.bottom() - 1) / m_page.height());
     QTextFrameFormat format = table.frameFormat();
