@@ -100,8 +100,11 @@ bool CRecordWriter::Wait(bool inHurry) {
     {
         std::unique_lock lock(m_shared->mutex, 10ms);
         const auto done = [this, end = m_shared->appended] { return m_shared->done >= end; };
-        if (lock)
+        if (lock) {
+            m_shared->isUrgent = true;
+            m_shared->wake.notify_all();
             isDone = m_isLate ? done() : m_shared->advance.wait_for(lock, inHurry ? kPatience : kEndPatience, done);
+        }
     }
     TellTrouble();
     m_isLate = !isDone;
