@@ -10,11 +10,12 @@
 namespace krt550 {
 namespace {
 
-constexpr const char* kExplanation =
-    "Makes a commissioning report of a record, as PDF or as one HTML file, by the ending of FILE: the drive and its "
-    "motor, the steps, every run with its trace, what was found and what was left, faults, open points, and a place "
-    "for signatures. It covers the sessions with the drive of the last one. The record is not changed.\n\n"
-    "Exit status: 0 the report is written; 2 a wrong option, or a file that cannot be read or written.";
+constexpr const char* kHelp =
+    "krt550tool report RECORD -o FILE.pdf|FILE.html\n\n"
+    "Makes a commissioning report of a record, as PDF or as one HTML file: the drive and its motor, the steps, every\n"
+    "run with its trace, what was found and what was left, faults, open points, and a place for signatures. It covers\n"
+    "the sessions with the drive of the last one. The record is not changed.\n\n"
+    "Exit status: 0 the report is written; 2 a wrong option, or a file that cannot be read or written.\n";
 
 int Complain(const QString& text) {
     std::fprintf(stderr, "krt550tool: %s\n", text.toLocal8Bit().constData());
@@ -32,17 +33,12 @@ int RunReportCommand(const QStringList& arguments) {
     const QGuiApplication application(argc, argv);
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QLatin1String(kExplanation));
-    parser.addPositionalArgument(QStringLiteral("RECORD"), QStringLiteral("the record"),
-                                 QStringLiteral("report RECORD"));
-    parser.addOption({{QStringLiteral("o"), QStringLiteral("output")},
-                      QStringLiteral("the report: FILE.pdf or FILE.html"),
-                      QStringLiteral("FILE")});
-    parser.addOption({QStringLiteral("help"), QStringLiteral("show this text")});
+    parser.addOption({{QStringLiteral("o"), QStringLiteral("output")}, {}, QStringLiteral("FILE")});
+    parser.addOption(QCommandLineOption(QStringLiteral("help")));
     if (!parser.parse(QStringList{arguments.first()} + arguments.mid(2)))
         return Complain(QLatin1String("report: ") + parser.errorText());
     if (parser.isSet(QStringLiteral("help"))) {
-        std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
+        std::fputs(kHelp, stdout);
         return 0;
     }
     const QString output = parser.value(QStringLiteral("o"));
