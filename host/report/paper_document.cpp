@@ -59,36 +59,33 @@ void CChartObject::drawObject(QPainter* painter, const QRectF& place, QTextDocum
 }
 
 CPaperDocument::CPaperDocument(const Findings& findings, QPagedPaintDevice& device, const QSizeF& page)
-    : m_page(page), m_dotsAPixel(device.logicalDpiY() / kPixelsAnInch),
+    : m_device(device), m_page(page), m_dotsAPixel(device.logicalDpiY() / kPixelsAnInch),
       m_charts(findings, device.logicalDpiX() / kPointsAnInch) {
-    m_document.documentLayout()->setPaintDevice(&device);
-    m_document.documentLayout()->registerHandler(CChartObject::kType, &m_charts);
-    m_document.setDocumentMargin(0);
-    m_document.setHtml(ReportHtml(findings, HtmlFor::Paper, Placeholder));
-    PlaceCharts();
+    m_document->setDocumentMargin(0);
+    m_document->setHtml(ReportHtml(findings, HtmlFor::Paper, Placeholder));
+    PlaceCharts(findings.runs.size());
     LayOut();
     while (KeepOneTogether())
         LayOut();
 }
 
-/// From the beginning: what Qt does about single changes loses paragraphs between tables.
+/// A copy, from the beginning: what Qt does about single changes loses paragraphs and room between tables.
 void CPaperDocument::LayOut() {
-    m_document.setPageSize({m_page.width(), -1});
-    m_document.setPageSize(m_page);
-    m_document.pageCount();
+    m_document.reset(m_document->clone());
+    m_document->documentLayout()->setPaintDevice(&m_device);
+    m_document->documentLayout()->registerHandler(CChartObject::kType, &m_charts);
+    m_document->setPageSize(m_page);
 }
 
-void CPaperDocument::PlaceCharts() {
-    for (int run = 0;; ++run) {
-        QTextCursor cursor = m_document.find(Placeholder(std::size_t(run)));
-        if (cursor.isNull()) {
-            if (run > 0 || m_document.find(QStringLiteral("[[chart ")).isNull())
-                return;
+/// A run without a trace has no place for a chart.
+void CPaperDocument::PlaceCharts(std::size_t runs) {
+    for (std::size_t run = 0; run < runs; ++run) {
+        QTextCursor cursor = m_document->find(Placeholder(run));
+        if (cursor.isNull())
             continue;
-        }
         QTextCharFormat format;
         format.setObjectType(CChartObject::kType);
-        format.setProperty(CChartObject::kRun, run);
+        format.setProperty(CChartObject::kRun, int(run));
         cursor.insertText(QString(QChar::ObjectReplacementCharacter), format);
     }
 }
@@ -96,13 +93,13 @@ void CPaperDocument::PlaceCharts() {
 int CPaperDocument::PageOf(const QTextBlock& block) const {
     // A chart that has moved to the next page leaves the top of its paragraph behind.
     const double line = block.layout()->lineCount() > 0 ? block.layout()->lineAt(0).y() : 0;
-    return int((m_document.documentLayout()->blockBoundingRect(block).top() + line) / m_page.height());
+    return int((m_document->documentLayout()->blockBoundingRect(block).top() + line) / m_page.height());
 }
 
 /// Moves the first thing that a page's end would tear, or part from what belongs to it, to the next page; false when
 /// there is none. One after the other, because what comes later moves with it.
 bool CPaperDocument::KeepOneTogether() {
-    for (QTextBlock block = m_document.begin(); block.isValid(); block = block.next()) {
+    for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
         QTextTable* table = QTextCursor(block).currentTable();
         if (IsHeading(block) && !IsHeading(block.previous()) && KeepHeading(block))
             return true;
@@ -131,7 +128,7 @@ bool CPaperDocument::KeepHeading(const QTextBlock& heading) {
 /// A short table stays whole, with the heading right before it.
 bool CPaperDocument::KeepTable(QTextTable& table) {
     constexpr double kShort = 0.25; // of a page
-    const QRectF place = m_document.documentLayout()->frameBoundingRect(&table);
+    const QRectF place = m_document->documentLayout()->frameBoundingRect(&table);
     const bool isTorn = std::floor(place.top() / m_page.height()) != std::floor((place.bottom() - 1) / m_page.height());
     QTextFrameFormat format = table.frameFormat();
     const QTextBlock before = table.firstCursorPosition().block().previous();
@@ -156,7 +153,7 @@ bool CPaperDocument::KeepRows(QTextTable& table) {
 
 /// Room above its text moves a row.
 bool CPaperDocument::KeepRow(QTextTable& table, int row) {
-    const QAbstractTextDocumentLayout& layout = *m_document.documentLayout();
+    const QAbstractTextDocumentLayout& layout = *m_document->documentLayout();
     double top = std::numeric_limits<double>::max();
     double bottom = 0;
     double line = 0; ///< height of the first one
@@ -191,7 +188,7 @@ void CPaperDocument::DrawPage(QPainter& painter, int page) {
     context.clip = part;
     context.palette.setColor(QPalette::Text, Qt::black);
     painter.setClipRect(part);
-    m_document.documentLayout()->draw(&painter, context);
+    m_document->documentLayout()->draw(&painter, context);
     painter.restore();
 }
 

@@ -6,6 +6,8 @@
 #include <QTextDocument>
 #include <QTextObjectInterface>
 
+#include <memory>
+
 class QPagedPaintDevice;
 class QTextTable;
 
@@ -38,11 +40,11 @@ public:
     /// All borrowed; `page` is the size of a page's body in the device's dots.
     CPaperDocument(const Findings& findings, QPagedPaintDevice& device, const QSizeF& page);
 
-    int PageCount() const { return m_document.pageCount(); }
+    int PageCount() const { return m_document->pageCount(); }
     void DrawPage(QPainter& painter, int page);
 
 private:
-    void PlaceCharts();
+    void PlaceCharts(std::size_t runs);
     void LayOut();
     bool KeepOneTogether();
     bool KeepHeading(const QTextBlock& heading);
@@ -51,10 +53,11 @@ private:
     bool KeepRow(QTextTable& table, int row);
     int PageOf(const QTextBlock& block) const;
 
+    QPagedPaintDevice& m_device;
     QSizeF m_page;
     double m_dotsAPixel;
     CChartObject m_charts;
-    QTextDocument m_document;
+    std::unique_ptr<QTextDocument> m_document = std::make_unique<QTextDocument>();
 };
 
 } // namespace krt550
