@@ -36,7 +36,7 @@ void OnExit() {
 } // namespace
 
 CLastStop::CLastStop(CHostDrive& drive, CParameterLink& link, std::function<void(const QString&)> complain)
-    : m_drive(drive), m_link(link), m_complain(std::move(complain)) {
+    : m_drive(drive), m_link(link), m_crashDrive(&drive), m_crashLink(&link), m_complain(std::move(complain)) {
     [[maybe_unused]] static const bool registered = std::atexit(OnExit) == 0;
     Q_ASSERT(!g_current);
     g_current = this;
@@ -56,10 +56,10 @@ void CLastStop::FinishNow() {
 }
 
 void CLastStop::StopFromCrash() {
-    if (!g_current || !g_current->m_drive.IsLocalControlActive())
+    if (!g_current || !g_current->m_crashDrive->IsLocalControlActive())
         return;
-    g_current->m_link.WriteWord(kServiceMode, 0);
-    g_current->m_drive.StopMotor();
+    g_current->m_crashLink->WriteWord(kServiceMode, 0);
+    g_current->m_crashDrive->StopMotor();
 }
 
 bool CLastStop::Stop() {

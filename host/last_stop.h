@@ -40,6 +40,12 @@ public:
     static const char* WaitsFor();
     /// Does Finish, if there is one of these: for ways out of the program that do not return here.
     static void FinishNow();
+    /// What StopFromCrash stops with: as little as possible should stand in between. Borrowed; otherwise the same as
+    /// ever.
+    void SetWayOfCrash(CHostDrive& drive, CParameterLink& link) {
+        m_crashDrive = &drive;
+        m_crashLink = &link;
+    }
     /// Sends the stop once and waits for nothing: for a program that has crashed and may not be able to do more.
     static void StopFromCrash();
 
@@ -53,6 +59,8 @@ private:
 
     CHostDrive& m_drive;
     CParameterLink& m_link;
+    CHostDrive* m_crashDrive;
+    CParameterLink* m_crashLink;
     std::function<void(const QString&)> m_complain;
     std::optional<qint64> m_lastStop;
     std::optional<qint64> m_silentSince;

@@ -1,6 +1,7 @@
 #include "host/options.h"
 
 #include "drive/named_drive.h"
+#include "host/commands/command.h"
 #include "host/play/vocabulary.h"
 
 #include <QCommandLineParser>
@@ -23,6 +24,10 @@ constexpr OptionDef kOptions[] = {
     {"module", "FILE", &ToolOptions::moduleFile, "the wizard module"},
     {"play", "FILE", &ToolOptions::playFile, "play this script instead of waiting for a person (see below)"},
     {"log", "FILE", &ToolOptions::logFile, "write one line for each drive call; - is standard output"},
+    {"record", "FILE", &ToolOptions::recordFile,
+     "append everything that happens to this record; none: nowhere (default: a file a drive and day in the user's "
+     "data, "
+     "for a play none)"},
     {"shots", "DIR", &ToolOptions::shotDirectory, "where a play's pictures go (default: the current directory)"},
     {"speed", "N", nullptr, "let the time of drive and wizard run N times faster, 1 to 1000, for somebody who watches"},
     {"help", nullptr, nullptr, "show this text"},
@@ -92,9 +97,11 @@ QString HelpText() {
         "parameter, sim:S2,R=3.1,L=0.02,J=0.1,load=10 another motor behind a machine.\n\n"
         "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
         "However the program ends, it stops a motor under its control first and waits until it stands.\n\n"
+        "Commands, each with its own --help (krt550tool COMMAND ...):\n%2\n"
         "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed, the wizard did not run,\n"
-        "the run was interrupted or its log has gaps; 2 a wrong option, or a file that cannot be read or written.\n\n");
-    return parser.helpText() + text.arg(NamedDriveHelp()) + PlayHelpText();
+        "the run was interrupted, or its log or record has gaps; 2 a wrong option, or a file that cannot be read or "
+        "written.\n\n");
+    return parser.helpText() + text.arg(NamedDriveHelp(), CommandHelp()) + PlayHelpText();
 }
 
 QString VersionText() {

@@ -19,6 +19,7 @@ struct ToolOptions {
     QString moduleFile;
     QString playFile; ///< empty: a person works
     QString logFile;  ///< empty: none, "-": standard output
+    QString recordFile; ///< empty: one a drive and day for a person, none for a play; "none": none
     QString shotDirectory = QStringLiteral(".");
     int speed = 0; ///< 0: not given
 

@@ -9,10 +9,13 @@
 #include "host/logged_drive.h"
 #include "host/logged_link.h"
 #include "host/play/parser.h"
+#include "host/record/record_place.h"
+#include "host/record/recording.h"
 #include "host/scaled_clock.h"
 #include "host/tool.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QDir>
 
 #include <unistd.h>
@@ -54,7 +57,7 @@ bool CSession::Prepare() {
         return false;
     if (!m_module.Load(m_options.moduleFile, error))
         return Complain(error);
-    return OpenLog();
+    return OpenLog() && OpenRecord();
 }
 
 bool CSession::ReadScript() {
@@ -90,6 +93,25 @@ bool CSession::OpenLog() {
     return true;
 }
 
+/// A record that was asked for has to be there; the one that is kept anyway holds nobody up.
+bool CSession::OpenRecord() {
+    const bool asked = !m_options.recordFile.isEmpty();
+    if (m_options.recordFile == QLatin1String("none") || (!asked && m_script))
+        return true;
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString path = asked ? m_options.recordFile : RecordPlace(m_options.drive, now.date());
+    QString error;
+    m_record = std::make_unique<CRecordWriter>([this](const QString& text) { Complain(text); });
+    if (m_record->Open(path,
+                       {.drive = m_options.drive,
+                        .program = VersionText().trimmed(),
+                        .started = now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs)},
+                       error))
+        return true;
+    m_record.reset();
+    return Complain(QStringLiteral("record %1: cannot be written: %2").arg(path, error)) || !asked;
+}
+
 bool CSession::Complain(const QString& text) {
     m_errors.Write("krt550tool: " + text.toLocal8Bit());
     return false;
@@ -100,9 +122,11 @@ int CSession::RunWizard() {
     CCallLog log(m_log ? [this](const QByteArray& line) { m_log->Write(line); } : CCallLog::Output(),
                  m_script.has_value());
     CLoggedLink link(m_connection->GetLink(), log);
-    m_connection->SetTreeLink(&link);
     CLoggedDrive drive(m_connection->GetDrive(), log);
-    CLastStop lastStop(drive, link, complain);
+    CRecording recording(m_record.get(), drive, link);
+    m_connection->SetTreeLink(&recording.Link());
+    CLastStop lastStop(recording.Drive(), recording.Link(), complain);
+    lastStop.SetWayOfCrash(drive, link);
     CClosing closing(lastStop, complain);
     CDriveStage stage(*m_connection, log);
     std::optional<CPlayer> player;
@@ -113,7 +137,8 @@ int CSession::RunWizard() {
         player->Begin();
     }
     const CInterrupt interrupt([&closing] { closing.Begin(); });
-    const int result = m_module.Run(&drive);
+    recording.Begin();
+    const int result = m_module.Run(&recording.Drive());
     closing.End();
     bool well = lastStop.Finish() && result == 0;
     m_output.Write("RunWizard returned " + QByteArray::number(result));
@@ -121,8 +146,9 @@ int CSession::RunWizard() {
         well = false;
     // A help window may still be open.
     QApplication::closeAllWindows();
+    recording.End();
     m_connection->SetTreeLink(nullptr);
-    const bool logged = !m_log || !m_log->HasFailed();
+    const bool logged = (!m_log || !m_log->HasFailed()) && (!m_record || !m_record->HasGaps());
     return well && logged && !interrupt.HasCome() ? 0 : kExitFailure;
 }
 

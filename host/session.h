@@ -4,6 +4,7 @@
 #include "host/line_writer.h"
 #include "host/options.h"
 #include "host/play/player.h"
+#include "host/record/record_writer.h"
 #include "host/wizard_module.h"
 
 #include <memory>
@@ -26,6 +27,7 @@ private:
     bool Prepare();
     bool ReadScript();
     bool OpenLog();
+    bool OpenRecord();
     bool Connect();
     bool Complain(const QString& text);
     std::unique_ptr<CClock> MakeClock() const;
@@ -36,7 +38,8 @@ private:
     CLineWriter m_output;
     int m_logDescriptor = -1;
     std::optional<CLineWriter> m_logFile;
-    CLineWriter* m_log = nullptr; ///< one of the two above; null without a log
+    CLineWriter* m_log = nullptr;            ///< one of the two above; null without a log
+    std::unique_ptr<CRecordWriter> m_record; ///< null without a record
     std::optional<PlayScript> m_script;
     CWizardModule m_module;
     std::unique_ptr<CConnection> m_connection;

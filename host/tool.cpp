@@ -1,5 +1,6 @@
 #include "host/tool.h"
 
+#include "host/commands/command.h"
 #include "host/last_stop.h"
 #include "host/options.h"
 #include "host/session.h"
@@ -46,6 +47,9 @@ void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 } // namespace
 
 int RunTool(int argc, char** argv) {
+    qInstallMessageHandler(PassOnMessage);
+    if (const ToolCommand* command = argc > 1 ? FindCommand(QString::fromLocal8Bit(argv[1])) : nullptr)
+        return command->run(ArgumentsOf(argc, argv));
     const ToolOptions options = ParseOptions(ArgumentsOf(argc, argv));
     // The command line is the tool's own: Qt gets the program name alone.
     int qtArgumentCount = 1;
@@ -73,7 +77,6 @@ int RunTool(int argc, char** argv) {
     // The stepped clock of such a play needs Qt's own event dispatcher.
     if (options.IsUnwatched())
         qputenv("QT_NO_GLIB", "1");
-    qInstallMessageHandler(PassOnMessage);
     QApplication application(qtArgumentCount, argv);
     application.setApplicationDisplayName({});
     return CSession(options).Run();

@@ -2,17 +2,18 @@
 cmake_policy(VERSION 3.16)
 set(found "")
 
-# rooms(DIRECTORY room...): what each of the rooms in DIRECTORY may include from stands in the variable of its name.
-function(rooms directory)
+# rooms(PARENT room...): what each of the rooms in PARENT ("" is the root) may include from stands in the variable of its
+# name.
+function(rooms parent)
     foreach(room IN LISTS ARGN)
-        file(GLOB_RECURSE sources ${directory}/${room}/*.cpp ${directory}/${room}/*.h)
+        file(GLOB_RECURSE sources ${SOURCE_DIR}/${parent}${room}/*.cpp ${SOURCE_DIR}/${parent}${room}/*.h)
         if(NOT sources)
             message(FATAL_ERROR "the room ${room} is empty or has another name")
         endif()
         foreach(source IN LISTS sources)
             file(STRINGS ${source} lines REGEX "^#include \"[^\"]*/")
             foreach(line IN LISTS lines)
-                string(REGEX REPLACE "^#include \"(wizard/)?([^/\"]*)/.*" "\\2" from "${line}")
+                string(REGEX REPLACE "^#include \"(${parent})?([^/\"]*).*" "\\2" from "${line}")
                 if(NOT from STREQUAL room AND NOT from IN_LIST ${room})
                     string(APPEND found "  ${source}: ${line}\n")
                 endif()
@@ -27,7 +28,7 @@ set(drive hostlib)
 set(modbus hostlib)
 set(server drive modbus hostlib)
 set(host drive modbus hostlib)
-rooms(${SOURCE_DIR} hostlib drive modbus server host)
+rooms("" hostlib drive modbus server host)
 
 set(platform hostlib)
 set(resources platform)
@@ -37,7 +38,13 @@ set(wiring ${params} params)
 set(motor ${params} params)
 set(diagnosis ${params} params resources)
 set(shell ${motor} motor resources)
-rooms(${SOURCE_DIR}/wizard platform resources texts params wiring motor diagnosis shell)
+rooms(wizard/ platform resources texts params wiring motor diagnosis shell)
+
+# Rooms of the host that know nothing of the rest of it.
+set(hands "")
+set(record hostlib)
+set(report record hostlib)
+rooms(host/ hands record report)
 
 if(found)
     message(FATAL_ERROR "against the arrows:\n${found}")

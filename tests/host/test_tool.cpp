@@ -38,6 +38,13 @@ TEST(Tool, RefusesWrongOptionsAndFilesInOneLine) {
         {"--play ~/none.play", "none.play"},
         {"--play ~/bad.play", "bad.play:2: \"sideways\""},
         {"--play=~/good.play --log ~/none/log", "none/log"},
+        {"--play=~/good.play --record ~/none/r", "record "},
+        {"--play=~/good.play --record ~/good.play", "good.play: cannot be written: "},
+        {"report", "report RECORD -o FILE.pdf"},
+        {"report ~/none -o ~/r.pdf", "/none: there is no such file"},
+        {"report ~/good.play -o ~/r.pdf", "good.play: it is no record"},
+        {"report ~/none -o ~/r.txt", "has to end with .pdf or .html"},
+        {"report ~/none --colour", "colour"},
     };
     for (const auto& c : cases) {
         ToolRun tool;

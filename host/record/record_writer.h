@@ -1,0 +1,59 @@
+#pragma once
+
+#include "host/record/record_row.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <thread>
+
+namespace krt550 {
+
+/// Appends rows to a record from a thread of its own, so that what becomes of the disk never stands between the wizard
+/// and the drive. All operations belong to the thread of the user interface; what they say is said there too.
+///
+/// A row that cannot be written is counted, told of once, and leaves a mark in the record as soon as that can be
+/// written again. A disk that lets somebody wait for half a second is told of once; until it has caught up nobody waits
+/// for it.
+class CRecordWriter {
+public:
+    /// `complain` gets lines for the person at the terminal.
+    explicit CRecordWriter(std::function<void(const QString&)> complain);
+    /// Writes what is left, for at most 5 s.
+    ~CRecordWriter();
+    CRecordWriter(const CRecordWriter&) = delete;
+    CRecordWriter& operator=(const CRecordWriter&) = delete;
+
+    /// Opens the record and begins a session (see CRecordFile). False with `error` when that cannot be.
+    bool Open(const QString& path, const RecordSession& session, QString& error);
+
+    enum class When {
+        Soon, ///< within a second, many together: samples
+        Next  ///< as soon as the disk can
+    };
+    /// Has a row written; never waits.
+    void Append(RecordRow row, When when = When::Next);
+    /// Waits until everything that was appended is on the disk, but not longer than half a second; with nothing in a
+    /// hurry 5 s. False when it is not.
+    bool Wait(bool inHurry = true);
+
+    /// Something is missing in the record.
+    bool HasGaps() const;
+
+private:
+    struct Shared;
+
+    static void Write(const std::shared_ptr<Shared>& shared, const QString& path, const RecordSession& session);
+    void TellTrouble();
+
+    std::function<void(const QString&)> m_complain;
+    QString m_name;
+    std::shared_ptr<Shared> m_shared; ///< outlived by a thread that hangs in the disk
+    std::thread m_thread;
+    bool m_isLate = false; ///< somebody has waited in vain, and the disk has not caught up since
+    bool m_hasTold = false;
+    bool m_hasToldLate = false;
+};
+
+} // namespace krt550
