@@ -2,6 +2,7 @@
 #include "host/record/record_writer.h"
 #include "host/record/recording.h"
 #include "hostlib/tolvbo32/clock.h"
+#include "tests/support/fake_drive.h"
 #include "tests/support/shipped_drive.h"
 
 #include <QDir>
