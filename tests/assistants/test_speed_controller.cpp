@@ -40,6 +40,7 @@ TEST_F(SpeedController, ACancelWhileATabIsReadComesBeforeItsNextRead) {
         const auto post = [](const std::function<void()>& act) {
             QMetaObject::invokeMethod(qApp, act, Qt::QueuedConnection);
         };
+        m_drive.TakeLog();
         m_drive.looksUntilDone = 0;
         m_drive.onLook = [&](int look) {
             if (look == 2)
