@@ -1,18 +1,17 @@
 #pragma once
 
-#include "drive/macros.h"
+#include "drive/named_drive.h"
 #include "host/connection.h"
 
 #include <QString>
 
 #include <memory>
-#include <vector>
 
 namespace krt550 {
 
 /// Connects the drive that `name` stands for (see DriveName). `wizardDirectory` is where the drive's information
 /// leads the wizard to. Null, and the reason in `error`, when there is no such drive.
-std::unique_ptr<CConnection> ConnectDrive(const QString& name, std::vector<ParameterDescription> parameters,
-                                          CMacroTable macros, const QString& wizardDirectory, QString& error);
+std::unique_ptr<CConnection> ConnectDrive(const QString& name, DriveFiles files, const QString& wizardDirectory,
+                                          QString& error);
 
 } // namespace krt550

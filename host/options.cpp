@@ -1,8 +1,6 @@
 #include "host/options.h"
 
-#include "drive/fault_modes.h"
-#include "drive/motor_sets.h"
-#include "host/motor_options.h"
+#include "drive/named_drive.h"
 #include "host/play/vocabulary.h"
 
 #include <QCommandLineParser>
@@ -89,18 +87,14 @@ QString HelpText() {
         QStringLiteral("Connects a drive, opens the commissioning wizard on it and ends with the wizard."));
     const QString text = QStringLiteral(
         "\n"
-        "The simulated drive's motors: %1. Its options: feedback=encoder (default), tacho or none; fault=NAME, as\n"
-        "often as needed; DI1=on, AI1=5, AI2=12mA and so on for what lies at its terminals from the start; and what is "
-        "to\n"
-        "be different about the motor:\n%2\n"
-        "Its faults:\n%3\n"
+        "%1"
         "--drive sim:S1,feedback=tacho,fault=missing:3016 is the motor S1 with a tacho and a drive without that\n"
         "parameter, sim:S2,R=3.1,L=0.02,J=0.1,load=10 another motor behind a machine.\n\n"
         "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
         "However the program ends, it stops a motor under its control first and waits until it stands.\n\n"
         "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed, the wizard did not run,\n"
         "the run was interrupted or its log has gaps; 2 a wrong option, or a file that cannot be read or written.\n\n");
-    return parser.helpText() + text.arg(MotorSetNames(), CMotorOptions::Help(), FaultModeHelp()) + PlayHelpText();
+    return parser.helpText() + text.arg(NamedDriveHelp()) + PlayHelpText();
 }
 
 QString VersionText() {

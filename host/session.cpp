@@ -1,6 +1,5 @@
 #include "host/session.h"
 
-#include "drive/macros.h"
 #include "host/call_log.h"
 #include "host/closing.h"
 #include "host/connect_drive.h"
@@ -12,34 +11,13 @@
 #include "host/play/parser.h"
 #include "host/scaled_clock.h"
 #include "host/tool.h"
-#include "hostlib/tolvbo32/drive_description.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFileInfo>
 
 #include <unistd.h>
 
 namespace krt550 {
-namespace {
-
-/// What was asked for, or the file that comes with the program.
-QString OrBesideProgram(const QString& asked, const char* relativePath) {
-    if (!asked.isEmpty())
-        return asked;
-    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(relativePath));
-}
-
-/// The macros that were asked for, or those beside the drive description; none where there is no such file.
-QString MacroFile(const ToolOptions& options) {
-    if (!options.macroFile.isEmpty())
-        return options.macroFile;
-    const QString beside = QFileInfo(options.parameterFile).dir().filePath(QStringLiteral("KRT550.macros"));
-    return QFileInfo::exists(beside) ? beside : QString();
-}
-
-} // namespace
-
 CSession::CSession(ToolOptions options)
     : m_options(std::move(options)), m_errors(STDERR_FILENO, QStringLiteral("standard error"), [](const QString&) {}),
       m_output(STDOUT_FILENO, QStringLiteral("standard output"), [this](const QString& text) { Complain(text); }) {
@@ -88,17 +66,11 @@ bool CSession::ReadScript() {
 
 bool CSession::Connect() {
     QStringList errors;
-    auto parameters = ReadDriveDescriptionFile(m_options.parameterFile, errors);
-    if (!parameters)
-        return Complain(errors.join(QLatin1Char('\n')));
-    std::optional<CMacroTable> macros = CMacroTable();
-    if (const QString file = MacroFile(m_options); !file.isEmpty())
-        macros = ReadMacroFile(file, *parameters, errors);
-    if (!macros)
+    auto files = ReadDriveFiles(m_options.parameterFile, m_options.macroFile, errors);
+    if (!files)
         return Complain(errors.join(QLatin1Char('\n')));
     QString error;
-    m_connection =
-        ConnectDrive(m_options.drive, std::move(*parameters), std::move(*macros), m_options.wizardDirectory, error);
+    m_connection = ConnectDrive(m_options.drive, *std::move(files), m_options.wizardDirectory, error);
     return m_connection || Complain(error);
 }
 

@@ -1,5 +1,5 @@
-#include "host/drive_name.h"
-#include "host/motor_options.h"
+#include "drive/drive_name.h"
+#include "drive/motor_options.h"
 
 namespace krt550 {
 namespace {

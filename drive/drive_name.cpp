@@ -1,4 +1,4 @@
-#include "host/drive_name.h"
+#include "drive/drive_name.h"
 
 namespace krt550 {
 

@@ -1,4 +1,4 @@
-#include "host/motor_options.h"
+#include "drive/motor_options.h"
 
 #include "hostlib/tolvbo32/dtoa.h"
 
