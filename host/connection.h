@@ -14,6 +14,11 @@ class CConnection {
 public:
     virtual ~CConnection() = default;
     virtual CHostDrive& GetDrive() = 0;
+    /// Finds out whether the drive is there. False, and the reason in `error`, when it is not.
+    virtual bool Open(QString& error) {
+        error.clear();
+        return true;
+    }
     /// The drive's own line; every access of its parameter tree ends here.
     virtual CParameterLink& GetLink() = 0;
     /// Lets the drive's parameter tree reach the drive through `link`, which passes on to GetLink. Borrowed; null takes
@@ -22,9 +27,10 @@ public:
 
     /// Description of a register that the drive has, or null.
     virtual const ParameterDescription* FindParameter(quint16 reg) = 0;
-    /// Reads and changes a register that the drive has past the line, as if the drive itself did.
-    virtual quint16 PeekWord(quint16 reg) = 0;
-    virtual void PokeWord(quint16 reg, quint16 word) = 0;
+    /// Reads a register that the drive has, past what watches the line; nothing when it cannot be read.
+    virtual std::optional<quint16> PeekWord(quint16 reg) = 0;
+    /// Changes one so, as if somebody else did. Returns what went wrong, or an empty text.
+    virtual QString PokeWord(quint16 reg, quint16 word) = 0;
     /// Switches a fault on, or all of them off: "none". Returns what went wrong, or an empty text.
     virtual QString SwitchFault(const QString& name) = 0;
     /// Switches an input, or puts a voltage on it. Returns what went wrong, or an empty text.

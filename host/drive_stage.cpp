@@ -10,7 +10,7 @@ namespace krt550 {
 namespace {
 
 QString NoSuchText(quint16 reg) {
-    return QStringLiteral("the drive has no parameter %1").arg(reg);
+    return QStringLiteral("the drive has no parameter %1, or it cannot be read").arg(reg);
 }
 
 } // namespace
@@ -21,14 +21,13 @@ QString CDriveStage::ChangeDrive(quint16 reg, const QString& text) {
         return NoSuchText(reg);
     QString error;
     const std::optional<quint16> word = WordOfText(*parameter, text, error);
-    if (word)
-        m_connection.PokeWord(reg, *word);
-    return error;
+    return word ? m_connection.PokeWord(reg, *word) : error;
 }
 
 std::optional<QString> CDriveStage::DriveText(quint16 reg) {
     const ParameterDescription* parameter = m_connection.FindParameter(reg);
-    return parameter ? std::optional(ShownText(*parameter, m_connection.PeekWord(reg))) : std::nullopt;
+    const std::optional<quint16> word = parameter ? m_connection.PeekWord(reg) : std::nullopt;
+    return word ? std::optional(ShownText(*parameter, *word)) : std::nullopt;
 }
 
 QString CDriveStage::DescribeDrive(quint16 reg) {
@@ -47,7 +46,10 @@ QString CDriveStage::CompareWithMotor(quint16 reg, int percent, bool& isNear) {
     const std::optional<double> truth = m_connection.TrueValue(reg);
     if (!truth || *truth == 0)
         return QStringLiteral("nobody knows what the motor itself has for %1").arg(reg);
-    const double found = ShownNumber(*parameter, m_connection.PeekWord(reg));
+    const std::optional<quint16> word = m_connection.PeekWord(reg);
+    if (!word)
+        return NoSuchText(reg);
+    const double found = ShownNumber(*parameter, *word);
     const double away = (found - *truth) / *truth * 100;
     isNear = std::abs(away) <= percent;
     return QStringLiteral("%1, the motor's own: %2 %3 (%4 %)")

@@ -1,6 +1,7 @@
 #include "host/options.h"
 
 #include "drive/named_drive.h"
+#include "host/link/wire_place.h"
 #include "host/play/vocabulary.h"
 
 #include <QCommandLineParser>
@@ -16,7 +17,9 @@ struct OptionDef {
 };
 
 constexpr OptionDef kOptions[] = {
-    {"drive", "NAME", &ToolOptions::drive, "drive to connect: sim (default), sim:MOTOR, sim:MOTOR,OPTION=VALUE,..."},
+    {"drive", "NAME", &ToolOptions::drive,
+     "drive to connect: sim (default), sim:MOTOR, sim:MOTOR,OPTION=VALUE,...; modbus-tcp:HOST:PORT[,unit=N];\n"
+     "modbus-rtu:DEVICE,BAUD,PARITY[,unit=N]"},
     {"wizard-dir", "DIR", &ToolOptions::wizardDirectory, "directory of the wizard's text and help files"},
     {"parameters", "FILE", &ToolOptions::parameterFile, "description of the drive's parameters"},
     {"macros", "FILE", &ToolOptions::macroFile, "the drive's application macros (default: beside its parameters)"},
@@ -62,6 +65,10 @@ QString TakeValues(const QCommandLineParser& parser, ToolOptions& options) {
 }
 
 } // namespace
+
+bool ToolOptions::IsUnwatched() const {
+    return !playFile.isEmpty() && speed == 0 && !IsOnWire(drive);
+}
 
 ToolOptions ParseOptions(const QStringList& arguments) {
     QCommandLineParser parser;

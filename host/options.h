@@ -22,8 +22,8 @@ struct ToolOptions {
     QString shotDirectory = QStringLiteral(".");
     int speed = 0; ///< 0: not given
 
-    /// A play that takes no time, because nobody wants to watch it.
-    bool IsUnwatched() const { return !playFile.isEmpty() && speed == 0; }
+    /// A play that takes no time, because nobody wants to watch it, and the drive's time is the tool's.
+    bool IsUnwatched() const;
 };
 
 /// Reads the arguments, the program's name first.

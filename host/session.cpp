@@ -34,7 +34,14 @@ CSession::~CSession() {
 int CSession::Run() {
     const std::unique_ptr<CClock> clock = MakeClock();
     const ClockScope scope(*clock);
-    return Prepare() ? RunWizard() : kExitUsage;
+    if (!Prepare())
+        return kExitUsage;
+    QString error;
+    if (!m_connection->Open(error)) {
+        Complain(error);
+        return kExitFailure;
+    }
+    return RunWizard();
 }
 
 /// Nobody watches a play of which no speed is asked: its time passes as fast as everything is done, and the same

@@ -11,6 +11,11 @@ QString CSimulatedConnection::SwitchFault(const QString& name) {
     return error;
 }
 
+QString CSimulatedConnection::PokeWord(quint16 reg, quint16 word) {
+    Registers().SetWord(reg, word);
+    return {};
+}
+
 QString CSimulatedConnection::SetTerminal(const Terminal& terminal, double value) {
     return m_drive->GetDrive().SetTerminal(terminal, value) ? QString()
                                                             : QStringLiteral("an output gives what it gives");

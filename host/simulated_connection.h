@@ -17,8 +17,8 @@ public:
     CParameterLink& GetLink() override { return m_drive->GetLink(); }
     void SetTreeLink(CParameterLink* link) override { m_drive->SetTreeLink(link); }
     const ParameterDescription* FindParameter(quint16 reg) override { return Registers().FindDescription(reg); }
-    quint16 PeekWord(quint16 reg) override { return Registers().GetWord(reg); }
-    void PokeWord(quint16 reg, quint16 word) override { Registers().SetWord(reg, word); }
+    std::optional<quint16> PeekWord(quint16 reg) override { return Registers().GetWord(reg); }
+    QString PokeWord(quint16 reg, quint16 word) override;
     QString SetTerminal(const Terminal& terminal, double value) override;
     std::optional<double> TerminalValue(const Terminal& terminal) override;
     QString SwitchFault(const QString& name) override;

@@ -39,7 +39,8 @@ LineResult CLine::Write(int address, quint16 word) {
         return Judge(reply, address);
     if (held == word)
         return {};
-    return {ErrorOf(reply), QStringLiteral("%1, and the drive has not taken the value").arg(Text(reply, address)), true};
+    return {ErrorOf(reply), QStringLiteral("%1, and the drive has not taken the value").arg(Text(reply, address)),
+            true};
 }
 
 LineResult CLine::Command(WireCommand command, std::optional<double> rpm) {
@@ -57,8 +58,7 @@ LineResult CLine::Command(WireCommand command, std::optional<double> rpm) {
         if (!rpm)
             return m_wire.Write(wire::kCommand, sent);
         std::array<quint16, wire::kCommandSize> words = {sent};
-        Put32(words, wire::kCommandReference - wire::kCommand,
-              static_cast<quint32>(HundredthsOf(*rpm).value_or(0)));
+        Put32(words, wire::kCommandReference - wire::kCommand, static_cast<quint32>(HundredthsOf(*rpm).value_or(0)));
         return m_wire.Write(wire::kCommand, words);
     });
     if (sent == 0)
@@ -70,7 +70,8 @@ LineResult CLine::Command(WireCommand command, std::optional<double> rpm) {
     return result;
 }
 
-/// On the same line the drive has carried the lost command out, or never got it: what was asked since has come after it.
+/// On the same line the drive has carried the lost command out, or never got it: what was asked since has come after
+/// it.
 LineResult CLine::LookUp(quint16 command, const WireReply& lost, int greetings) {
     const LineResult unheard{ErrorOf(lost), Text(lost, wire::kCommand)};
     const WireReply state = Repeat([this] { return TryState(); });

@@ -75,9 +75,9 @@ private:
     QString m_stranger;       ///< why what answers is not the drive; empty: it is
     bool m_isStateOld = true; ///< to be read before the next command
     bool m_holdsControl = false;
-    int m_greetings = 0;      ///< how often the line was opened
-    bool m_wasSent = false;   ///< the request of the last Attempt
-    int m_unheard = 0;        ///< tries in a row
+    int m_greetings = 0;              ///< how often the line was opened
+    bool m_wasSent = false;           ///< the request of the last Attempt
+    int m_unheard = 0;                ///< tries in a row
     std::optional<LineResult> m_down; ///< the failure that it is down for
     Clock::time_point m_tried;
 };

@@ -30,7 +30,9 @@ QString RefusalText(int exception, int address) {
     case WireException::NoSuchUnit:
         return QStringLiteral("the gateway gets no answer from the drive");
     default:
-        return QStringLiteral("the drive refuses the request for %1 with exception %2").arg(Subject(address)).arg(exception);
+        return QStringLiteral("the drive refuses the request for %1 with exception %2")
+            .arg(Subject(address))
+            .arg(exception);
     }
 }
 

@@ -109,7 +109,8 @@ bool CLinkThread::ReadAhead(std::unique_lock<std::mutex>& lock) {
         return false;
     lock.unlock();
     std::array<quint16, wire::kMostRead> words = {};
-    const WireReply reply = m_line.TryRead(range->first, std::span(words).first(static_cast<std::size_t>(range->count)));
+    const WireReply reply =
+        m_line.TryRead(range->first, std::span(words).first(static_cast<std::size_t>(range->count)));
     lock.lock();
     if (reply.IsDone())
         m_ahead.Take(words);

@@ -12,8 +12,8 @@
 namespace krt550 {
 
 /// The thread that owns the line to the drive. The thread of the user interface hands it one task at a time and waits;
-/// between tasks it keeps a drive in local control hearing from the host, and reads what was announced. A task waits for
-/// the one request that is on its way at most.
+/// between tasks it keeps a drive in local control hearing from the host, and reads what was announced. A task waits
+/// for the one request that is on its way at most.
 ///
 /// The drive is kept hearing only while somebody is at the user interface's end: Beat says so. When the last beat is
 /// older than kHungMs the window hangs, nobody can stop the motor from it, and the drive is left to its own supervision
@@ -22,8 +22,8 @@ class CLinkThread {
 public:
     /// Between two requests of a drive in local control [ms]: a few of them may be lost within any sensible 30.29.
     static constexpr int kKeepAliveMs = 200;
-    /// Silence of the user interface from which on it hangs [ms]. Its longest work without an event loop, a page that is
-    /// built on a busy machine, takes a tenth of it; and what it is given comes on top of 30.29 until the motor is
+    /// Silence of the user interface from which on it hangs [ms]. Its longest work without an event loop, a page that
+    /// is built on a busy machine, takes a tenth of it; and what it is given comes on top of 30.29 until the motor is
     /// stopped.
     static constexpr int kHungMs = 2000;
 

@@ -3,6 +3,7 @@
 #include "drive/unit_texts.h"
 #include "host/link/link_thread.h"
 #include "hostlib/host_drive.h"
+#include "hostlib/tolvbo32/parameter_description.h"
 #include "hostlib/tolvbo32/parameter_group.h"
 #include "hostlib/tolvbo32/parameter_link.h"
 

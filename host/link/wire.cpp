@@ -19,7 +19,7 @@ modbus_t* NewContext(const WirePlace& place) {
     if (place.isSerial)
         return modbus_new_rtu(place.device.toLocal8Bit().constData(), place.baud, place.parity, place.dataBits,
                               place.stopBits);
-    return modbus_new_tcp_pi(place.host.toLocal8Bit().constData(), QByteArray::number(place.port).constData());
+    return modbus_new_tcp_pi(place.address.toLatin1().constData(), QByteArray::number(place.port).constData());
 }
 
 /// What ended a request on a line that is still good.
@@ -105,8 +105,9 @@ WireReply CWire::Write(int address, std::span<const quint16> words) {
 WireReply CWire::Synchronise() {
     const auto number = ++m_number;
     const WireReply reply = Exchange([&](modbus_t* context) {
-        const std::array<quint8, 6> request = {static_cast<quint8>(m_place.unit), kLoopback, 0, 0,
-                                               static_cast<quint8>(number >> 8), static_cast<quint8>(number & 0xFF)};
+        const std::array<quint8, 6> request = {
+            static_cast<quint8>(m_place.unit), kLoopback, 0, 0, static_cast<quint8>(number >> 8),
+            static_cast<quint8>(number & 0xFF)};
         if (modbus_send_raw_request(context, request.data(), static_cast<int>(request.size())) < 0)
             return -1;
         std::array<quint8, MODBUS_MAX_ADU_LENGTH> answer = {};

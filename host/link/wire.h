@@ -24,7 +24,7 @@ enum class WireOutcome {
 
 struct WireReply {
     WireOutcome outcome = WireOutcome::Done;
-    int exception = 0;  ///< of Refused: the standard's code
+    int exception = 0;   ///< of Refused: the standard's code
     int systemError = 0; ///< errno of NotConnected
 
     bool IsDone() const { return outcome == WireOutcome::Done; }
@@ -42,8 +42,8 @@ public:
 
     const WirePlace& GetPlace() const { return m_place; }
     bool IsOpen() const { return m_context != nullptr; }
-    /// A request was not answered: its answer may still come, and would be taken for another one's. Synchronise is to be
-    /// called before the next request whose answer matters.
+    /// A request was not answered: its answer may still come, and would be taken for another one's. Synchronise is to
+    /// be called before the next request whose answer matters.
     bool IsOutOfStep() const { return m_outOfStep; }
 
     /// A request on a line that breaks closes it.
