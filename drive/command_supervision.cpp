@@ -22,7 +22,7 @@ Findings CCommandSupervision::Step(qint64 milliseconds, const CommandView& view,
     if (m_stopReason && !view.driving)
         found.trip = std::exchange(m_stopReason, quint16{0});
     m_constantSpeed = false;
-    m_tool = view.byTool && view.on ? m_tool + milliseconds : 0;
+    m_tool = view.byTool ? m_tool + milliseconds : 0;
     m_bus = view.byBus && view.on && m_busLost ? m_bus + milliseconds : 0;
     m_link = view.byLink && view.on && m_linkLost ? m_link + milliseconds : 0;
     const struct {
@@ -36,8 +36,9 @@ Findings CCommandSupervision::Step(qint64 milliseconds, const CommandView& view,
         {m_bus, registers.GetNumber(reg::kBusSupervision, 0), registers.GetWord(reg::kBusLossReaction), kFaultFieldbus},
         {m_link, registers.GetNumber(reg::kLinkSupervision, 0), registers.GetWord(reg::kLinkLossReaction), kFaultLink},
     };
+    const auto isSilent = [](const auto& c) { return c.limit > 0 && static_cast<double>(c.silence) >= c.limit; };
     for (const auto& c : commanders) {
-        if (c.limit <= 0 || static_cast<double>(c.silence) < c.limit || m_stopReason || found.trip)
+        if (!view.on || !isSilent(c) || m_stopReason || found.trip)
             continue;
         if (c.reaction == kCoastStop) {
             found.trip = c.code;
@@ -49,6 +50,7 @@ Findings CCommandSupervision::Step(qint64 milliseconds, const CommandView& view,
             m_atLimit = c.reaction == kTorqueLimitStop;
         }
     }
+    m_toolGivenUp = view.byTool && (view.on ? found.trip == kFaultConnection : isSilent(commanders[0]));
     return found;
 }
 

@@ -19,7 +19,8 @@ struct CommandView {
 
 /// Whoever commands the drive must be heard from: the tool in local control (30.27, 30.29), the fieldbus
 /// (30.28, 30.31), the drive-to-drive link (30.30, 30.32). After a silence the drive stops as chosen and trips when it
-/// stands, or goes on with an alarm.
+/// stands, or goes on with an alarm. A tool that is not heard loses local control: with the trip, or at once while the
+/// contactor is open.
 class CCommandSupervision {
 public:
     void HearTool() { m_tool = 0; }
@@ -27,6 +28,8 @@ public:
     void SetLinkLost(bool lost) { m_linkLost = lost; }
 
     Findings Step(qint64 milliseconds, const CommandView& view, const CRegisterFile& registers);
+    /// Local control is taken from the tool.
+    bool IsToolGivenUp() const { return m_toolGivenUp; }
     /// Code of the trip that the drive is stopping for, 0: none.
     quint16 GetStopReason() const { return m_stopReason; }
     /// And it stops at the torque limit, without a ramp.
@@ -38,6 +41,7 @@ private:
     qint64 m_tool = 0; ///< silence [ms]
     qint64 m_bus = 0;
     qint64 m_link = 0;
+    bool m_toolGivenUp = false;
     bool m_busLost = false;
     bool m_linkLost = false;
     quint16 m_stopReason = 0;

@@ -60,6 +60,7 @@ void CSimulatedDrive::Pass(qint64 milliseconds) {
     } else {
         Integrate(seconds, alarms);
     }
+    ListenToCommanders(milliseconds, alarms);
     ScanTerminals(seconds);
     alarms.merge(m_board.GetFindings().alarms);
     m_faults.SetAlarms(alarms);
@@ -105,12 +106,9 @@ void CSimulatedDrive::Integrate(double seconds, std::set<quint16>& alarms) {
     const Findings fans =
         m_fans.Step(seconds, m_contactor.IsClosed(),
                     {inputs.IsGood(InputFunction::MotorFan), inputs.IsGood(InputFunction::ConverterFan)}, m_registers);
-    const Findings silence = m_commanders.Step(std::llround(seconds * 1000), GetCommandView(), m_registers);
-    for (const Findings& found : {fans, silence}) {
-        alarms.insert(found.alarms.begin(), found.alarms.end());
-        if (found.trip)
-            Trip(found.trip);
-    }
+    alarms.insert(fans.alarms.begin(), fans.alarms.end());
+    if (fans.trip)
+        Trip(fans.trip);
 }
 
 MotorCommand CSimulatedDrive::NextCommand() {

@@ -64,6 +64,8 @@ public:
     // Accesses over the link. These and the commands are how the drive hears of the tool that holds local control.
     /// The tool asks for the state.
     void Poll();
+    /// Whether the one who accesses the drive from now on is the tool that holds local control; true to begin with.
+    void SetToolSpeaks(bool speaks) { m_toolSpeaks = speaks; }
     bool ReadRegister(quint16 reg, quint16& word);
     bool WriteRegister(quint16 reg, quint16 word);
     /// Complete record of the last fault; before the first one its fields have no values.
@@ -119,6 +121,7 @@ private:
     bool IsResting() const;
     void Pass(qint64 milliseconds);
     void Integrate(double seconds, std::set<quint16>& alarms);
+    void ListenToCommanders(qint64 milliseconds, std::set<quint16>& alarms);
     void ReadParameters();
     void ScanTerminals(double seconds);
     void LookAtInputs();
@@ -181,6 +184,7 @@ private:
     qint64 m_otherLeft = 0; ///< another place holds the drive for so long [ms]
 
     DriveCounters m_counters;
+    bool m_toolSpeaks = true;
     QString m_error;
     int m_starts = 0;
     qint64 m_lastAdvance; ///< clock reading up to which the drive has come [ms]

@@ -50,6 +50,16 @@ CommandView CSimulatedDrive::GetCommandView() const {
             m_logic.IsDriving()};
 }
 
+/// A trip comes first: what gives up the drive leaves it safe.
+void CSimulatedDrive::ListenToCommanders(qint64 milliseconds, std::set<quint16>& alarms) {
+    const Findings silence = m_commanders.Step(milliseconds, GetCommandView(), m_registers);
+    alarms.insert(silence.alarms.begin(), silence.alarms.end());
+    if (silence.trip)
+        Trip(silence.trip);
+    if (m_commanders.IsToolGivenUp())
+        m_places.ReleaseLocal();
+}
+
 /// Lets the service mode begin or end its run.
 void CSimulatedDrive::Supervise(double seconds) {
     m_service.Supervise(seconds, GetServiceView(), m_settings, m_control.GetConverter(), m_registers);

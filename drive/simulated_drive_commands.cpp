@@ -13,7 +13,8 @@ namespace krt550 {
 
 void CSimulatedDrive::Poll() {
     Advance();
-    m_commanders.HearTool();
+    if (m_toolSpeaks)
+        m_commanders.HearTool();
 }
 
 bool CSimulatedDrive::ReadRegister(quint16 reg, quint16& word) {

@@ -39,6 +39,8 @@ public:
     CSimulatedDrive& GetDrive() { return m_drive; }
     /// The line to the drive.
     CParameterLink& GetLink() { return m_link; }
+    /// Another line is in between, on which replies get lost or come late: this one leaves that to it.
+    void LeaveRepliesToLine() { m_link.LeaveRepliesToLine(); }
     QString GetLastErrorText() const { return m_link.LastErrorText(); }
     /// Lets the parameter tree reach the drive through a link of the caller's (a log, a disturber) that passes on
     /// to GetLink(); null: directly. Borrowed, must outlive this. The tree is built anew.

@@ -44,6 +44,8 @@ bool CSimulatedLink::WriteWord(quint16 reg, quint16 word) {
 
 CSimulatedLink::Reply CSimulatedLink::Exchange(const std::function<bool()>& request) {
     m_error.clear();
+    if (m_leftToLine)
+        return request() ? Reply::Done : Reply::Refused;
     if (!IsAlive()) {
         m_error = MessageOf(CommunicationError::Timeout);
         return Reply::None;

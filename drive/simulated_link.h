@@ -25,6 +25,8 @@ public:
     /// Has the drive carry out a request, which answers false when the drive refuses it. A reply that is later than
     /// 2 s is given up: the drive has carried out the request all the same.
     Reply Exchange(const std::function<bool()>& request);
+    /// Replies are neither lost nor late here any more.
+    void LeaveRepliesToLine() { m_leftToLine = true; }
     /// The drive would answer a request.
     bool IsAlive() const;
     /// Notes a failure that the host itself finds.
@@ -35,6 +37,7 @@ private:
 
     CSimulatedDrive& m_drive;
     const CFaultModes& m_modes;
+    bool m_leftToLine = false;
     QString m_error;
     quint32 m_replies = 0; ///< since the drive is connected
 };

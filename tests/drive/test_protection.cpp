@@ -281,7 +281,16 @@ TEST(ToolSupervision, StopsADriveWhoseToolFallsSilent) {
         EXPECT_TRUE(drive.Drive().IsStopped());
         EXPECT_FALSE(drive.Drive().IsContactorClosed());
         EXPECT_EQ(drive.Drive().GetFaults().GetActive(), kFaultConnection);
+        EXPECT_EQ(drive.Drive().GetControlPlace(), ControlPlace::Remote) << "and is free for another tool";
     }
+    WholeDrive idle("S2");
+    EXPECT_TRUE(idle.Drive().TakeLocalControl());
+    idle.Drive().SetToolSpeaks(false);
+    idle.Seconds(4.9); // somebody else asks all the time
+    EXPECT_EQ(idle.Drive().GetControlPlace(), ControlPlace::Local);
+    idle.Seconds(0.2);
+    EXPECT_EQ(idle.Drive().GetControlPlace(), ControlPlace::Remote);
+    EXPECT_EQ(idle.Drive().GetFaults().GetActive(), 0) << "nothing was switched on";
     WholeDrive unsupervised("S2");
     unsupervised.KnowArmature();
     unsupervised.SetValue(reg::kLocalSupervision, 0);
