@@ -9,8 +9,8 @@
 #include "host/logged_drive.h"
 #include "host/logged_link.h"
 #include "host/play/parser.h"
-#include "host/scaled_clock.h"
 #include "host/tool.h"
+#include "hostlib/tolvbo32/scaled_clock.h"
 
 #include <QApplication>
 #include <QDir>
