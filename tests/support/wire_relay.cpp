@@ -107,6 +107,11 @@ void CWireRelay::SetFaults(const RelayFaults& faults) {
     m_random.seed(faults.seed);
 }
 
+void CWireRelay::Watch(Watcher watch) {
+    const std::scoped_lock lock(m_mutex);
+    m_watch = std::move(watch);
+}
+
 void CWireRelay::CutAt(int frame, Cut cut) {
     const std::scoped_lock lock(m_mutex);
     m_framesToCut = frame;
@@ -213,17 +218,15 @@ void CWireRelay::TakeFrames(const std::shared_ptr<Pair>& pair, int from) {
         Bytes frame(coming.begin(), coming.begin() + static_cast<std::ptrdiff_t>(size));
         coming.erase(coming.begin(), coming.begin() + static_cast<std::ptrdiff_t>(size));
         ++m_frames;
-        if (from == 0) {
-            ++m_requests;
-            if (onRequest)
-                onRequest(std::span(frame).subspan(std::min(frame.size(), m_port != 0 ? kTcpHeader : std::size_t{1})));
-        }
+        m_requests += from == 0 ? 1 : 0;
+        const std::size_t header = m_port != 0 ? kTcpHeader : 1;
+        const bool passes = !m_watch || m_watch(from == 0, std::span(frame).subspan(std::min(frame.size(), header)));
         if (m_framesToCut > 0 && --m_framesToCut == 0) {
             m_isCut = true;
             if (m_cut == Cut::Closed && m_port != 0)
                 Close(*pair);
         }
-        if (!m_isCut)
+        if (passes && !m_isCut)
             Carry(pair, from, std::move(frame));
     }
 }

@@ -61,9 +61,10 @@ public:
     int GetFrames() const { return m_frames; }
     /// Requests since the beginning.
     int GetRequests() const { return m_requests; }
-    /// Called with each request of the host, function code first, on the relay's thread. To be set before anything is
-    /// sent.
-    std::function<void(std::span<const quint8> pdu)> onRequest;
+    /// Calls `watch` with each frame, from its function code on, on the relay's thread; what it answers false to gets
+    /// nowhere.
+    using Watcher = std::function<bool(bool isRequest, std::span<const quint8> pdu)>;
+    void Watch(Watcher watch);
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -105,6 +106,7 @@ private:
     std::mutex m_mutex;
     std::vector<std::shared_ptr<Pair>> m_pairs;
     std::multimap<Clock::time_point, Delivery> m_deliveries;
+    Watcher m_watch;
     RelayFaults m_faults;
     std::mt19937 m_random{1};
     std::chrono::duration<double, std::milli> m_oneWay{0};
