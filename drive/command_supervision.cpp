@@ -50,7 +50,7 @@ Findings CCommandSupervision::Step(qint64 milliseconds, const CommandView& view,
             m_atLimit = c.reaction == kTorqueLimitStop;
         }
     }
-    m_toolGivenUp = view.byTool && (view.on ? found.trip == kFaultConnection : isSilent(commanders[0]));
+    m_toolGivenUp = view.byTool && (found.trip == kFaultConnection || (!view.on && isSilent(commanders[0])));
     return found;
 }
 

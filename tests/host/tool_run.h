@@ -50,6 +50,13 @@ public:
         return output.contains(text);
     }
 
+    /// Waits at most so long; true when the program has written to its standard error, or has ended.
+    bool HasComplained(int milliseconds) {
+        const bool ended = process.waitForFinished(milliseconds);
+        errors += QString::fromUtf8(process.readAllStandardError());
+        return ended || !errors.isEmpty();
+    }
+
     /// The exit status.
     int Finish() {
         EXPECT_TRUE(process.state() == QProcess::NotRunning || process.waitForFinished(kLongestMs))

@@ -10,6 +10,7 @@
 #include "tests/support/yes_sayer.h"
 
 #include <QElapsedTimer>
+#include <QThread>
 #include <QTimer>
 
 #include <cstdio>
