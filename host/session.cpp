@@ -108,7 +108,7 @@ int CSession::RunWizard() {
                  m_script.has_value());
     CLoggedLink link(m_connection->GetLink(), log);
     m_connection->SetTreeLink(&link);
-    CLoggedDrive drive(m_connection->GetDrive(), log);
+    CLoggedDrive drive(m_connection->GetDrive(), log, &m_connection->GetLink());
     CLastStop lastStop(drive, link, complain);
     CClosing closing(lastStop, complain);
     CDriveStage stage(*m_connection, log);

@@ -2,7 +2,7 @@
 """A drive that is nothing but a register table, served by somebody else's Modbus library: what the host says is checked by
 code that knows nothing of ours.
 
-Usage: register_table.py PARAMETERS PORT      serves until it is ended; prints "ready" and each write that it is sent
+Usage: register_table.py PARAMETERS PORT      serves until it is ended; prints each write that it is sent
 """
 import sys
 
@@ -44,7 +44,6 @@ def main():
     words.update({address: 0 for address in range(STATUS, STATUS + 110)})
     words.update({STATUS + 1: STOPPED, IDENTITY: 550, IDENTITY + 1: 1, IDENTITY + 2: 0})
     drive = ModbusSlaveContext(hr=Table(words), zero_mode=True)
-    print("ready", flush=True)
     StartTcpServer(context=ModbusServerContext(slaves=drive, single=True), address=("127.0.0.1", int(sys.argv[2])))
 
 
