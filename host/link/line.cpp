@@ -96,7 +96,7 @@ LineResult CLine::Stop() {
             continue;
         // The first one goes before everything; of a further one it is to be known whether it arrived.
         if (tries > 0 && m_wire.IsOutOfStep())
-            m_wire.Synchronise();
+            m_wire.Synchronise(wire::kState, wire::kStateSize);
         m_isStateOld = true;
         reply = m_wire.Write(wire::kCommand, Numbered(WireCommand::StopMotor));
         if (reply.IsAnswered() && reply.exception != kBusy)
@@ -168,7 +168,7 @@ WireReply CLine::Prepare() {
         return Greet();
     if (!m_wire.IsOutOfStep())
         return {};
-    const WireReply reply = m_wire.Synchronise();
+    const WireReply reply = m_wire.Synchronise(wire::kState, wire::kStateSize);
     m_isStateOld = m_isStateOld || reply.IsDone();
     return reply;
 }

@@ -22,9 +22,10 @@ struct LineResult {
 /// A wire with all that it takes to trust it: opens it and looks who answers there, opens it again when it has broken,
 /// repeats reads, and finds out what became of a write or a command whose answer was lost. Belongs to one thread.
 ///
-/// A line that has failed is down: for a second nothing but a stop and a keep-alive tries it again, so that a page of
-/// forty parameters does not wait forty times. Local control that was held when the line broke is taken again with the
-/// new one as long as the drive has not given it up: otherwise nobody could stop the motor.
+/// A line that has failed is down, until a keep-alive is answered or a second has passed: what is asked meanwhile fails
+/// at once, so that a page of forty parameters does not wait forty times. The stop is tried all the same. Local control
+/// that was held when the line broke is taken again with the new one as long as the drive has not given it up:
+/// otherwise nobody could stop the motor.
 class CLine {
 public:
     using Clock = std::chrono::steady_clock;

@@ -77,7 +77,7 @@ void CLinkThread::Work() {
             lock.lock();
             m_task = nullptr;
             m_done.notify_all();
-        } else if (IsKeepAliveDue()) {
+        } else if (IsKeepAliveWanted() && CLine::Clock::now() >= NextKeepAlive()) {
             lock.unlock();
             m_line.KeepAlive();
             lock.lock();
@@ -87,16 +87,14 @@ void CLinkThread::Work() {
     }
 }
 
-bool CLinkThread::IsKeepAliveDue() const {
-    return m_line.HoldsControl() && Milliseconds() - m_beat < kHungMs && CLine::Clock::now() >= NextKeepAlive();
+/// A drive in local control is to hear from the host, and a line that is down is tried until it is not.
+bool CLinkThread::IsKeepAliveWanted() const {
+    return (m_line.HoldsControl() || m_line.IsDown()) && Milliseconds() - m_beat < kHungMs;
 }
 
+/// Where none is wanted, when to look again.
 CLine::Clock::time_point CLinkThread::NextKeepAlive() const {
-    const auto next = m_line.LastTried() + std::chrono::milliseconds(kKeepAliveMs);
-    // While the window hangs nothing is due: looked at again after a while.
-    return m_line.HoldsControl() && Milliseconds() - m_beat < kHungMs
-               ? next
-               : CLine::Clock::now() + std::chrono::milliseconds(kKeepAliveMs);
+    return (IsKeepAliveWanted() ? m_line.LastTried() : CLine::Clock::now()) + std::chrono::milliseconds(kKeepAliveMs);
 }
 
 /// Sends the next request of what was announced; false when there is none.

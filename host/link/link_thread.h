@@ -47,7 +47,7 @@ private:
     static qint64 Milliseconds();
 
     void Work();
-    bool IsKeepAliveDue() const;
+    bool IsKeepAliveWanted() const;
     CLine::Clock::time_point NextKeepAlive() const;
     bool ReadAhead(std::unique_lock<std::mutex>& lock);
 

@@ -10,8 +10,7 @@
 namespace krt550 {
 namespace {
 
-constexpr int kLoopback = 8; ///< function code; its subfunction 0 sends the data back
-constexpr int kExceptionBit = 0x80;
+constexpr quint8 kRead = 3; ///< function code
 constexpr int kAnswersToDrop = 16;
 constexpr int kByteTimeout = 100; ///< [ms] between two bytes of a serial answer, adapters that collect them included
 
@@ -66,6 +65,7 @@ WireReply CWire::Open() {
         return {WireOutcome::NotConnected, 0, error};
     }
     m_outOfStep = false;
+    m_awaited.clear();
     return {};
 }
 
@@ -87,9 +87,12 @@ WireReply CWire::Fail(int error) {
 }
 
 WireReply CWire::Read(int address, std::span<quint16> words) {
-    return Exchange([&](modbus_t* context) {
-        return modbus_read_registers(context, address, static_cast<int>(words.size()), words.data());
-    });
+    const auto count = static_cast<int>(words.size());
+    const WireReply reply =
+        Exchange([&](modbus_t* context) { return modbus_read_registers(context, address, count, words.data()); });
+    if (!reply.IsAnswered())
+        m_awaited.insert(count);
+    return reply;
 }
 
 WireReply CWire::Write(int address, quint16 word) {
@@ -102,12 +105,16 @@ WireReply CWire::Write(int address, std::span<const quint16> words) {
     });
 }
 
-WireReply CWire::Synchronise() {
-    const auto number = ++m_number;
+WireReply CWire::Synchronise(int address, int most) {
+    int count = 2;
+    while (count < most && m_awaited.contains(count))
+        ++count;
+    m_awaited.insert(count);
     const WireReply reply = Exchange([&](modbus_t* context) {
-        const std::array<quint8, 6> request = {
-            static_cast<quint8>(m_place.unit), kLoopback, 0, 0, static_cast<quint8>(number >> 8),
-            static_cast<quint8>(number & 0xFF)};
+        const auto high = [](int number) { return static_cast<quint8>(number >> 8); };
+        const auto low = [](int number) { return static_cast<quint8>(number & 0xFF); };
+        const std::array<quint8, 6> request = {low(m_place.unit), kRead,       high(address),
+                                               low(address),      high(count), low(count)};
         if (modbus_send_raw_request(context, request.data(), static_cast<int>(request.size())) < 0)
             return -1;
         std::array<quint8, MODBUS_MAX_ADU_LENGTH> answer = {};
@@ -115,23 +122,23 @@ WireReply CWire::Synchronise() {
             const int length = modbus_receive_confirmation(context, answer.data());
             if (length < 0 && errno != EMBBADCRC)
                 return -1;
-            if (length > 0 && IsEcho(std::span(answer).first(static_cast<std::size_t>(length)), number))
+            if (length > 0 && ReadCount(std::span(answer).first(static_cast<std::size_t>(length))) == count)
                 return 0;
         }
         errno = EMBBADDATA;
         return -1;
     });
-    if (reply.IsDone())
+    if (reply.IsDone()) {
         m_outOfStep = false;
+        m_awaited.clear();
+    }
     return reply;
 }
 
-/// The number has come back; or a drive that knows no loopback has refused it, which is an answer of its own kind too.
-bool CWire::IsEcho(std::span<const quint8> frame, quint16 number) const {
+/// The number of registers that an answer brings; 0 when it is none to a read.
+int CWire::ReadCount(std::span<const quint8> frame) const {
     const auto answer = frame.subspan(std::min(frame.size(), std::size_t(modbus_get_header_length(m_context.get()))));
-    if (!answer.empty() && answer[0] == (kLoopback | kExceptionBit))
-        return true;
-    return answer.size() >= 5 && answer[0] == kLoopback && (answer[3] << 8 | answer[4]) == number;
+    return answer.size() >= 2 && answer[0] == kRead ? answer[1] / 2 : 0;
 }
 
 } // namespace krt550

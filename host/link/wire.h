@@ -6,6 +6,7 @@
 #include <QtGlobal>
 
 #include <memory>
+#include <set>
 #include <span>
 
 struct _modbus;
@@ -54,14 +55,15 @@ public:
     WireReply Write(int address, quint16 word);
     /// Writes registers (1 to 123) in one request.
     WireReply Write(int address, std::span<const quint16> words);
-    /// Sends a number that the other end sends back, and drops all answers before it. Since requests are carried out in
-    /// their order, the drive has then carried out, or never got, whatever was sent before on this line.
-    WireReply Synchronise();
+    /// Reads as many registers from `address` on (2 to `most`) as no answer can have that may still come, and drops all
+    /// answers before it. Since requests are carried out in their order, the drive has then carried out, or never got,
+    /// whatever was sent before on this line.
+    WireReply Synchronise(int address, int most);
 
 private:
     template <class Request> WireReply Exchange(Request request);
     WireReply Fail(int error);
-    bool IsEcho(std::span<const quint8> frame, quint16 number) const;
+    int ReadCount(std::span<const quint8> frame) const;
 
     struct Free {
         void operator()(_modbus* context) const;
@@ -70,7 +72,7 @@ private:
     WirePlace m_place;
     std::unique_ptr<_modbus, Free> m_context;
     bool m_outOfStep = false;
-    quint16 m_number = 0; ///< of the last Synchronise
+    std::set<int> m_awaited; ///< registers of reads that were not answered
 };
 
 } // namespace krt550

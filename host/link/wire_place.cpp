@@ -98,8 +98,7 @@ bool FindAddress(WirePlace& place, QString& error) {
     int failure = getaddrinfo(place.host.toLocal8Bit().constData(), nullptr, &wanted, &found);
     std::array<char, NI_MAXHOST> text{};
     if (failure == 0) {
-        failure =
-            getnameinfo(found->ai_addr, found->ai_addrlen, text.data(), text.size(), nullptr, 0, NI_NUMERICHOST);
+        failure = getnameinfo(found->ai_addr, found->ai_addrlen, text.data(), text.size(), nullptr, 0, NI_NUMERICHOST);
         freeaddrinfo(found);
     }
     place.address = QString::fromLatin1(text.data());
