@@ -84,10 +84,12 @@ class Drive:
         return (done.stdout + done.stderr).strip().splitlines()[-1].strip()
 
     def end(self):
+        """Asks the program to end; what it says meanwhile."""
         self.process.send_signal(signal.SIGTERM)
         expect("exit status after SIGTERM", self.process.wait(LONGEST), 0)
         if self.line:
             self.line.terminate()
+        return self.process.stdout.read()
 
 
 def words(client, address, count=1, unit=1):
@@ -145,17 +147,21 @@ def check_requests(drive):
     client.close()
 
 
+def turn_motor(client):
+    for command in (TAKE, CLOSE, START):
+        expect(f"command {command}", write(client, 20000, command), 0)
+    expect("reference", reference(client, 250.5), 0)
+    wait_for("the motor turns", lambda: 100 < words(client, 104)[0] < 0x8000)
+
+
 def check_motor(drive):
     """The motor turns; then its host is silent."""
     host = drive.client()
     expect("30.29", write(host, 3029, 10), 0)
     expect("start without local control", write(host, 20000, START), REFUSED)
-    for command in (TAKE, CLOSE, START):
-        expect(f"command {command}", write(host, 20000, command), 0)
-    expect("reference", reference(host, 250.5), 0)
+    turn_motor(host)
     expect("reference beyond the limits", reference(host, 99999), LIMITS)
     expect("reference in use", struct.unpack(">i", struct.pack(">HH", *words(host, 20103, 2)))[0], 25050)
-    wait_for("the motor turns", lambda: words(host, 104)[0] > 100)
     expect("status", status(host), CONTACTOR | RUNNING | LOCAL)
     if drive.line:
         watch = host  # there is one master: it comes back too late
@@ -215,8 +221,9 @@ def main():
         check_motor(drive)
         if line == "tcp":
             check_clients(drive)
+        turn_motor(drive.client())
     finally:
-        drive.end()
+        expect("the end", "the motor is stopped first" in drive.end(), True)
     for failure in failures:
         print(failure)
     return 1 if failures else 0
