@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kBaud = 19200;
 constexpr int kPeriodMs = 1000;
-constexpr int kClicks = 4;
+constexpr int kClicks = 3;
 constexpr int kBoxes[] = {160, 164, 165, 166, 167, 168, 169}; ///< of the start page
 constexpr int kStartButton = 60202;
 

@@ -48,6 +48,7 @@ public:
         QObject::connect(&mending, &QTimer::timeout, &mending, [this] { MendAfterAWhile(); });
         mending.start(20);
         SetStepState(m_procedure.step, StepState::NotChosen);
+        m_host->ResetFault(); // that the drive's supervision may have left
         RunWizardWith(*m_host, m_procedure.act);
         texts = clerk.texts;
         EXPECT_EQ(Robot::Front(), nullptr);
