@@ -3,16 +3,11 @@
 #include "host/link/line_texts.h"
 
 #include <array>
-#include <thread>
 
 namespace krt550 {
 namespace {
 
-using namespace std::chrono_literals;
-
 constexpr int kTries = 3;
-constexpr auto kBusyPause = 20ms;
-constexpr auto kDownTime = 1s;
 constexpr int kBusy = static_cast<int>(WireException::Busy);
 
 } // namespace
@@ -22,14 +17,10 @@ WireReply CLine::TryRead(int address, std::span<quint16> words) {
 }
 
 LineResult CLine::Read(int address, std::span<quint16> words) {
-    if (const auto down = StillDown())
-        return *down;
     return Judge(Repeat([&] { return m_wire.Read(address, words); }), address);
 }
 
 LineResult CLine::Write(int address, quint16 word) {
-    if (const auto down = StillDown())
-        return *down;
     const WireReply reply = Attempt([&] { return m_wire.Write(address, word); });
     if (reply.IsAnswered() || !m_wasSent)
         return Judge(reply, address);
@@ -44,8 +35,6 @@ LineResult CLine::Write(int address, quint16 word) {
 }
 
 LineResult CLine::Command(WireCommand command, std::optional<double> rpm) {
-    if (const auto down = StillDown())
-        return *down;
     quint16 sent = 0;
     int greetings = 0;
     const WireReply reply = Attempt([&] {
@@ -88,7 +77,7 @@ LineResult CLine::LookUp(quint16 command, const WireReply& lost, int greetings) 
 LineResult CLine::Stop() {
     WireReply reply;
     // On a line that is down the next one comes soon enough, and the window wants to live meanwhile.
-    const int most = IsDown() ? 1 : kTries;
+    const int most = m_down ? 1 : kTries;
     for (int tries = 0; tries < most; ++tries) {
         m_tried = Clock::now();
         reply = m_wire.IsOpen() ? WireReply() : Greet();
@@ -106,8 +95,6 @@ LineResult CLine::Stop() {
 }
 
 LineResult CLine::ReadState() {
-    if (const auto down = StillDown())
-        return *down;
     return Judge(Repeat([this] { return TryState(); }), wire::kState);
 }
 
@@ -118,89 +105,6 @@ void CLine::KeepAlive() {
 /// The word of a command, with the number that the drive expects on this line.
 quint16 CLine::Numbered(WireCommand command) const {
     return CommandWord(command, NextCommandNumber(static_cast<quint8>(m_state.lastCommand >> 8)));
-}
-
-WireReply CLine::TryState() {
-    std::array<quint16, wire::kStateHeadSize> words = {};
-    const WireReply reply = m_wire.Read(wire::kState, words);
-    if (!reply.IsDone())
-        return reply;
-    m_state = DecodeState(std::span(words).first(wire::kReason - wire::kState));
-    m_isStateOld = false;
-    if (m_state.place != WireControlPlace::Other)
-        m_holdsControl = m_state.place == WireControlPlace::Local;
-    return reply;
-}
-
-WireReply CLine::Attempt(const Request& request) {
-    m_tried = Clock::now();
-    m_wasSent = false;
-    WireReply reply = Prepare();
-    if (reply.IsDone()) {
-        m_wasSent = true;
-        reply = request();
-    }
-    m_unheard = reply.IsAnswered() ? 0 : m_unheard + 1;
-    if (reply.IsAnswered())
-        m_down.reset();
-    // Where nothing comes any more, a line that looks open may be the reason.
-    if (m_unheard >= kTries && m_wire.IsOpen()) {
-        m_wire.Close();
-        m_unheard = 0;
-    }
-    return reply;
-}
-
-WireReply CLine::Repeat(const Request& request) {
-    WireReply reply;
-    for (int tries = 0; tries < kTries; ++tries) {
-        if (tries > 0 && reply.exception == kBusy)
-            std::this_thread::sleep_for(kBusyPause);
-        reply = Attempt(request);
-        if (reply.IsAnswered() && reply.exception != kBusy)
-            break;
-    }
-    return reply;
-}
-
-WireReply CLine::Prepare() {
-    if (!m_wire.IsOpen())
-        return Greet();
-    if (!m_wire.IsOutOfStep())
-        return {};
-    const WireReply reply = m_wire.Synchronise(wire::kState, wire::kStateSize);
-    m_isStateOld = m_isStateOld || reply.IsDone();
-    return reply;
-}
-
-/// Opens the line, looks whether this is the drive, and takes up again what was held on the line before.
-WireReply CLine::Greet() {
-    m_stranger.clear();
-    WireReply reply = m_wire.Open();
-    if (!reply.IsDone())
-        return reply;
-    ++m_greetings;
-    std::array<quint16, wire::kIdentitySize> identity = {};
-    reply = m_wire.Read(wire::kIdentity, identity);
-    if (reply.IsAnswered())
-        m_stranger = StrangerText(reply, identity);
-    if (!m_stranger.isEmpty())
-        reply = {WireOutcome::NotConnected, 0, 0};
-    if (reply.IsDone())
-        reply = TryState();
-    if (reply.IsDone() && m_holdsControl && m_state.place == WireControlPlace::Other) {
-        reply = m_wire.Write(wire::kCommand, Numbered(WireCommand::TakeLocalControl));
-        m_holdsControl = reply.outcome != WireOutcome::Refused;
-        if (reply.IsAnswered())
-            reply = TryState();
-    }
-    if (!reply.IsDone())
-        m_wire.Close();
-    return reply;
-}
-
-std::optional<LineResult> CLine::StillDown() const {
-    return m_down && Clock::now() - m_tried < kDownTime ? m_down : std::nullopt;
 }
 
 LineResult CLine::Judge(const WireReply& reply, int address) {

@@ -22,10 +22,8 @@ struct LineResult {
 /// A wire with all that it takes to trust it: opens it and looks who answers there, opens it again when it has broken,
 /// repeats reads, and finds out what became of a write or a command whose answer was lost. Belongs to one thread.
 ///
-/// A line that has failed is down, until a keep-alive is answered or a second has passed: what is asked meanwhile fails
-/// at once, so that a page of forty parameters does not wait forty times. The stop is tried all the same. Local control
-/// that was held when the line broke is taken again with the new one as long as the drive has not given it up:
-/// otherwise nobody could stop the motor.
+/// Local control that was held when the line broke is taken again with the new one as long as the drive has not given
+/// it up: otherwise nobody could stop the motor.
 class CLine {
 public:
     using Clock = std::chrono::steady_clock;
@@ -51,8 +49,8 @@ public:
     const WireState& GetState() const { return m_state; }
     /// The drive may think that this host holds local control.
     bool HoldsControl() const { return m_holdsControl; }
-    /// The last thing that was asked got no answer.
-    bool IsDown() const { return m_down.has_value(); }
+    /// The failure of what was asked and not answered; nothing once anything is.
+    const std::optional<LineResult>& GetDown() const { return m_down; }
     /// When the drive was last asked something.
     Clock::time_point LastTried() const { return m_tried; }
 
@@ -64,7 +62,6 @@ private:
     WireReply Prepare();
     WireReply Greet();
     WireReply TryState();
-    std::optional<LineResult> StillDown() const;
     LineResult Judge(const WireReply& reply, int address);
     LineResult LookUp(quint16 command, const WireReply& lost, int greetings);
     quint16 Numbered(WireCommand command) const;
@@ -76,10 +73,10 @@ private:
     QString m_stranger;       ///< why what answers is not the drive; empty: it is
     bool m_isStateOld = true; ///< to be read before the next command
     bool m_holdsControl = false;
-    int m_greetings = 0;              ///< how often the line was opened
-    bool m_wasSent = false;           ///< the request of the last Attempt
-    int m_unheard = 0;                ///< tries in a row
-    std::optional<LineResult> m_down; ///< the failure that it is down for
+    int m_greetings = 0;    ///< how often the line was opened
+    bool m_wasSent = false; ///< the request of the last Attempt
+    int m_unheard = 0;      ///< tries in a row
+    std::optional<LineResult> m_down;
     Clock::time_point m_tried;
 };
 

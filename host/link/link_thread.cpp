@@ -7,6 +7,9 @@
 namespace krt550 {
 namespace {
 
+/// So long a failure tells of the line: longer than its next try takes.
+constexpr auto kDownTime = std::chrono::seconds(1);
+
 /// Signals are for the thread of the user interface; but a crash is where it happens.
 void LeaveSignalsToOthers() {
     sigset_t signals;
@@ -35,21 +38,30 @@ qint64 CLinkThread::Milliseconds() {
     return std::chrono::duration_cast<std::chrono::milliseconds>(CLine::Clock::now().time_since_epoch()).count();
 }
 
-void CLinkThread::Run(const std::function<void(CLine&)>& task) {
+LineResult CLinkThread::Run(const Task& task, bool anyhow) {
     Beat();
     // The stop of a program that crashes in this thread.
     if (std::this_thread::get_id() == m_thread.get_id())
         return task(m_line);
     std::unique_lock lock(m_mutex);
-    m_task = &task;
+    if (const auto down = anyhow ? std::nullopt : StillDown())
+        return *down;
+    LineResult result;
+    const std::function<void()> work = [&] { result = task(m_line); };
+    m_task = &work;
     m_wake.notify_one();
     m_done.wait(lock, [this] { return !m_task; });
     Beat();
+    return result;
 }
 
-void CLinkThread::RunChange(const std::function<void(CLine&)>& task) {
+LineResult CLinkThread::RunChange(const Task& task, bool anyhow) {
     Announce({});
-    Run(task);
+    return Run(task, anyhow);
+}
+
+std::optional<LineResult> CLinkThread::StillDown() const {
+    return m_down && CLine::Clock::now() - m_used < kDownTime ? m_down : std::nullopt;
 }
 
 void CLinkThread::Announce(std::span<const quint16> registers) {
@@ -63,6 +75,8 @@ void CLinkThread::Announce(std::span<const quint16> registers) {
 std::optional<quint16> CLinkThread::TakeAnnounced(quint16 reg) {
     Beat();
     std::unique_lock lock(m_mutex);
+    if (StillDown())
+        return std::nullopt;
     m_done.wait(lock, [this, reg] { return !m_ahead.Expect(reg); });
     return m_ahead.HandOut(reg);
 }
@@ -72,24 +86,29 @@ void CLinkThread::Work() {
     std::unique_lock lock(m_mutex);
     while (!m_ends) {
         if (m_task) {
-            lock.unlock();
-            (*m_task)(m_line);
-            lock.lock();
+            Use(lock, *m_task);
             m_task = nullptr;
             m_done.notify_all();
         } else if (IsKeepAliveWanted() && CLine::Clock::now() >= NextKeepAlive()) {
-            lock.unlock();
-            m_line.KeepAlive();
-            lock.lock();
+            Use(lock, [this] { m_line.KeepAlive(); });
         } else if (!ReadAhead(lock)) {
             m_wake.wait_until(lock, NextKeepAlive());
         }
     }
 }
 
+/// The user interface may go on meanwhile, up to what it wants of the line itself.
+void CLinkThread::Use(std::unique_lock<std::mutex>& lock, const std::function<void()>& use) {
+    lock.unlock();
+    use();
+    lock.lock();
+    m_down = m_line.GetDown();
+    m_used = CLine::Clock::now();
+}
+
 /// A drive in local control is to hear from the host, and a line that is down is tried until it is not.
 bool CLinkThread::IsKeepAliveWanted() const {
-    return (m_line.HoldsControl() || m_line.IsDown()) && Milliseconds() - m_beat < kHungMs;
+    return (m_line.HoldsControl() || m_line.GetDown()) && Milliseconds() - m_beat < kHungMs;
 }
 
 /// Where none is wanted, when to look again.
@@ -99,17 +118,16 @@ CLine::Clock::time_point CLinkThread::NextKeepAlive() const {
 
 /// Sends the next request of what was announced; false when there is none.
 bool CLinkThread::ReadAhead(std::unique_lock<std::mutex>& lock) {
-    if (m_line.IsDown())
+    if (m_line.GetDown())
         m_ahead.Fail();
     const auto range = m_ahead.Begin();
     m_done.notify_all();
     if (!range)
         return false;
-    lock.unlock();
     std::array<quint16, wire::kMostRead> words = {};
-    const WireReply reply =
-        m_line.TryRead(range->first, std::span(words).first(static_cast<std::size_t>(range->count)));
-    lock.lock();
+    WireReply reply;
+    Use(lock,
+        [&] { reply = m_line.TryRead(range->first, std::span(words).first(static_cast<std::size_t>(range->count))); });
     if (reply.IsDone())
         m_ahead.Take(words);
     else if (reply.outcome == WireOutcome::Refused && reply.exception == int(WireException::UnknownRegister))

@@ -33,12 +33,15 @@ public:
     CLinkThread& operator=(const CLinkThread&) = delete;
 
     // For the thread of the user interface.
-    /// Has `task` done on the line and waits for its end.
-    void Run(const std::function<void(CLine&)>& task);
+    using Task = std::function<LineResult(CLine&)>;
+    /// Has `task` done on the line and waits for its end. On a line that is down it fails at once, so that a page of
+    /// forty parameters does not wait forty times; unless it is to be tried `anyhow`.
+    LineResult Run(const Task& task, bool anyhow = false);
     /// The same for what changes something in the drive: what was read before it is out of date.
-    void RunChange(const std::function<void(CLine&)>& task);
+    LineResult RunChange(const Task& task, bool anyhow = false);
     void Announce(std::span<const quint16> registers);
-    /// The word of an announced register, once; waits for it when it is to be read. Nothing when nobody reads it.
+    /// The word of an announced register, once; waits for it when it is to be read. Nothing when nobody reads it, or
+    /// the line is down.
     std::optional<quint16> TakeAnnounced(quint16 reg);
     /// Somebody is there: the event loop runs, or the drive is being called.
     void Beat() { m_beat = Milliseconds(); }
@@ -49,12 +52,17 @@ private:
     void Work();
     bool IsKeepAliveWanted() const;
     CLine::Clock::time_point NextKeepAlive() const;
+    void Use(std::unique_lock<std::mutex>& lock, const std::function<void()>& use);
     bool ReadAhead(std::unique_lock<std::mutex>& lock);
+    /// The failure of a line that is down, and that was tried a moment ago.
+    std::optional<LineResult> StillDown() const;
 
     std::mutex m_mutex;
     std::condition_variable m_wake; ///< for the link's thread
     std::condition_variable m_done; ///< for the user interface's
-    const std::function<void(CLine&)>* m_task = nullptr;
+    const std::function<void()>* m_task = nullptr;
+    std::optional<LineResult> m_down; ///< why the line was down when it was last used
+    CLine::Clock::time_point m_used;  ///< when that was
     CReadAhead m_ahead;
     bool m_ends = false;
     std::atomic<qint64> m_beat;

@@ -43,18 +43,15 @@ bool CModbusDrive::CLink::ReadWord(quint16 reg, quint16& word) {
         word = *announced;
         return Note({});
     }
-    LineResult result;
     quint16 answer = 0;
-    m_thread.Run([&](CLine& line) { result = line.Read(reg, std::span(&answer, 1)); });
+    const LineResult result = m_thread.Run([&](CLine& line) { return line.Read(reg, std::span(&answer, 1)); });
     if (result.IsGood())
         word = answer;
     return Note(result);
 }
 
 bool CModbusDrive::CLink::WriteWord(quint16 reg, quint16 word) {
-    LineResult result;
-    m_thread.RunChange([&](CLine& line) { result = line.Write(reg, word); });
-    return Note(result);
+    return Note(m_thread.RunChange([&](CLine& line) { return line.Write(reg, word); }));
 }
 
 bool CModbusDrive::CLink::Note(const LineResult& result) {
@@ -64,27 +61,23 @@ bool CModbusDrive::CLink::Note(const LineResult& result) {
 }
 
 bool CModbusDrive::Command(WireCommand command, std::optional<double> rpm) {
-    LineResult result;
-    m_thread.RunChange([&](CLine& line) {
-        result = line.Command(command, rpm);
+    return m_link.Note(m_thread.RunChange([&](CLine& line) {
+        const LineResult result = line.Command(command, rpm);
         m_state = line.GetState();
-    });
-    return m_link.Note(result);
+        return result;
+    }));
 }
 
 bool CModbusDrive::StopMotor() {
-    LineResult result;
-    m_thread.RunChange([&](CLine& line) { result = line.Stop(); });
-    return m_link.Note(result);
+    return m_link.Note(m_thread.RunChange([](CLine& line) { return line.Stop(); }, true));
 }
 
 bool CModbusDrive::RefreshState() {
-    LineResult result;
-    m_thread.Run([&](CLine& line) {
-        result = line.ReadState();
+    return m_link.Note(m_thread.Run([&](CLine& line) {
+        const LineResult result = line.ReadState();
         m_state = line.GetState();
-    });
-    return m_link.Note(result);
+        return result;
+    }));
 }
 
 bool CModbusDrive::SetReference(const QString& reference) {
@@ -110,10 +103,11 @@ quint16 CModbusDrive::ReadFaultBuffer(quint32& header, const FaultBufferRequest*
                       CCommunicationFacade::GetErrorMessage(quint16(CommunicationError::Refused), false)};
     WireFaultRecord answer;
     if (request && byteCount && request->code == kLastFaultRequest)
-        m_thread.Run([&](CLine& line) {
+        result = m_thread.Run([&](CLine& line) {
             std::array<quint16, wire::kFaultRecordSize> words = {};
-            result = line.Read(wire::kFaultRecord, words);
+            const LineResult read = line.Read(wire::kFaultRecord, words);
             answer = DecodeFaultBlock(words);
+            return read;
         });
     if (result.IsGood() && answer.error != 0)
         result = {CommunicationError{answer.error}, CCommunicationFacade::GetErrorMessage(answer.error, false)};
