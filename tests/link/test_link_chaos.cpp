@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kSpeed = 10;
 constexpr int kMendMs = 700;
+constexpr int kPatienceMs = 3000;
 constexpr int kFewFrames = 300;
 constexpr quint16 kSupervisionSeconds = 20; ///< of the drive's time: 2 s
 constexpr int kSafeMs = 6000;               ///< on the wall: supervision, ramp, standstill
@@ -76,13 +77,16 @@ public:
     QStringList texts;
 
 private:
+    /// What stays cut somebody loses patience with.
     void MendAfterAWhile() {
-        if (!GetRelay().IsCut() || !mends)
+        if (!GetRelay().IsCut())
             m_cutFor.invalidate();
         else if (!m_cutFor.isValid())
             m_cutFor.start();
-        else if (m_cutFor.elapsed() > kMendMs)
+        else if (mends && m_cutFor.elapsed() > kMendMs)
             GetRelay().Mend();
+        else if (!mends && m_cutFor.elapsed() > kPatienceMs && Robot::Front())
+            Robot::CloseWindow();
     }
 
     const Procedure& m_procedure;
