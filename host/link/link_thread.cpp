@@ -77,7 +77,10 @@ std::optional<quint16> CLinkThread::TakeAnnounced(quint16 reg) {
     std::unique_lock lock(m_mutex);
     if (StillDown())
         return std::nullopt;
+    m_awaitsAhead = true;
+    m_wake.notify_one();
     m_done.wait(lock, [this, reg] { return !m_ahead.Expect(reg); });
+    m_awaitsAhead = false;
     return m_ahead.HandOut(reg);
 }
 
@@ -120,7 +123,9 @@ CLine::Clock::time_point CLinkThread::NextKeepAlive() const {
 bool CLinkThread::ReadAhead(std::unique_lock<std::mutex>& lock) {
     if (m_line.GetDown())
         m_ahead.Fail();
-    const auto range = m_ahead.Begin();
+    // In local control nothing that nobody waits for may be on its way when a stop comes.
+    const bool isWanted = m_awaitsAhead || !m_line.HoldsControl();
+    const auto range = isWanted ? m_ahead.Begin() : std::nullopt;
     m_done.notify_all();
     if (!range)
         return false;

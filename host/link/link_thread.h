@@ -64,6 +64,7 @@ private:
     std::optional<LineResult> m_down; ///< why the line was down when it was last used
     CLine::Clock::time_point m_used;  ///< when that was
     CReadAhead m_ahead;
+    bool m_awaitsAhead = false; ///< the user interface waits for some of it
     bool m_ends = false;
     std::atomic<qint64> m_beat;
     CLine m_line; ///< of the thread
