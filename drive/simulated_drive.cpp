@@ -57,6 +57,7 @@ void CSimulatedDrive::Pass(qint64 milliseconds) {
         m_control.Rest(seconds);
         m_protection.Rest(seconds, m_levels);
         m_references.Preset(0);
+        m_fieldWaited = false;
     } else {
         Integrate(seconds, alarms);
     }
@@ -134,7 +135,9 @@ MotorCommand CSimulatedDrive::NextCommand() {
     constexpr double kFieldThere = 0.8; // of its reference; until then there is no torque
     const MotorState& state = m_control.GetState();
     const double wanted = std::max(0.05, state.fieldReference) * m_settings.ratedFieldCurrent;
-    m_fieldWaited = m_fieldWaited || std::abs(state.fieldCurrent) >= kFieldThere * wanted;
+    // A field that has only just been switched on has no reference yet.
+    const bool there = state.fieldReference != 0 && std::abs(state.fieldCurrent) >= kFieldThere * wanted;
+    m_fieldWaited = m_fieldWaited || there;
     if (!m_logic.IsDriving() || !m_fieldWaited) {
         m_references.Preset(UsedSpeed()); // a motor that still turns is caught where it is
         return command;

@@ -167,5 +167,29 @@ TEST(FieldWeakening, HoldsTheVoltageAboveBaseSpeed) {
     EXPECT_EQ(drive.Drive().GetFaults().GetActive(), 0);
 }
 
+TEST(FieldOfAStart, IsThereBeforeArmatureCurrentFlowsEveryTime) {
+    for (const double pause : {0.0, 1.0, 6.0}) {
+        WholeDrive drive("S2");
+        drive.KnowArmature();
+        drive.SetValue(reg::kRampUp, 3);
+        drive.SetValue(reg::kRampDown, 3);
+        for (int start = 0; start < 2; ++start) {
+            drive.Run(250);
+            drive.Seconds(5, [&] {
+                const MotorState& state = drive.Drive().GetMotorState();
+                EXPECT_TRUE(std::abs(state.armatureCurrent) < 0.1 || state.fieldCurrent > 0.4)
+                    << state.armatureCurrent << " A at a field of " << state.fieldCurrent << " A, start " << start
+                    << " after " << pause << " s";
+            });
+            EXPECT_TRUE(drive.Drive().GetFaults().GetActive() == 0 || (start == 1 && pause < 6))
+                << "start " << start << " after " << pause << " s";
+            drive.Drive().StopMotor();
+            drive.Seconds(5);
+            drive.Drive().OpenContactor();
+            drive.Seconds(pause);
+        }
+    }
+}
+
 } // namespace
 } // namespace krt550

@@ -84,7 +84,7 @@ class Drive:
         return (done.stdout + done.stderr).strip().splitlines()[-1].strip()
 
     def end(self):
-        """Asks the program to end; what it says meanwhile."""
+        """Asks the program to end; gives what it says meanwhile."""
         self.process.send_signal(signal.SIGTERM)
         expect("exit status after SIGTERM", self.process.wait(LONGEST), 0)
         if self.line:
@@ -133,11 +133,11 @@ def check_requests(drive):
     client = drive.client()
     expect("a group of parameters", words(client, 101, 24)[11], 230)
     expect("a parameter that is missing", words(client, 9999), -UNKNOWN)
-    expect("a value in its limits", write(client, 2005, 1500), 0)
-    expect("and read back", words(client, 2005), [1500])
+    expect("a value in its limits", write(client, 2204, 1500), 0)
+    expect("and read back", words(client, 2204), [1500])
     expect("a value outside its limits", write(client, 3029, 601), LIMITS)
     expect("why", "60" in reason(client), True)
-    expect("a group is written", write(client, 9902, 230, 20), 0)
+    expect("a group is written: the ramps", write(client, 2201, 300, 300), 0)
     loopback = client.execute(ReturnQueryDataRequest(0xA537, unit=1))
     expect("loopback", loopback.message, (0xA537,))
     identity = client.execute(ReadDeviceInformationRequest(read_code=2, object_id=0, unit=1))
@@ -221,9 +221,14 @@ def main():
         check_motor(drive)
         if line == "tcp":
             check_clients(drive)
-        turn_motor(drive.client())
     finally:
-        expect("the end", "the motor is stopped first" in drive.end(), True)
+        drive.end()
+    turning = Drive(program, line)
+    try:
+        turn_motor(turning.client())
+    finally:
+        expect("what it says at its end", turning.end(),
+               "krt550sim: the motor is stopped first; once more ends at once\n")
     for failure in failures:
         print(failure)
     return 1 if failures else 0
