@@ -122,9 +122,12 @@ TEST_P(LinkChaos, ACutWireLeavesNothingTurning) {
         run.Run();
         run.ExpectSafe();
         const auto told = run.texts.filter(QRegularExpression(QStringLiteral("no answer within|no connection")));
-        // The load of the page, what the run wrote and what it read, each once.
-        EXPECT_LE(told.size(), 3) << run.texts.join(u'|').toStdString();
-        EXPECT_EQ(QStringList(told).removeDuplicates(), 0) << run.texts.join(u'|').toStdString();
+        // Before a run everything that a person tries tells of it; while the motor turns, what was written and what was
+        // read do, once the way out has ended.
+        if (frame >= frames / 4) {
+            EXPECT_LE(told.size(), 2) << run.texts.join(u'|').toStdString();
+            EXPECT_EQ(QStringList(told).removeDuplicates(), 0) << run.texts.join(u'|').toStdString();
+        }
         run.GetRelay().Mend();
         QTest::qWait(kMendMs);
         run.Run();
