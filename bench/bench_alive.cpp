@@ -2,8 +2,10 @@
 //   bench_alive [MS...]      without times: 0 5 20 100
 // Real time throughout; the clicks come from another thread, at moments of a fixed seed.
 #include "bench/line_drive.h"
+#include "bench/person.h"
 #include "tests/assistants/procedures.h"
 #include "tests/shell/wizard_fixture.h"
+#include "tests/support/yes_sayer.h"
 #include "wizard/resources/control_ids.h"
 
 #include <atomic>
@@ -25,37 +27,6 @@ const WizardFiles& BenchFiles() {
     }());
     return files;
 }
-
-void Pause(double milliseconds) {
-    std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(milliseconds));
-}
-
-/// Lets the event loop run.
-void Pass(double milliseconds) {
-    QEventLoop loop;
-    QTimer::singleShot(std::chrono::milliseconds(1 + int(milliseconds)), &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-/// Answers every box with OK at once.
-class CYesSayer : public QObject {
-public:
-    CYesSayer() { qApp->installEventFilter(this); }
-    int answered = 0;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (auto* box = qobject_cast<QMessageBox*>(watched); box && event->type() == QEvent::Show)
-            QMetaObject::invokeMethod(
-                box,
-                [this, box] {
-                    ++answered;
-                    box->button(QMessageBox::Ok)->click();
-                },
-                Qt::QueuedConnection);
-        return false;
-    }
-};
 
 /// A run, and when the click that is to end it may come.
 struct Run {
@@ -131,16 +102,6 @@ Reaction React(const Run& run, int callMs, unsigned seed) {
     return reaction;
 }
 
-/// Median and maximum, in the width of a column.
-void PrintTimes(std::vector<double> times) {
-    std::erase_if(times, [](double time) { return time < 0; });
-    std::ranges::sort(times);
-    if (times.empty())
-        std::printf("%9s %8s", "-", "-");
-    else
-        std::printf("%9.1f %8.1f", times[times.size() / 2], times.back());
-}
-
 void MeasureReactions(int callMs) {
     std::printf("  From the click on Cancel [ms], %d runs    9906 := 0         StopMotor      first of both\n", kRuns);
     std::printf("  %-32s    median  maximum  median  maximum  median  maximum\n", "");
@@ -161,35 +122,6 @@ void MeasureReactions(int callMs) {
         std::printf("\n");
         std::fflush(stdout);
     }
-}
-
-/// The longest time that an event from outside has waited for the thread of the windows [ms].
-double LongestDeadTime(double milliseconds) {
-    std::atomic<bool> ends = false;
-    std::atomic<bool> handled = true;
-    double longest = 0;
-    QElapsedTimer time;
-    time.start();
-    std::thread pulse([&] {
-        while (!ends) {
-            Pause(1);
-            if (!handled.exchange(false))
-                continue;
-            const qint64 posted = time.nsecsElapsed();
-            QMetaObject::invokeMethod(
-                qApp,
-                [&, posted] {
-                    longest = std::max(longest, double(time.nsecsElapsed() - posted) / 1e6);
-                    handled = true;
-                },
-                Qt::QueuedConnection);
-        }
-    });
-    Pass(milliseconds);
-    ends = true;
-    pulse.join();
-    QCoreApplication::sendPostedEvents();
-    return longest;
 }
 
 void MeasureDeadTimes(int callMs) {

@@ -17,15 +17,24 @@ class CConnection {
 public:
     virtual ~CConnection() = default;
     virtual CHostDrive& GetDrive() = 0;
+    /// Finds out whether the drive is there. False, and the reason in `error`, when it is not.
+    virtual bool Open(QString& error) {
+        error.clear();
+        return true;
+    }
     /// The drive's own line; every access of its parameter tree ends here.
     virtual CParameterLink& GetLink() = 0;
     /// Lets the drive's parameter tree reach the drive through `link`, which passes on to GetLink. Borrowed; null takes
     /// it back.
     virtual void SetTreeLink(CParameterLink* link) = 0;
 
-    /// The registers of this moment, to be read and changed past the line, as if the drive itself did; those of the
-    /// drive at the other end of its drive-to-drive link: null without one.
-    virtual CRegisterFile* FindRegisters(DriveSide side) = 0;
+    /// Description of a register of the drive, or of the one at the other end of its drive-to-drive link; null when
+    /// that has no such register, or when there is no such drive.
+    virtual const ParameterDescription* FindParameter(DriveSide side, quint16 reg) = 0;
+    /// Reads a register that the drive has, past what watches the line; nothing when it cannot be read.
+    virtual std::optional<quint16> PeekWord(DriveSide side, quint16 reg) = 0;
+    /// Changes one so, as if somebody else did. Returns what went wrong, or an empty text.
+    virtual QString PokeWord(DriveSide side, quint16 reg, quint16 word) = 0;
     /// Another word that the PLC on the drive's fieldbus sends, 1 to 12. Returns what went wrong, or an empty text.
     virtual QString SendFromPlc(int number, quint16 word) = 0;
     /// The word that the PLC has got last; nothing when the fieldbus does not carry it.

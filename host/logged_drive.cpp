@@ -1,14 +1,11 @@
 #include "host/logged_drive.h"
 
 #include "host/call_log.h"
+#include "hostlib/tolvbo32/parameter_link.h"
 #include "hostlib/tolvcom32/communication_facade.h"
 
 namespace krt550 {
 namespace {
-
-QString Refusal(bool succeeded) {
-    return succeeded ? QString() : QStringLiteral("refused");
-}
 
 QString YesNo(bool yes) {
     return yes ? QStringLiteral("yes") : QStringLiteral("no");
@@ -92,6 +89,13 @@ bool CLoggedDrive::CheckCancelCondition() {
 }
 bool CLoggedDrive::CheckDiagnosisCondition() {
     return Query("CheckDiagnosisCondition", &CHostDrive::CheckDiagnosisCondition);
+}
+
+QString CLoggedDrive::Refusal(bool succeeded) const {
+    if (succeeded)
+        return {};
+    const QString reason = m_link ? m_link->LastErrorText() : QString();
+    return reason.isEmpty() ? QStringLiteral("refused") : reason;
 }
 
 bool CLoggedDrive::Command(const char* call, bool (CHostDrive::*operation)()) {

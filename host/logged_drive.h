@@ -5,12 +5,14 @@
 namespace krt550 {
 
 class CCallLog;
+class CParameterLink;
 
 /// The drive as the tool hands it to the wizard: passes every call on to the connected drive and notes it.
 class CLoggedDrive : public CHostDrive {
 public:
-    /// Both are borrowed.
-    CLoggedDrive(CHostDrive& drive, CCallLog& log) : m_drive(drive), m_log(log) {}
+    /// All are borrowed. `link`, where there is one, says why a command failed.
+    CLoggedDrive(CHostDrive& drive, CCallLog& log, const CParameterLink* link = nullptr)
+        : m_drive(drive), m_log(log), m_link(link) {}
 
     quint16 ReadFaultBuffer(quint32& header, const FaultBufferRequest* request, quint32* byteCount,
                             QByteArray& record) override;
@@ -36,8 +38,11 @@ private:
     bool Command(const char* call, bool (CHostDrive::*operation)());
     bool Query(const char* call, bool (CHostDrive::*operation)());
 
+    QString Refusal(bool succeeded) const;
+
     CHostDrive& m_drive;
     CCallLog& m_log;
+    const CParameterLink* m_link;
 };
 
 } // namespace krt550

@@ -2,6 +2,7 @@
 
 #include "drive/named_drive.h"
 #include "host/commands/command.h"
+#include "host/link/wire_place.h"
 #include "host/play/vocabulary.h"
 
 #include <QCommandLineParser>
@@ -17,7 +18,9 @@ struct OptionDef {
 };
 
 constexpr OptionDef kOptions[] = {
-    {"drive", "NAME", &ToolOptions::drive, "drive to connect: sim (default), sim:MOTOR, sim:MOTOR,OPTION=VALUE,..."},
+    {"drive", "NAME", &ToolOptions::drive,
+     "drive to connect: sim (default), sim:MOTOR, sim:MOTOR,OPTION=VALUE,...; modbus-tcp:HOST:PORT[,unit=N];\n"
+     "modbus-rtu:DEVICE,BAUD,PARITY[,unit=N]"},
     {"wizard-dir", "DIR", &ToolOptions::wizardDirectory, "directory of the wizard's text and help files"},
     {"parameters", "FILE", &ToolOptions::parameterFile, "description of the drive's parameters"},
     {"macros", "FILE", &ToolOptions::macroFile, "the drive's application macros (default: beside its parameters)"},
@@ -67,6 +70,10 @@ QString TakeValues(const QCommandLineParser& parser, ToolOptions& options) {
 }
 
 } // namespace
+
+bool ToolOptions::IsUnwatched() const {
+    return !playFile.isEmpty() && speed == 0 && !IsOnWire(drive);
+}
 
 ToolOptions ParseOptions(const QStringList& arguments) {
     QCommandLineParser parser;

@@ -17,14 +17,14 @@ struct ToolOptions {
     QString parameterFile;
     QString macroFile; ///< empty = KRT550.macros beside the parameter file, if there is one
     QString moduleFile;
-    QString playFile; ///< empty: a person works
-    QString logFile;  ///< empty: none, "-": standard output
+    QString playFile;   ///< empty: a person works
+    QString logFile;    ///< empty: none, "-": standard output
     QString recordFile; ///< empty: one a drive and day for a person, none for a play; "none": none
     QString shotDirectory = QStringLiteral(".");
     int speed = 0; ///< 0: not given
 
-    /// A play that takes no time, because nobody wants to watch it.
-    bool IsUnwatched() const { return !playFile.isEmpty() && speed == 0; }
+    /// A play that takes no time, because nobody wants to watch it, and the drive's time is the tool's.
+    bool IsUnwatched() const;
 };
 
 /// Reads the arguments, the program's name first.

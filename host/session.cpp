@@ -11,8 +11,8 @@
 #include "host/play/parser.h"
 #include "host/record/record_place.h"
 #include "host/record/recording.h"
-#include "host/scaled_clock.h"
 #include "host/tool.h"
+#include "hostlib/tolvbo32/scaled_clock.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -37,7 +37,14 @@ CSession::~CSession() {
 int CSession::Run() {
     const std::unique_ptr<CClock> clock = MakeClock();
     const ClockScope scope(*clock);
-    return Prepare() ? RunWizard() : kExitUsage;
+    if (!Prepare())
+        return kExitUsage;
+    QString error;
+    if (!m_connection->Open(error)) {
+        Complain(error);
+        return kExitFailure;
+    }
+    return RunWizard();
 }
 
 /// Nobody watches a play of which no speed is asked: its time passes as fast as everything is done, and the same
@@ -122,7 +129,7 @@ int CSession::RunWizard() {
     CCallLog log(m_log ? [this](const QByteArray& line) { m_log->Write(line); } : CCallLog::Output(),
                  m_script.has_value());
     CLoggedLink link(m_connection->GetLink(), log);
-    CLoggedDrive drive(m_connection->GetDrive(), log);
+    CLoggedDrive drive(m_connection->GetDrive(), log, &m_connection->GetLink());
     CRecording recording(m_record.get(), drive, link);
     m_connection->SetTreeLink(&recording.Link());
     CLastStop lastStop(recording.Drive(), recording.Link(), complain);

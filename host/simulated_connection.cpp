@@ -11,6 +11,24 @@ QString CSimulatedConnection::SwitchFault(const QString& name) {
     return error;
 }
 
+const ParameterDescription* CSimulatedConnection::FindParameter(DriveSide side, quint16 reg) {
+    const CRegisterFile* registers = FindRegisters(side);
+    return registers ? registers->FindDescription(reg) : nullptr;
+}
+
+std::optional<quint16> CSimulatedConnection::PeekWord(DriveSide side, quint16 reg) {
+    const CRegisterFile* registers = FindRegisters(side);
+    return registers ? std::optional(registers->GetWord(reg)) : std::nullopt;
+}
+
+QString CSimulatedConnection::PokeWord(DriveSide side, quint16 reg, quint16 word) {
+    CRegisterFile* registers = FindRegisters(side);
+    if (!registers)
+        return QStringLiteral("the drive has no partner: see --drive sim,partner=MOTOR");
+    registers->SetWord(reg, word);
+    return {};
+}
+
 QString CSimulatedConnection::SetTerminal(const Terminal& terminal, double value) {
     return m_drive->GetDrive().SetTerminal(terminal, value) ? QString()
                                                             : QStringLiteral("an output gives what it gives");

@@ -8,6 +8,7 @@ namespace krt550 {
 namespace {
 
 constexpr int kMostUnit = 247;
+constexpr int kMostSpeed = 1000;
 
 struct OptionDef {
     const char* name;
@@ -22,6 +23,7 @@ constexpr OptionDef kOptions[] = {
     {"unit", "N", "the drive's unit, 1 to 247 (default: 1)"},
     {"parameters", "FILE", "description of the drive's parameters"},
     {"macros", "FILE", "the drive's application macros (default: beside its parameters)"},
+    {"speed", "N", "let the drive's time run N times faster, 1 to 1000; so must its host's"},
     {"map", nullptr, "print the register map"},
     {"help", nullptr, "show this text"},
     {"version", nullptr, "show the version"},
@@ -86,6 +88,11 @@ QString TakeValues(const QCommandLineParser& parser, ServerOptions& options) {
         if (number < 1 || number > kMostUnit)
             return QStringLiteral("--unit \"%1\" is not a number from 1 to %2").arg(unit).arg(kMostUnit);
         options.unit = static_cast<quint8>(number);
+    }
+    if (const QString speed = parser.value(QStringLiteral("speed")); !speed.isEmpty()) {
+        options.speed = speed.toInt();
+        if (options.speed < 1 || options.speed > kMostSpeed)
+            return QStringLiteral("--speed \"%1\" is not a number from 1 to %2").arg(speed).arg(kMostSpeed);
     }
     const QString complaint = TakeLine(parser, options);
     return complaint.isEmpty() ? TakeDrive(parser, options) : complaint;

@@ -23,6 +23,7 @@ struct ServerOptions {
     quint16 port = 0;
     std::optional<SerialLine> line; ///< otherwise TCP
     quint8 unit = 1;
+    int speed = 1;
 };
 
 /// Reads the arguments, the program's name first.

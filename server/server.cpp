@@ -1,6 +1,7 @@
 #include "server/server.h"
 
 #include "drive/named_drive.h"
+#include "hostlib/tolvbo32/scaled_clock.h"
 #include "server/ending.h"
 #include "server/options.h"
 #include "server/rtu_server.h"
@@ -110,6 +111,8 @@ int RunServer(int argc, char** argv) {
     if (!files)
         return Complain(errors.join(QLatin1Char('\n')));
     QString error;
+    CScaledClock clock(CClock::Current(), options.speed);
+    const ClockScope scope(clock);
     const auto drive = MakeNamedDrive(options.drive, *std::move(files), {}, error);
     return drive ? Serve(*drive, options) : Complain(error);
 }

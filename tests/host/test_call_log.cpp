@@ -1,7 +1,7 @@
 #include "host/call_log.h"
 #include "host/logged_drive.h"
 #include "host/logged_link.h"
-#include "host/scaled_clock.h"
+#include "hostlib/tolvbo32/scaled_clock.h"
 #include "tests/support/batching_link.h"
 #include "tests/support/fake_drive.h"
 

@@ -7,6 +7,7 @@
 #include "wizard/motor/motor_state.h"
 #include "wizard/motor/standstill.h"
 #include "wizard/params/cyclic_update.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/message_queue.h"
 #include "wizard/platform/modal_frame.h"
@@ -179,6 +180,7 @@ bool CMotorRun::MakeSafe(ServiceModeEnd modeEnd, bool keepsControl) {
 void CMotorRun::Tell() {
     {
         const BoxHold afterwards;
+        const FailurePass pass; // a link that was lost has hit whatever was read then
         for (const CParameter* parameter : std::exchange(m_unread, {}))
             ShowLastError(parameter);
     }
