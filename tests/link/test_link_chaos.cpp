@@ -50,7 +50,7 @@ public:
         mending.start(20);
         SetStepState(m_procedure.step, StepState::NotChosen);
         m_host->ResetFault(); // that the drive's supervision may have left
-        RunWizardWith(*m_host, m_procedure.act);
+        RunWizardWith(*m_host, [this] { m_procedure.Do(); });
         texts = clerk.texts;
         EXPECT_EQ(Robot::Front(), nullptr);
     }
