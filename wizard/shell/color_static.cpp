@@ -92,6 +92,10 @@ void CColorStatic::paintEvent(QPaintEvent*) {
     const QRect textRect = fontMetrics().boundingRect(contentsRect(), int(alignment()), text());
     if (colors.behindText)
         painter.fillRect(textRect, *colors.behindText);
+    if (m_look == kInverted) { // in a dark window black alone would not be seen
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawRect(textRect.adjusted(0, 0, -1, -1));
+    }
     painter.setPen(colors.text);
     painter.drawText(contentsRect(), int(alignment()), text());
 }
