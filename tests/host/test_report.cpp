@@ -88,7 +88,8 @@ TEST_F(Report, ADiskThatFillsUpIsToldOnceAndTheRunGoesOn) {
     EXPECT_TRUE(m_tool.errors.contains(QLatin1String("cannot be written"))) << m_tool.errors.toStdString();
     EXPECT_TRUE(m_tool.output.contains(QLatin1String("RunWizard returned 0")));
     m_tool.process.setChildProcessModifier({});
-    EXPECT_TRUE(Html().contains(QLatin1String("Session 1 has no end")));
+    // What came later may still have found room.
+    EXPECT_TRUE(Html().contains(QRegularExpression(QStringLiteral("Session 1 has no end|session 1 lacks"))));
 }
 
 TEST_F(Report, APersonsSessionIsRecordedUnlessNotWanted) {
