@@ -7,8 +7,6 @@
 namespace krt550 {
 namespace {
 
-constexpr quint16 kRemoteOn = control::kByOverridingControl | control::kIdle | control::kOn;
-constexpr quint16 kRemoteRun = kRemoteOn | control::kRun;
 constexpr double kFollows = 25; ///< a motor follows its reference so far behind [rpm]
 
 class SimulatedDriveTest : public testing::Test {
@@ -23,7 +21,6 @@ protected:
         m_clock.Sleep(static_cast<qint64>(seconds * 1000));
         m_drive.Advance();
     }
-    void Remote(quint16 word) { ASSERT_TRUE(m_drive.WriteRegister(reg::kControlWord, word)); }
     /// Local control, contactor closed, motor started.
     void Run(double rpm) {
         ASSERT_TRUE(m_drive.TakeLocalControl());
@@ -101,90 +98,6 @@ TEST_F(SimulatedDriveTest, ReferenceStaysWithinTheSpeedLimits) {
     EXPECT_EQ(m_drive.GetSpeedReference(), 1200) << "limits that come closer hold at once";
 }
 
-TEST_F(SimulatedDriveTest, OverridingControlRunsTheDriveByItsControlWord) {
-    m_drive.GetRegisters().SetNumber(reg::kRemoteReference, 300);
-    Remote(control::kIdle | control::kOn | control::kRun);
-    Seconds(5);
-    EXPECT_EQ(Speed(), 0) << "the word does not count without its control bit";
-    Remote(kRemoteRun & ~control::kOn);
-    Remote(kRemoteRun);
-    Seconds(5);
-    EXPECT_NEAR(Speed(), 300, 1);
-    EXPECT_EQ(m_drive.GetRegisters().GetWord(reg::kUsedControlWord), kRemoteRun);
-    EXPECT_NE(Status() & (status::kReadyToOperate | status::kOperationEnabled), 0);
-
-    Remote(kRemoteRun & ~control::kUnfreezeRamp);
-    m_drive.GetRegisters().SetNumber(reg::kRemoteReference, 900);
-    Seconds(5);
-    EXPECT_NEAR(Speed(), 300, 1) << "frozen";
-    Remote(kRemoteRun & ~control::kEnableSetpoint);
-    Seconds(0.5);
-    EXPECT_NEAR(Speed(), 150, kFollows) << "ramps to 0";
-    Remote(kRemoteRun & ~control::kEnableRamp);
-    Seconds(0.2);
-    EXPECT_NEAR(Speed(), 0, kFollows) << "as fast as the current limit lets it";
-}
-
-TEST_F(SimulatedDriveTest, CoastAndQuickStopDifferInTheirWayToStandstill) {
-    m_drive.GetRegisters().SetNumber(reg::kRemoteReference, 1500);
-    const struct {
-        quint16 bit;
-        double speedAfterHalfASecond;
-        bool contactor;
-    } cases[] = {{control::kNoCoastStop, 1300, false}, {control::kNoQuickStop, 850, true}};
-    for (const auto& c : cases) {
-        Remote(kRemoteOn & ~control::kOn);
-        Remote(kRemoteRun);
-        Seconds(30);
-        ASSERT_NEAR(Speed(), 1500, 1);
-        Remote(kRemoteRun & ~c.bit);
-        Seconds(0.5);
-        EXPECT_NEAR(Speed(), c.speedAfterHalfASecond, 50);
-        EXPECT_EQ(m_drive.IsContactorClosed(), c.contactor);
-        Seconds(30);
-        Remote(kRemoteRun);
-        Seconds(1);
-        EXPECT_EQ(Speed(), 0) << "the on command must go back first";
-        EXPECT_NE(Status() & status::kInhibited, 0);
-    }
-}
-
-TEST_F(SimulatedDriveTest, LocalControlTakesOverWithoutAJerkAndGivesBackWithAStop) {
-    m_drive.GetRegisters().SetNumber(reg::kRemoteReference, 600);
-    ASSERT_TRUE(m_drive.TakeLocalControl());
-    EXPECT_EQ(m_drive.GetSpeedReference(), 0) << "an idle drive gets no reference from elsewhere";
-    ASSERT_TRUE(m_drive.ReleaseLocalControl());
-    Remote(kRemoteOn & ~control::kOn);
-    Remote(kRemoteRun);
-    Seconds(10);
-    ASSERT_TRUE(m_drive.TakeLocalControl());
-    EXPECT_EQ(Status() & status::kControlRequested, 0);
-    Seconds(5);
-    EXPECT_NEAR(Speed(), 600, 1);
-
-    Remote(0);
-    Seconds(5);
-    EXPECT_NEAR(Speed(), 600, 1) << "the overriding control has nothing to say now";
-    ASSERT_TRUE(m_drive.ReleaseLocalControl());
-    Seconds(5);
-    EXPECT_TRUE(m_drive.IsStopped());
-    EXPECT_FALSE(m_drive.IsContactorClosed());
-}
-
-TEST_F(SimulatedDriveTest, OtherControlPlaceTakesTheDriveAway) {
-    Run(1000);
-    Seconds(10);
-    m_drive.SetOtherControl(true);
-    EXPECT_FALSE(m_drive.StopMotor());
-    EXPECT_EQ(Error(), "Another control place holds the drive.");
-    EXPECT_FALSE(m_drive.TakeLocalControl());
-    Seconds(10);
-    EXPECT_TRUE(m_drive.IsStopped()) << "nobody commands the motor any more";
-    m_drive.SetOtherControl(false);
-    EXPECT_EQ(m_drive.GetControlPlace(), ControlPlace::Remote) << "what was taken away does not come back";
-    EXPECT_TRUE(m_drive.TakeLocalControl());
-}
-
 TEST_F(SimulatedDriveTest, TripCoastsAndIsRememberedUntilItIsReset) {
     Run(900);
     Seconds(10);
@@ -204,17 +117,6 @@ TEST_F(SimulatedDriveTest, TripCoastsAndIsRememberedUntilItIsReset) {
     EXPECT_FALSE(m_drive.CloseContactor());
     EXPECT_NE(Error().find("inhibited"), std::string::npos);
     EXPECT_TRUE(m_drive.OpenContactor() && m_drive.CloseContactor());
-}
-
-TEST_F(SimulatedDriveTest, OverridingControlAcknowledgesWithARisingEdge) {
-    Remote(kRemoteOn & ~control::kOn);
-    Remote(kRemoteOn | control::kAcknowledge);
-    m_drive.Trip(kFaultExternal);
-    EXPECT_EQ(m_drive.GetFaults().GetActive(), kFaultExternal);
-    Remote(kRemoteOn);
-    EXPECT_EQ(m_drive.GetFaults().GetActive(), kFaultExternal);
-    Remote(kRemoteOn | control::kAcknowledge);
-    EXPECT_EQ(m_drive.GetFaults().GetActive(), 0);
 }
 
 TEST_F(SimulatedDriveTest, WhatDoesNotSwitchFailsTheCommandAndThenTrips) {
@@ -241,24 +143,6 @@ TEST_F(SimulatedDriveTest, WhatDoesNotSwitchFailsTheCommandAndThenTrips) {
     EXPECT_TRUE(m_drive.IsContactorClosed());
     Seconds(2);
     EXPECT_EQ(m_drive.GetFaults().GetActive(), kFaultMainContactor);
-}
-
-TEST(SimulatedDriveClock, AClockThatStartsAnewDoesNotTurnTimeBack) {
-    CSteppedClock first;
-    first.Sleep(1000000);
-    ClockScope firstScope(first);
-    CSimulatedDrive drive({}); // works without a register, too
-    drive.TakeLocalControl();
-    drive.SetSpeedReference(1000);
-    drive.CloseContactor();
-    drive.StartMotor();
-    CSteppedClock second;
-    const ClockScope secondScope(second);
-    drive.Advance();
-    EXPECT_EQ(drive.GetSpeed(), 0);
-    second.Sleep(60000);
-    drive.Advance();
-    EXPECT_NEAR(drive.GetSpeed(), 1000, 1);
 }
 
 } // namespace
