@@ -119,31 +119,6 @@ TEST_F(DigitalSettings, ShowsTheDriveAndAQuestionMarkUntilApply) {
     });
 }
 
-TEST_F(DigitalSettings, HasABasicAndAnAdvancedView) {
-    WiringDrive drive;
-    Run(drive, [&] {
-        const auto expectView = [&](bool basic) {
-            EXPECT_EQ(Robot::Text(kViewButton), basic ? "Advanced" : "Basic");
-            for (const int id :
-                 {DigitalId(DigitalGroup::Outputs, kDigitalIndexHeading),
-                  DigitalId(DigitalGroup::Outputs, kDigitalBitHeading), Out(1, kDigitalIndex), Out(8, kDigitalBit)})
-                EXPECT_EQ(Robot::Find(id) != nullptr, !basic) << id;
-            EXPECT_EQ(Robot::Find(Out(8, kDigitalChoice)) != nullptr, basic);
-        };
-        expectView(true);
-        Robot::Press(kViewButton);
-        expectView(false);
-        EXPECT_EQ(Robot::Text(Out(2, kDigitalIndex)) + '.' + Robot::Text(Out(2, kDigitalBit)), "802.1");
-        Robot::Type(Out(3, kDigitalIndex), "-801");
-        Robot::Type(Out(3, kDigitalBit), "3");
-        EXPECT_EQ(Robot::Text(Out(3, kDigitalIndex)), "801");
-        Robot::Press(kViewButton);
-        expectView(true);
-        EXPECT_EQ(Robot::Text(Out(3, kDigitalChoice)), "801, 3 Fault");
-        EXPECT_TRUE(qobject_cast<QAbstractButton*>(Robot::Control(Out(3, kDigitalInvert)))->isChecked());
-    });
-}
-
 // An output never carries a mixture of the old and the new source.
 TEST_F(DigitalSettings, ASourceIsWrittenAsAWholeOrNotAtAll) {
     const struct {
@@ -218,19 +193,6 @@ TEST_F(DigitalSettings, AFailedRefreshIsToldOnceAndApplyStartsItAgain) {
         Robot::Press(kIdApply);
         drive.words[805] = 2;
         EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(In(2, kDigitalStatus)) == "1"; }));
-    });
-}
-
-TEST_F(DigitalSettings, EveryOtherLineStandsOnABand) {
-    WiringDrive drive;
-    Run(drive, [&] {
-        for (int number = 1; number <= kDigitalTerminals; ++number)
-            for (const int id : {In(number, kDigitalName), In(number, kDigitalConnection), In(number, kDigitalStatus),
-                                 Out(number, kDigitalName), Out(number, kDigitalStatus), In(number, kDigitalInvert),
-                                 Out(number, kDigitalInvert)}) {
-                const QColor at = Robot::Control(id)->grab().toImage().pixelColor(1, 1);
-                EXPECT_EQ(at == kLightGrey, number % 2 != 0) << id << ' ' << at.name().toStdString();
-            }
     });
 }
 

@@ -158,25 +158,6 @@ TEST_F(SpeedFeedback, FinishIsOneAlsoWhileTheMotorRunsDown) {
     }
 }
 
-TEST_F(SpeedFeedback, FineTuningIsFinishedByEveryButtonThatLeavesThePage) {
-    for (const int button : {kNext, kBack, kCancel}) {
-        SetStepState(5, StepState::NotChosen);
-        OnPage([&] {
-            m_drive.onTuning = [&](int look) {
-                if (look != 2)
-                    return;
-                m_boxes.Expect(kFinished);
-                QTimer::singleShot(0, qApp, [&] { Robot::Press(button); });
-            };
-            FineTune();
-            m_boxes.Verify();
-            EXPECT_EQ(Robot::Layout(), 107) << button;
-        });
-        ExpectSafe();
-        EXPECT_EQ(m_drive.TakeLog({"stop motor"}).count(), 2) << button << ": after the test, then at the end";
-    }
-}
-
 TEST_F(SpeedFeedback, FailuresOfTheTestStopTheMotorBeforeTheyAreTold) {
     const QStringList report = {"read 911", "read fault buffer", "write 9906=0"};
     const QString refused = "Writing parameter 99.06 Service mode failed: simulated failure";

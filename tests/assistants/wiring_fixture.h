@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hostlib/tolvbo32/clock.h"
 #include "tests/support/fake_drive.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/robot.h"
@@ -173,6 +174,8 @@ protected:
         }
     }
 
+    CSteppedClock m_clock; // or a slow machine would come to an update too early
+    ClockScope m_clockScope{m_clock};
     CModuleResources m_resources;
     ResourceScope m_scope{m_resources};
     MessageBoxes m_boxes;

@@ -161,19 +161,6 @@ TEST_F(Dialog, ShowsLongTextsToReadOnlyAndKeepsItsTimersUntilOnDestroy) {
     EXPECT_TRUE(m_dialog.timerLivedInOnDestroy);
 }
 
-TEST_F(Dialog, HasNamesAndPlainDescriptionsForScreenReaders) {
-    m_dialog.Create();
-    EXPECT_EQ(Accessible(Item(TestResources::kList)).text(QAccessible::Name), "Connections");
-    EXPECT_EQ(Accessible(Item(TestResources::kText)).text(QAccessible::Name), "Help");
-    EXPECT_EQ(Accessible(Item(TestResources::kClose)).text(QAccessible::Name), "< Close");
-    SetToolTip(Item(TestResources::kLabel), "Wired < 24 V");
-    for (const int id : {TestResources::kLabel, TestResources::kList})
-        EXPECT_EQ(Accessible(Item(id)).text(QAccessible::Description), "Wired < 24 V") << id;
-    EXPECT_TRUE(Item(TestResources::kLabel)->toolTip().contains("Wired &lt; 24 V")) << "one that wraps";
-    SetToolTip(Item(TestResources::kLabel), "");
-    EXPECT_EQ(Item(TestResources::kLabel)->toolTip(), "");
-}
-
 TEST_F(Dialog, OpensAtAControlAndStaysOnItsScreen) {
     QWidget owner;
     QWidget button(&owner);
