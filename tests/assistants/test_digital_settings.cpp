@@ -193,6 +193,12 @@ TEST_F(DigitalSettings, AFailedRefreshIsToldOnceAndApplyStartsItAgain) {
         Robot::Press(kIdApply);
         drive.words[805] = 2;
         EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(In(2, kDigitalStatus)) == "1"; }));
+        drive.unreadable = {1403};
+        m_boxes.Expect("Error while uploading AO parameter");
+        m_boxes.Expect("Reading parameter 14.03*");
+        Robot::Press(kIdApply);
+        EXPECT_FALSE(qobject_cast<QAbstractButton*>(Robot::Control(Out(2, kDigitalInvert)))->isChecked())
+            << "not known";
     });
 }
 

@@ -124,9 +124,10 @@ TEST_F(SpeedFeedback, FineTuningTakesTheHandHeldSpeedUntilFinish) {
     });
 }
 
-// The motor takes its time to stand; somebody presses Finish again meanwhile, or Cancel, which has the last word.
+// The motor takes its time to stand; somebody presses Finish again meanwhile, or wants to the next page, which has to
+// wait, or Cancel, which has the last word.
 TEST_F(SpeedFeedback, FinishIsOneAlsoWhileTheMotorRunsDown) {
-    for (const int pressed : {int(kIdAutotuningStart), kCancel}) {
+    for (const int pressed : {int(kIdAutotuningStart), kNext, kCancel}) {
         const bool cancelled = pressed == kCancel;
         SetStepState(5, StepState::NotChosen);
         OnPage([&] {

@@ -146,8 +146,10 @@ TEST_F(Dialog, TicksAreToldWhenAPersonMakesThem) {
 }
 
 TEST_F(Dialog, ShowsLongTextsToReadOnlyAndKeepsItsTimersUntilOnDestroy) {
-    Run([this] {
+    int other = 0;
+    Run([&] {
         m_dialog.timer = m_dialog.SetTimer(1, 1000);
+        other = m_dialog.SetTimer(2, 1000);
         QWidget* text = Item(TestResources::kText);
         SetControlText(text, "First line\nSecond line");
         EXPECT_EQ(m_dialog.TakeEvents(), "text;");
@@ -159,6 +161,7 @@ TEST_F(Dialog, ShowsLongTextsToReadOnlyAndKeepsItsTimersUntilOnDestroy) {
         EXPECT_EQ(QApplication::focusWidget(), Item(TestResources::kEdit));
     });
     EXPECT_TRUE(m_dialog.timerLivedInOnDestroy);
+    EXPECT_FALSE(m_dialog.KillTimer(other)) << "dead since";
 }
 
 TEST_F(Dialog, OpensAtAControlAndStaysOnItsScreen) {
