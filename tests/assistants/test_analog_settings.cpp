@@ -200,5 +200,44 @@ TEST_F(AnalogSettings, WhatTheDriveLacksIsDisabledAndOnlyToldWithAFailure) {
     }
 }
 
+TEST_F(AnalogSettings, AFailedRefreshStopsTheTimerAndIsToldOnce) {
+    const auto fails = [this]<class Dialog>(Dialog*, quint16 reg, const QString& box) {
+        WiringDrive drive;
+        drive.words[2503] = 4;
+        Run<Dialog>(drive, [&] {
+            ASSERT_TRUE(WaitForRefresh(drive));
+            drive.unreadable = {reg};
+            m_boxes.Expect(box);
+            m_boxes.Expect("Error while updating parameters\n Stopping parameter update.")
+                .WithIcon(QMessageBox::Critical);
+            const auto count = m_boxes.Seen().size() + 2;
+            EXPECT_TRUE(Robot::WaitUntil([&] { return m_boxes.Seen().size() == count && !IsUpdatePassOn(); })) << reg;
+            drive.TakeLog();
+            Robot::LetPass(40);
+            EXPECT_EQ(drive.TakeLog(), QStringList()) << reg;
+        });
+    };
+    for (const quint16 reg : {quint16(229), quint16(503)}) // the scale, terminals
+        fails(static_cast<CDialogAISettings*>(nullptr), reg, QStringLiteral("Reading parameter %1*").arg(reg / 100));
+    fails(static_cast<CDialogAOSettings*>(nullptr), 512, "Reading parameter 5*");
+}
+
+TEST_F(AnalogSettings, WithoutARootNothingIsShownAndNothingCanBeTyped) {
+    WiringDrive drive;
+    drive.hasRoot = false;
+    const auto look = [](const std::vector<int>& ids) {
+        return [ids] {
+            for (const int id : ids)
+                EXPECT_FALSE(Robot::IsEnabled(id)) << id;
+            Robot::Press(kIdCloseDialog);
+        };
+    };
+    EXPECT_EQ(Run<CDialogAISettings>(drive, look({ValueId(1301), ValueId(1303), ChannelId(1, kChannelEdit), kIdApply})),
+              kIdCloseDialog);
+    EXPECT_EQ(Run<CDialogAOSettings>(drive, look({ValueId(1504), ChannelId(2, kChannelChoice), kIdApply})),
+              kIdCloseDialog);
+    EXPECT_EQ(drive.TakeLog(), QStringList());
+}
+
 } // namespace
 } // namespace krt550

@@ -18,12 +18,13 @@ inline CMacroTable ShippedMacros() {
 /// "|" between them: what is done, ":", what is there afterwards.
 ///
 /// Done are "DI7=on AI1=5" at the terminals, "701=1151" as a raw word over the link
-/// ("!9907=1": it is refused), "exciter=external50", "slave=parallel", "macro=3" loaded after others, "local=on" and
-/// "off", "partner" (the drive at the other end of the drive-to-drive link, from then on), "partner9401=1" in it,
-/// "plc2=10000" from the PLC, fault modes, and "2.5s": so much time passes. A step that only looks comes 5 s later.
+/// ("!9907=1": it is refused), "exciter=external50", "slave=parallel", "macro=3" loaded after others, "local=on",
+/// "off", "ref=900", "close", "start", "stop", "open" and "reset" by the tool ("!start": it is refused), "partner" (the
+/// drive at the other end of the drive-to-drive link, from then on), "partner9401=1" in it, "plc2=10000" from the PLC,
+/// fault modes until "repaired", and "2.5s": so much time passes. A step that only looks comes 5 s later.
 ///
-/// Looked at are registers in shown units, outputs, "partner104", "plc2". "~12" is how far off a value may be, which
-/// is 2 % or 0.5 otherwise.
+/// Looked at are registers in shown units, outputs, "partner104", "plc2", and "why=too_fast", why the last was refused.
+/// "~12" is how far off a value may be, which is 2 % or 0.5 otherwise.
 class ScriptedDrive : public WholeDrive {
 public:
     explicit ScriptedDrive(const MotorSet& motor = DefaultMotorSet()) : WholeDrive(motor) { Prepare(Drive()); }
@@ -52,10 +53,12 @@ public:
     void Do(const QString& word) {
         const QString name = word.section(u'=', 0, 0), value = word.section(u'=', 1);
         const auto number = static_cast<quint16>(value.toInt());
-        if (word == QLatin1String("partner"))
+        if (const std::optional<bool> done = Command(word.mid(word.startsWith(u'!') ? 1 : 0)))
+            EXPECT_NE(*done, word.startsWith(u'!')) << Drive().GetLastError().toStdString();
+        else if (word == QLatin1String("partner"))
             AddPartner();
-        else if (name == QLatin1String("local"))
-            EXPECT_TRUE(value == QLatin1String("on") ? Drive().TakeLocalControl() : Drive().ReleaseLocalControl());
+        else if (word == QLatin1String("repaired"))
+            Repair();
         else if (name == QLatin1String("macro"))
             LoadMacro(number);
         else if (name == QLatin1String("exciter"))
@@ -80,6 +83,19 @@ public:
     }
 
 private:
+    /// What the tool commands; whether the drive does it.
+    std::optional<bool> Command(const QString& word) {
+        CSimulatedDrive& drive = Drive();
+        const std::map<QString, bool (CSimulatedDrive::*)()> commands = {
+            {"local=on", &CSimulatedDrive::TakeLocalControl}, {"local=off", &CSimulatedDrive::ReleaseLocalControl},
+            {"close", &CSimulatedDrive::CloseContactor},      {"open", &CSimulatedDrive::OpenContactor},
+            {"start", &CSimulatedDrive::StartMotor},          {"stop", &CSimulatedDrive::StopMotor},
+            {"reset", &CSimulatedDrive::ResetFault}};
+        if (word.startsWith(QLatin1String("ref=")))
+            return drive.SetSpeedReference(word.mid(4).toDouble());
+        const auto command = commands.find(word);
+        return command == commands.end() ? std::nullopt : std::optional((drive.*command->second)());
+    }
     static QString Spelt(const QString& script) {
         static const QMap<QString, QString> kShortForms = {
             {"run", "DI7=on DI8=on AI1=5"},
@@ -119,6 +135,11 @@ private:
     void Expect(const QString& look) {
         const QString name = look.section(u'=', 0, 0), value = look.section(u'=', 1).section(u'~', 0, 0);
         const QString slack = look.section(u'~', 1);
+        if (name == QLatin1String("why")) {
+            EXPECT_TRUE(Drive().GetLastError().contains(QString(value).replace(u'_', u' ')))
+                << Drive().GetLastError().toStdString();
+            return;
+        }
         const double wanted = value.toDouble();
         EXPECT_NEAR(Look(name), wanted, slack.isEmpty() ? std::max(0.5, std::abs(wanted) * 0.02) : slack.toDouble())
             << look.toStdString();

@@ -99,6 +99,27 @@ const Script kControlWords[] = {
      "1001=1 2301=600 1101=5 701=1030 701=1151 8s local=on : 104=600 | 701=1024 : 104=600 | local=off : 104=0 DO3=0"},
 };
 
+const Script kTool[] = {
+    {"RunsUpAndDown",
+     "0s : 801=561~0 | local=on ref=1500 close start 6s : 104=1500 217=1500 102=1500~50 801=1335~0 | "
+     "stop 5s : 104=0 DO3=1 | start 5s : 104=1500 | open 1s : DO3=1 | 5s : 104=0 DO3=0 | close : 104=0 DO3=1"},
+    {"NeedsLocalControlAndItsOrder",
+     "!close !open !start !stop !local=off 0s : why=Take_local_control_of_the_drive_first. | "
+     "local=on !start 0s : why=Close_the_main_contactor_first. | ref=500 close : 104=0"},
+    {"ReferenceStaysWithinTheLimits",
+     "2002=2000 2001=-1500 local=on !ref=2000.1 !ref=nan !ref=inf 0s : why=speed_limits | "
+     "!ref=-1500.1 0s : why=speed_limits | ref=-1500 ref=2000 2002=1200 close start : 104=1200"},
+    {"TripCoastsUntilItIsReset",
+     "local=on ref=900 close start : 104=900 | trip:104 1s : 104=625~225 DO3=0 910=104 901=8 | "
+     "!close 0s : why=fault_104_(field_current_lost) | !reset repaired 0s : 901=8 | "
+     "reset !close 0s : 901=0 why=inhibited | open close"},
+    {"ContactorThatIsStuckOrWelded",
+     "local=on contactor-stuck !close 0s : why=The_main_contactor_does_not_close. | !start 0.5s : 910=0 | 1s : 910=108 "
+     "| "
+     "repaired reset open close start-refused !start 0s : why=interlock | "
+     "contactor-welded !open 0s : why=The_main_contactor_does_not_open. | 0s : DO3=1 | 2s : 901=128"},
+};
+
 const Script kMacros[] = {
     // 701=1030: the fieldbus in control, off; 701=1151: on and run
     {"Standard",
@@ -137,6 +158,7 @@ TEST_P(Scripts, DriveDoesAsItsParametersSay) {
 
 INSTANTIATE_TEST_SUITE_P(Terminals, Scripts, testing::ValuesIn(kTerminals), NameOf);
 INSTANTIATE_TEST_SUITE_P(ControlWords, Scripts, testing::ValuesIn(kControlWords), NameOf);
+INSTANTIATE_TEST_SUITE_P(Tool, Scripts, testing::ValuesIn(kTool), NameOf);
 INSTANTIATE_TEST_SUITE_P(Macros, Scripts, testing::ValuesIn(kMacros), NameOf);
 
 /// An open stop wins over local control and ends a run as failed.

@@ -2,6 +2,7 @@
 
 #include "hostlib/tolvbo32/parameter.h"
 #include "wizard/params/failure_pass.h"
+#include "wizard/params/preset_controls.h"
 
 namespace krt550 {
 namespace {
@@ -196,6 +197,35 @@ TEST_F(Rows, StartTheUpdateWhenTheTableSaysSo) {
             starts += table.StartsUpdate(bound, missing) ? '1' : '0';
         EXPECT_EQ(starts, expected);
     }
+}
+
+/// A window whose row 201 has a preset.
+class CPresetWindow : public CWindow, public CPresetOwner {
+public:
+    CPresetWindow() : CWindow(1) {}
+    void SetAllToPresets() override {}
+
+protected:
+    QWidget* CreateControl(const ControlLayout& control) override {
+        return control.id == ValueId(201) ? new CPresetComboBox(this) : nullptr;
+    }
+};
+
+TEST_F(Rows, KeepTheirValueWhenAPresetIsRefused) {
+    CPresetWindow window;
+    ASSERT_TRUE(window.Create());
+    CRowTable rows{window, kRows, TextSource::ConfigurableFile};
+    EXPECT_TRUE(rows.Bind(&m_drive.Root(), errors));
+    auto* list = window.GetControl<CPresetComboBox>(ValueId(201));
+    list->SetParameter(m_drive.Root().FindChildByRegister("201"));
+    list->SetPreset("8");
+    m_boxes.Expect("Parameter 2.01 Switch: 8 is not one of its values.");
+    list->ChangeToPreset();
+    EXPECT_EQ(list->currentText(), "Slow");
+    list->clear();
+    list->SetPreset("2");
+    m_boxes.Expect("Parameter 201 valuelist not found from drive.\n\nUnable to use the specified parameter.");
+    list->ChangeToPreset();
 }
 
 } // namespace
