@@ -13,7 +13,6 @@ constexpr int In(int number, DigitalControl control) {
 constexpr int Out(int number, DigitalControl control) {
     return DigitalId(DigitalGroup::Outputs, number, control);
 }
-constexpr int kViewButton = DigitalId(DigitalGroup::Outputs, kDigitalView);
 
 class DigitalSettings : public WiringFixture {
 protected:
@@ -112,6 +111,10 @@ TEST_F(DigitalSettings, ShowsTheDriveAndAQuestionMarkUntilApply) {
         Robot::Press(kIdApply);
         EXPECT_EQ(Texts(In, kDigitalConnection), "-|Multiple connections|-|-|-|-|-|-");
         EXPECT_EQ(Texts(In, kDigitalStatus), "1|0|0|1|0|0|0|0");
+        Robot::Press(DigitalId(DigitalGroup::Outputs, kDigitalView));
+        Robot::Type(Out(3, kDigitalIndex), "-801");
+        EXPECT_EQ(Robot::Text(Out(3, kDigitalIndex)), "801");
+        EXPECT_TRUE(qobject_cast<QAbstractButton*>(Robot::Control(Out(3, kDigitalInvert)))->isChecked());
         InPicker("DI3", [&] {
             EXPECT_TRUE(Item("On").toolTip().contains("Now connected to DI2"));
             EXPECT_EQ(Item("Jog").toolTip(), "");

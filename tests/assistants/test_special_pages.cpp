@@ -117,6 +117,17 @@ TEST_F(SpecialPages, WorkWithoutWhatTheDriveLacks) {
     }
 }
 
+TEST_F(SpecialPages, TabTellsOnceOfAllThatTheDriveLacks) {
+    OnPage(k12Pulse,
+           [this] {
+               m_boxes.Expect("- Parameter 4703 not found*");
+               Robot::ShowTab(1);
+               EXPECT_FALSE(Robot::IsEnabled(ValueId(4703)) || Robot::IsEnabled(ValueId(9719)));
+               EXPECT_TRUE(Robot::IsEnabled(ValueId(4702)));
+           },
+           {4703, 9719});
+}
+
 QString HintsOfEStop() {
     QString hints = Robot::IsEnabled(733) ? "" : "- ";
     for (const int id : {733, 957, 958, 961, 962})

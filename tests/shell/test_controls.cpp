@@ -27,5 +27,14 @@ TEST(StripBitmapButton, GrowsWithTheFontAsTheDigitsDo) {
     }
 }
 
+TEST(ColorStatic, IsGreyAgainWhenItIsNoLongerInverted) {
+    CColorStatic status;
+    status.SetLook(StaticLook::Grey);
+    status.SetInverted(true);
+    EXPECT_EQ(status.GetColors().behindText, QColor(Qt::black));
+    status.SetInverted(false);
+    EXPECT_EQ(status.GetColors().behindRest, QColor(192, 192, 192)) << "not plain";
+}
+
 } // namespace
 } // namespace krt550
