@@ -170,19 +170,6 @@ TEST_P(Autotuning, TellsOfAFailureOnceTheDriveIsSafe) {
          {refused},
          launched.mid(0, Permission().size() + 1) + EndMode() + QStringList{"read 9906"},
          true},
-        {"local control refused after the permission",
-         [this] {
-             m_drive.onCall = [this](const QString& call) {
-                 if (call.startsWith("write 9906="))
-                     m_drive.grantsLocalControl = false;
-             };
-         },
-         {},
-         launched.mid(0, Permission().size() + 3) + EndMode()},
-        {"no answer",
-         [this] { m_drive.onLook = [this](int) { m_drive.unreadable = {424}; }; },
-         {"Reading parameter *"},
-         launched + Looks(1) + EndMode() + Stop()},
         {"no end",
          [this] { m_drive.looksUntilDone = 0; },
          {},
@@ -190,8 +177,6 @@ TEST_P(Autotuning, TellsOfAFailureOnceTheDriveIsSafe) {
     };
     m_drive.faultBufferError = 0;
     for (const auto& c : cases) {
-        if (!GetParam().showsProgress && QLatin1String(c.name) == QLatin1String("no answer"))
-            continue;
         SCOPED_TRACE(c.name);
         OnPage([&] {
             c.prepare();
@@ -206,11 +191,7 @@ TEST_P(Autotuning, TellsOfAFailureOnceTheDriveIsSafe) {
             EXPECT_EQ(m_drive.TakeLog(), c.log + Report());
             EXPECT_LE(m_clock.Now() - before, 200 + 5001 * 50);
             ExpectIdle();
-            m_drive.unreadable.clear();
             m_drive.unwritable.clear();
-            m_drive.onCall = {};
-            m_drive.onLook = {};
-            m_drive.grantsLocalControl = true;
         });
     }
 }

@@ -10,7 +10,7 @@ namespace {
 class AutotuningPages : public TuningFixture<TuningDrive> {
 protected:
     // Step 3 starts with an exciter chosen, step 7 with field weakening, step 4 always.
-    AutotuningPages() : TuningFixture(PageFiles()) {}
+    AutotuningPages() : TuningFixture(PageFiles().WizardPath()) {}
 };
 
 TEST_F(AutotuningPages, DisableStartWhenTheConditionCannotBeRead) {

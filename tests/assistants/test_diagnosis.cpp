@@ -151,39 +151,6 @@ TEST_F(Diagnosis, FetchesTheRecordOfADriveWithoutServiceMode) {
     EXPECT_EQ(drive.TakeLog(), QStringList({"read fault buffer", "read fault buffer"}));
 }
 
-TEST_F(Diagnosis, KnowsAnActiveFaultCode) {
-    for (const auto& [size, code, active] : {std::tuple{74, 1, true},
-                                             {74, 3999, true},
-                                             {22, 500, true},
-                                             {21, 500, false},
-                                             {74, 0, false},
-                                             {74, 4000, false}}) {
-        m_drive.faultRecord = QByteArray(size, 0);
-        m_drive.faultRecord[14] = static_cast<char>(code >> 8);
-        m_drive.faultRecord[15] = static_cast<char>(code & 0xFF);
-        QString message;
-        EXPECT_TRUE(ReadFaultRecord(message));
-        EXPECT_EQ(HasActiveFaultCode(), active) << size << ' ' << code;
-    }
-}
-
-TEST_F(Diagnosis, QuotesWhatTheDriveSaysNow) {
-    const QString failed = "Autotuning failed:\n%1\nFix the problem and try again\n";
-    QString text = "as it was";
-    GetDiagnosisText(nullptr, 243, text);
-    EXPECT_EQ(text, "as it was");
-    m_drive.words[911] = 7;
-    GetDiagnosisText(&m_drive.Root(), 243, text);
-    EXPECT_EQ(text, failed.arg("Motor turned"));
-    m_drive.unreadable.insert(911);
-    m_boxes.Expect("Reading parameter 9.11 Diagnosis failed: simulated failure");
-    GetDiagnosisText(&m_drive.Root(), 243, text);
-    EXPECT_EQ(text, failed.arg("REPLACE"));
-    FakeDrive bare({});
-    GetDiagnosisText(&bare.Root(), 571, text);
-    EXPECT_EQ(text, "REPLACE");
-}
-
 TEST_F(Diagnosis, ShowsACompleteRecord) {
     m_drive.words[911] = 7;
     EXPECT_EQ(Show(), "100 101 102 103 104 105 106 107 108 109 Motor turned u0 u1 u2 u3 u4 u5 u6 u7 u8 u9 u10");

@@ -13,7 +13,6 @@ constexpr int In(int number, DigitalControl control) {
 constexpr int Out(int number, DigitalControl control) {
     return DigitalId(DigitalGroup::Outputs, number, control);
 }
-constexpr int kViewButton = DigitalId(DigitalGroup::Outputs, kDigitalView);
 
 class DigitalSettings : public WiringFixture {
 protected:
@@ -112,35 +111,14 @@ TEST_F(DigitalSettings, ShowsTheDriveAndAQuestionMarkUntilApply) {
         Robot::Press(kIdApply);
         EXPECT_EQ(Texts(In, kDigitalConnection), "-|Multiple connections|-|-|-|-|-|-");
         EXPECT_EQ(Texts(In, kDigitalStatus), "1|0|0|1|0|0|0|0");
+        Robot::Press(DigitalId(DigitalGroup::Outputs, kDigitalView));
+        Robot::Type(Out(3, kDigitalIndex), "-801");
+        EXPECT_EQ(Robot::Text(Out(3, kDigitalIndex)), "801");
+        EXPECT_TRUE(qobject_cast<QAbstractButton*>(Robot::Control(Out(3, kDigitalInvert)))->isChecked());
         InPicker("DI3", [&] {
             EXPECT_TRUE(Item("On").toolTip().contains("Now connected to DI2"));
             EXPECT_EQ(Item("Jog").toolTip(), "");
         });
-    });
-}
-
-TEST_F(DigitalSettings, HasABasicAndAnAdvancedView) {
-    WiringDrive drive;
-    Run(drive, [&] {
-        const auto expectView = [&](bool basic) {
-            EXPECT_EQ(Robot::Text(kViewButton), basic ? "Advanced" : "Basic");
-            for (const int id :
-                 {DigitalId(DigitalGroup::Outputs, kDigitalIndexHeading),
-                  DigitalId(DigitalGroup::Outputs, kDigitalBitHeading), Out(1, kDigitalIndex), Out(8, kDigitalBit)})
-                EXPECT_EQ(Robot::Find(id) != nullptr, !basic) << id;
-            EXPECT_EQ(Robot::Find(Out(8, kDigitalChoice)) != nullptr, basic);
-        };
-        expectView(true);
-        Robot::Press(kViewButton);
-        expectView(false);
-        EXPECT_EQ(Robot::Text(Out(2, kDigitalIndex)) + '.' + Robot::Text(Out(2, kDigitalBit)), "802.1");
-        Robot::Type(Out(3, kDigitalIndex), "-801");
-        Robot::Type(Out(3, kDigitalBit), "3");
-        EXPECT_EQ(Robot::Text(Out(3, kDigitalIndex)), "801");
-        Robot::Press(kViewButton);
-        expectView(true);
-        EXPECT_EQ(Robot::Text(Out(3, kDigitalChoice)), "801, 3 Fault");
-        EXPECT_TRUE(qobject_cast<QAbstractButton*>(Robot::Control(Out(3, kDigitalInvert)))->isChecked());
     });
 }
 
@@ -218,19 +196,12 @@ TEST_F(DigitalSettings, AFailedRefreshIsToldOnceAndApplyStartsItAgain) {
         Robot::Press(kIdApply);
         drive.words[805] = 2;
         EXPECT_TRUE(Robot::WaitUntil([] { return Robot::Text(In(2, kDigitalStatus)) == "1"; }));
-    });
-}
-
-TEST_F(DigitalSettings, EveryOtherLineStandsOnABand) {
-    WiringDrive drive;
-    Run(drive, [&] {
-        for (int number = 1; number <= kDigitalTerminals; ++number)
-            for (const int id : {In(number, kDigitalName), In(number, kDigitalConnection), In(number, kDigitalStatus),
-                                 Out(number, kDigitalName), Out(number, kDigitalStatus), In(number, kDigitalInvert),
-                                 Out(number, kDigitalInvert)}) {
-                const QColor at = Robot::Control(id)->grab().toImage().pixelColor(1, 1);
-                EXPECT_EQ(at == kLightGrey, number % 2 != 0) << id << ' ' << at.name().toStdString();
-            }
+        drive.unreadable = {1403};
+        m_boxes.Expect("Error while uploading AO parameter");
+        m_boxes.Expect("Reading parameter 14.03*");
+        Robot::Press(kIdApply);
+        EXPECT_FALSE(qobject_cast<QAbstractButton*>(Robot::Control(Out(2, kDigitalInvert)))->isChecked())
+            << "not known";
     });
 }
 

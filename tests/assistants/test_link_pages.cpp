@@ -75,28 +75,6 @@ TEST_F(LinkPages, DefaultsOfTheAdapterFillAndMarkExactlyTheirEdits) {
     }
 }
 
-TEST_F(LinkPages, AnotherModuleShowsItsOwnParameters) {
-    OnPage(kSerial, [this] {
-        m_drive->onCall = [this](const QString& call) {
-            if (call == "write 9802=1")
-                m_drive->words[5101] = 6;
-        };
-        Robot::Type(ValueId(5001), "1500");
-        Robot::Press(kApply);
-        EXPECT_EQ(Robot::Text(ValueId(5101)), "PROFIBUS DP");
-        Robot::Choose(ValueId(9802), "Fieldbus adapter");
-        EXPECT_EQ(ApplyAndTakeWrites(), QStringList("write 9802=1"));
-        EXPECT_EQ(Robot::Text(ValueId(5101)), "PROFINET IO");
-        // The tab behind is read anew as well and leaves the one in front alone.
-        Robot::ShowTab(1);
-        const QString shown = Word(1);
-        Robot::Choose(ValueId(9802), "Not used");
-        Robot::Press(kApply);
-        LetAnUpdatePass();
-        EXPECT_EQ(Word(1), shown);
-    });
-}
-
 TEST_F(LinkPages, WordsShowWhatTheyPointTo) {
     m_prepare = [](FakeDrive& drive) {
         drive.words[9201] = 104;
@@ -177,42 +155,6 @@ TEST_F(LinkPages, WhatAWordPointsToFailsAfterAWrite) {
         m_drive->unwritable.clear();
         EXPECT_EQ(ApplyAndTakeWrites(), QStringList("write 9002=0"));
         EXPECT_EQ(Word(2), "Not connected||");
-    });
-}
-
-TEST_F(LinkPages, SignOfAMailboxIsItsDirection) {
-    const QStringList received = {"9420 Receive value 2.1", "9421 Receive value 2.2", "9422 Receive value 2.3",
-                                  "9423 Receive value 2.4"};
-    const auto labels = [] { return QStringList{Label(1), Label(2), Label(3), Label(4)}; };
-    m_prepare = [](FakeDrive& drive) {
-        drive.words[9418] = static_cast<quint16>(-5);
-        drive.words[9420] = 2501;
-        drive.words[9421] = 209;
-    };
-    OnPage(kMasterFollower, [&] {
-        EXPECT_EQ(Label(4), "9417 Transmit value 1.4");
-        Robot::ShowTab(1);
-        EXPECT_EQ(Robot::Text(kIdMailBoxLabel), "9418 Mailbox 2 node ID");
-        EXPECT_EQ(Robot::Text(kIdMailBoxId), "-5");
-        EXPECT_EQ(labels(), received);
-        EXPECT_EQ(Word(1), "Torque reference A from fieldbus|0.0|%");
-        EXPECT_EQ(Word(2), "Other|0.0|%");
-        Robot::Type(kIdMailBoxId, "5");
-        EXPECT_EQ(labels(), received) << "until it is applied";
-        EXPECT_EQ(ApplyAndTakeWrites(), QStringList("write 9418=5"));
-        EXPECT_EQ(Label(1), "9420 Transmit value 2.1");
-        EXPECT_EQ(Word(1), "Other|0.0|%");
-        EXPECT_EQ(Word(2), "Torque reference used|0.0|%");
-
-        // A word that is refused keeps what was chosen, whatever becomes of the others.
-        m_drive->unwritable = {9421};
-        m_boxes.Expect("Writing parameter 94.21 Mailbox 2 value 2 failed: simulated failure");
-        Robot::Choose(PointerId(2, kPointerChoice), "Not connected");
-        Robot::Type(kIdMailBoxId, "-7");
-        EXPECT_EQ(ApplyAndTakeWrites(), (QStringList{"write 9418=65529", "write 9421=0"}));
-        m_boxes.Verify();
-        EXPECT_EQ(Label(1), received[0]);
-        EXPECT_EQ(Word(2), "Not connected|?|?");
     });
 }
 

@@ -1,15 +1,11 @@
 // Step 2 and the I/O assistant on the parameters and texts that are shipped.
-#include "tests/support/fake_drive.h"
-#include "tests/support/message_boxes.h"
-#include "tests/support/robot.h"
+#include "tests/assistants/tuning_fixture.h"
 #include "tests/support/shipped_drive.h"
 
-#include "hostlib/tolvbo32/clock.h"
 #include "wizard/platform/row_ids.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/terminal_overview.h"
 #include "wizard/shell/color_static.h"
-#include "wizard/shell/step_states.h"
 
 namespace krt550 {
 namespace {
@@ -19,32 +15,23 @@ using enum TerminalKind;
 constexpr int kMacro = ValueId(9908);
 const QString kRefused = "The macro was not loaded: the drive is switched on, or the motor may turn.*";
 
-class MacroAssistant : public testing::Test {
-protected:
-    MacroAssistant() {
-        m_drive.wizardPath = QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550Wizard.so");
+class MacroDrive : public FakeDrive {
+public:
+    MacroDrive() : FakeDrive(ShippedParameters()) {
         for (int input = 1; input <= 8; ++input)
-            m_drive.words[quint16(1024 + input)] = 0;
-        m_drive.words[801] = 1;
-        m_drive.words[9908] = 0;
-        EnsureStepStates();
+            words[quint16(1024 + input)] = 0;
+        words[801] = 1;
+        words[9908] = 0;
+    }
+};
+
+class MacroAssistant : public TuningFixture<MacroDrive> {
+protected:
+    MacroAssistant() : TuningFixture(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550Wizard.so")) {
         SetStepState(2, StepState::NotChosen);
     }
-
-    /// Opens one page from the start page.
-    void Open(int box, int layout, const std::function<void()>& script) {
-        RunWizardWith(m_drive, [&] {
-            if (!Robot::Find(box))
-                Robot::Press(170);
-            Robot::Press(box);
-            m_drive.TakeLog();
-            Robot::Press(kIdNext);
-            ASSERT_EQ(Robot::Layout(), layout);
-            script();
-        });
-    }
-    void OpenMacro(const std::function<void()>& script) { Open(164, 101, script); }
-    void OpenTerminals(const std::function<void()>& script) { Open(171, 134, script); }
+    void OpenMacro(const std::function<void()>& script) { OnPage(164, script); }
+    void OpenTerminals(const std::function<void()>& script) { OnPage(171, script); }
 
     static QString Connection(TerminalKind kind, int number) { return Robot::Text(ConnectionTextId(kind, number)); }
     static bool IsInverted(TerminalKind kind, int number) {
@@ -68,11 +55,6 @@ protected:
                 rows.append(Robot::Text(DependentId(position, 0)).section(' ', 0, 0));
         return rows;
     }
-
-    CSteppedClock m_clock; // or a slow machine would come to the cyclic update
-    ClockScope m_clockScope{m_clock};
-    FakeDrive m_drive{ShippedParameters()};
-    MessageBoxes m_boxes;
 };
 
 TEST_F(MacroAssistant, ReadsNoRegisterTwice) {
@@ -103,7 +85,7 @@ TEST_F(MacroAssistant, ShowsWhatEveryTerminalIsConnectedTo) {
     m_drive.unreadable = {1405};
     for (const int page : {101, 134}) {
         m_boxes.Expect("Reading parameter 14.05 DO3 index failed: simulated failure");
-        Open(page == 101 ? 164 : 171, page, [&] {
+        OnPage(page == 101 ? 164 : 171, [&] {
             EXPECT_EQ(Connection(DigitalInput, 4), "-");
             EXPECT_EQ(Connection(DigitalInput, 7), "On / start button");
             EXPECT_EQ(Connection(DigitalInput, 8), "Multiple connections");
@@ -191,34 +173,6 @@ TEST_F(MacroAssistant, LoadsNoMacroWhileTheMotorMayTurn) {
             Robot::Choose(kMacro, "Standard");
         }
         m_boxes.Verify();
-    });
-}
-
-// 99.08 must not name a macro that the drive has not loaded.
-TEST_F(MacroAssistant, GivesTheMacroBackWhenItCannotBeLoaded) {
-    OpenMacro([&] {
-        for (const quint16 failing : {quint16(9907), quint16(9908)}) {
-            Robot::Choose(kMacro, "Jogging");
-            m_drive.unwritable = {failing};
-            m_drive.TakeLog();
-            m_boxes.Expect("Writing parameter 99.0*");
-            Robot::Press(kIdNext);
-            m_boxes.Verify();
-            const QStringList writes = m_drive.TakeLog({"write"});
-            EXPECT_EQ(writes.contains("write 9907=1"), failing == 9907) << "never with the former macro";
-            EXPECT_EQ(writes.last(), "write 9908=0");
-            EXPECT_EQ(m_drive.words[9908], 0);
-            EXPECT_EQ(Robot::Text(kMacro), "Jogging");
-            EXPECT_TRUE(IsAllUnknown());
-            m_drive.unwritable.clear();
-            if (failing == 9907) { // given back: the drive's own macro is no change
-                Robot::Choose(kMacro, "Standard");
-                Robot::Press(kIdApply);
-                EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList());
-            }
-        }
-        Robot::Press(kIdNext);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 9908=4", "write 9907=1"})) << "tried again";
     });
 }
 

@@ -5,8 +5,6 @@
 #include "wizard/resources/control_ids.h"
 #include "wizard/shell/color_static.h"
 
-#include <QTest>
-
 namespace krt550 {
 namespace {
 
@@ -81,79 +79,53 @@ TEST_F(SpecialPages, WriteWhatWasChangedInTheirOrder) {
         });
 }
 
-// Whoever only looks changes nothing: all pages in one chain, but for step 6, which applies its slider in any case.
-TEST_F(SpecialPages, AppliedUnchangedWriteNothing) {
-    MakeDrive();
-    RunWizardWith(*m_drive, [this] {
-        Robot::Press(kView);
-        QStringList pages;
-        constexpr int kSpeedController = 168;
-        for (int box = 160; box <= 180; ++box)
-            if (auto* tick = box == kSpeedController ? nullptr : qobject_cast<QCheckBox*>(Robot::Find(box)))
-                QTest::mouseClick(tick, Qt::LeftButton, {}, {8, tick->height() / 2});
-        for (Robot::Press(kNext); Robot::Layout() != 107 && pages.size() < 20; Robot::Press(kNext)) {
-            pages.append(QString::number(Robot::Layout()));
-            LetAnUpdatePass();
-            Robot::Press(kApply);
-        }
-        EXPECT_EQ(pages.join(' '), "100 101 103 104 110 112 134 133 135 136 137 138 139 146 147");
-        EXPECT_EQ(m_drive->TakeLog({"write"}), QStringList());
-    });
-}
-
 TEST_F(SpecialPages, WorkWithoutWhatTheDriveLacks) {
     const auto notFound = [](int reg) {
         return QStringLiteral("Parameter %1 not found from drive.\n\nUnable to use the specified parameter.").arg(reg);
     };
     struct {
         int box;
-        int tab;
         std::set<quint16> missing;
         QStringList boxes;
         QList<int> disabled;
         int working;
     } const cases[] = {
-        {kProtection, 0, {3036}, {}, {ValueId(3036)}, ValueId(3028)},
-        {k12Pulse,
-         1,
-         {4703, 9719},
-         {"- " + notFound(4703) + "\n- " + notFound(9719) + "\n"},
-         {ValueId(4703), ValueId(9719)},
-         ValueId(4702)},
-        {kEStop, 0, {2204}, {}, {733}, 624},
-        {kEStop, 0, {1009}, {}, {731, 733}, 624},
-        {kFieldExciter, 0, {419, 9401}, {notFound(419)}, {757}, 192},
+        {kEStop, {2204}, {}, {733}, 624},
+        {kEStop, {1009}, {}, {731, 733}, 624},
+        {kFieldExciter, {419, 9401}, {notFound(419)}, {757}, 192},
         {kConfigurable,
-         0,
          {2201, 1101},
          {"- " + notFound(2201) + "\n- " + notFound(1101) + "\n"},
          {ConfigurableValueId(1), ConfigurableValueId(21)},
          ConfigurableValueId(2)},
     };
     for (const auto& c : cases) {
-        if (c.tab == 0)
-            for (const QString& text : c.boxes)
-                m_boxes.Expect(text).WithIcon(QMessageBox::Critical);
-        OnPage(
-            c.box,
-            [&] {
-                if (c.tab != 0) {
-                    for (const QString& text : c.boxes)
-                        m_boxes.Expect(text).WithIcon(QMessageBox::Critical);
-                    Robot::ShowTab(c.tab);
-                }
-                m_boxes.Verify();
-                for (const int id : c.disabled)
-                    EXPECT_FALSE(Robot::IsEnabled(id)) << id;
-                EXPECT_TRUE(Robot::IsEnabled(c.working)) << c.working;
-                if (c.box == kConfigurable) {
-                    EXPECT_EQ(Robot::Text(ConfigurableLabelId(1)), "2201 Acceleration time") << "what is missing";
-                }
-                LetAnUpdatePass();
-                EXPECT_EQ(m_drive->TakeLog({"write"}), QStringList());
-            },
-            c.missing);
+        for (const QString& text : c.boxes)
+            m_boxes.Expect(text).WithIcon(QMessageBox::Critical);
+        const auto look = [&] {
+            m_boxes.Verify();
+            for (const int id : c.disabled)
+                EXPECT_FALSE(Robot::IsEnabled(id)) << id;
+            EXPECT_TRUE(Robot::IsEnabled(c.working)) << c.working;
+            if (c.box == kConfigurable) {
+                EXPECT_EQ(Robot::Text(ConfigurableLabelId(1)), "2201 Acceleration time") << "what is missing";
+            }
+            LetAnUpdatePass();
+            EXPECT_EQ(m_drive->TakeLog({"write"}), QStringList());
+        };
+        OnPage(c.box, look, c.missing);
     }
+}
+
+TEST_F(SpecialPages, TabTellsOnceOfAllThatTheDriveLacks) {
+    OnPage(k12Pulse,
+           [this] {
+               m_boxes.Expect("- Parameter 4703 not found*");
+               Robot::ShowTab(1);
+               EXPECT_FALSE(Robot::IsEnabled(ValueId(4703)) || Robot::IsEnabled(ValueId(9719)));
+               EXPECT_TRUE(Robot::IsEnabled(ValueId(4702)));
+           },
+           {4703, 9719});
 }
 
 QString HintsOfEStop() {
@@ -161,28 +133,6 @@ QString HintsOfEStop() {
     for (const int id : {733, 957, 958, 961, 962})
         hints += Robot::Text(id) + '|';
     return hints;
-}
-
-TEST_F(SpecialPages, EStopProposesTheRelaysDelays) {
-    struct {
-        quint16 mode, disconnect;
-        const char* hints;
-    } const cases[] = {{0, 0, "3.00|3.00|s|||"},
-                       {0, 4, "3.00|3.00|s|200|ms|"},
-                       {1, 4, "- |||||"},
-                       {2, 0, "- |||||"},
-                       {3, 15, "- |||||"}};
-    OnPage(kEStop, [&] {
-        m_drive->words[2204] = 300;
-        for (const auto& [mode, disconnect, hints] : cases) {
-            m_drive->words[2104] = mode;
-            m_drive->words[1008] = disconnect;
-            Reenter();
-            EXPECT_EQ(HintsOfEStop(), hints) << mode << ' ' << disconnect;
-            LetAnUpdatePass();
-            EXPECT_EQ(HintsOfEStop(), hints) << "after an update, " << mode << ' ' << disconnect;
-        }
-    });
 }
 
 TEST_F(SpecialPages, EStopFollowsTheDriveBesideWhatIsTyped) {
@@ -243,33 +193,6 @@ TEST_F(SpecialPages, FieldExciterShowsWhetherItsNodeAnswers) {
             Reenter();
             EXPECT_EQ(LinkStatus(), c.status) << c.node << ", types " << c.detected << ' ' << c.used;
         }
-    });
-}
-
-TEST_F(SpecialPages, FieldExciterFollowsTheLink) {
-    m_prepare = [](FakeDrive& drive) {
-        drive.words[9912] = drive.words[406] = 2;
-        drive.words[419] = 0x10;
-    };
-    OnPage(kFieldExciter, [this] {
-        EXPECT_EQ(LinkStatus(), "OK");
-        EXPECT_EQ(Robot::Text(972), "External, one quadrant, 35 A");
-        m_drive->words[419] = 0;
-        LetAnUpdatePass();
-        EXPECT_EQ(LinkStatus(), "Fault");
-        Robot::Type(192, "5");
-        m_drive->words[418] = 0x10;
-        LetAnUpdatePass();
-        EXPECT_EQ(LinkStatus(), "Fault") << "goes by what the drive has, not by what is typed";
-        Robot::Press(kApply);
-        EXPECT_EQ(LinkStatus(), "OK");
-        m_drive->unreadable = {418, 419};
-        m_drive->words[418] = 0;
-        m_boxes.Expect("Reading parameter 4.18 Link nodes active 1 to 16 failed: simulated failure");
-        m_boxes.Expect("Error while updating parameters\n Stopping parameter update.");
-        LetAnUpdatePass();
-        m_boxes.Verify();
-        EXPECT_EQ(LinkStatus(), "OK") << "the last that was known";
     });
 }
 

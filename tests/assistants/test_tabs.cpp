@@ -64,20 +64,6 @@ TEST_F(Tabs, AreRefreshedInFrontOnly) {
     });
 }
 
-TEST_F(Tabs, StopTheUpdateOnceWhenTheyCannotBeRefreshed) {
-    const QString stopped = "Error while updating parameters\n Stopping parameter update.";
-    OnPage(kStep6, [&] {
-        m_boxes.Expect("Reading parameter 20.01 Parameter 2001 failed: simulated failure");
-        m_boxes.Expect(stopped).WithIcon(QMessageBox::Critical);
-        m_drive.unreadable.insert(2001);
-        EXPECT_TRUE(Robot::WaitUntil([&] { return m_boxes.Seen().contains(stopped); }));
-        Robot::LetPass(15);
-        m_drive.TakeLog();
-        Robot::LetPass(15);
-        EXPECT_EQ(m_drive.TakeLog(), QStringList());
-    });
-}
-
 // Enter neither presses Next nor Escape closes the wizard where a person is busy with a tab.
 TEST_F(Tabs, KeepEnterAndEscapeToThemselvesAndHaveF1ForTheHelpOfTheirPage) {
     for (const int step : {kStep5, kStep6}) {

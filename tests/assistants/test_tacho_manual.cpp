@@ -123,29 +123,5 @@ TEST_F(TachoManual, StepsTheAdjustment) {
     });
 }
 
-TEST_F(TachoManual, WritesItsRowsAndShowsTheTachosSpeed) {
-    m_drive.words[105] = 1234;
-    OnTab([&] {
-        EXPECT_EQ(Robot::Text(kIdShownSpeed + kShownValue), "1234");
-        EXPECT_EQ(Robot::Text(kIdShownSpeed), "Parameter 105");
-        Robot::Type(ValueId(5013), "77");
-        Robot::Press(kApply);
-        EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList({"write 5013=77"}));
-    });
-}
-
-TEST_F(TachoManual, HidesTheRangeOfADriveThatHasNone) {
-    std::vector<ParameterDescription> parameters = FeedbackDrive::Parameters();
-    std::erase_if(parameters, [](const ParameterDescription& p) { return p.reg == 425; });
-    FakeDrive drive(parameters);
-    drive.wizardPath = m_drive.wizardPath;
-    RunWizardWith(drive, [] {
-        Robot::Press(kBoxOfStep5);
-        Robot::Press(kNext);
-        Robot::ShowTab(1);
-        EXPECT_FALSE(Robot::Find(LabelId(425)) || Robot::Find(ValueId(425)));
-    });
-}
-
 } // namespace
 } // namespace krt550

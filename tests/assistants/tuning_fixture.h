@@ -7,15 +7,15 @@
 
 namespace krt550 {
 
-/// The wizard on a drive that tunes itself, on a stepped clock.
+/// The wizard on a drive of one's own, on a stepped clock.
 template <class Drive> class TuningFixture : public testing::Test {
 protected:
-    explicit TuningFixture(const WizardFiles& files) {
-        m_drive.wizardPath = files.WizardPath();
+    explicit TuningFixture(const QString& wizardPath) {
+        m_drive.wizardPath = wizardPath;
         EnsureStepStates();
     }
     /// With these texts alone: without update periods only what is asserted talks to the drive.
-    explicit TuningFixture(const char* texts) : TuningFixture(FilesOf(texts)) {}
+    explicit TuningFixture(const char* texts) : TuningFixture(FilesOf(texts).WizardPath()) {}
 
     /// Opens the page of a check box as the only one of a chain and runs the script on it. The log begins with the
     /// page.

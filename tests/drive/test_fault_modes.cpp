@@ -41,20 +41,5 @@ TEST(FaultModes, WhatIsNotOneIsRefusedInWords) {
     }
 }
 
-TEST(FaultModes, RegistersStandSideBySideAndOtherKindsReplaceEachOther) {
-    CFaultModes modes;
-    modes.Add({FaultModeKind::ReadFails, 801});
-    modes.Add({FaultModeKind::ReadFails, 9906});
-    modes.Add({FaultModeKind::ReadFails, 801});
-    modes.Add({FaultModeKind::LateAnswer, 10});
-    modes.Add({FaultModeKind::LateAnswer, 20});
-    EXPECT_EQ(modes.GetModes().size(), 3U);
-    EXPECT_TRUE(modes.Has(FaultModeKind::ReadFails, 801));
-    EXPECT_EQ(modes.Find(FaultModeKind::LateAnswer), 20U);
-    modes.Remove({FaultModeKind::ReadFails, 801});
-    EXPECT_FALSE(modes.Has(FaultModeKind::ReadFails, 801));
-    EXPECT_TRUE(modes.Has(FaultModeKind::ReadFails, 9906));
-}
-
 } // namespace
 } // namespace krt550

@@ -1,9 +1,5 @@
-// The physics behind the drive against their textbook values. That the motor has the constants it is given, and that
-// converter and tuning rules fit it, is seen where the drive identifies it.
-#include "drive/dc_motor.h"
-#include "drive/motor_sets.h"
+// The converter against its textbook values. Motor and tuning rules are seen where the drive identifies and regulates.
 #include "drive/six_pulse_converter.h"
-#include "drive/tuning_rules.h"
 
 namespace krt550 {
 namespace {
@@ -58,46 +54,6 @@ TEST(SixPulseConverter, MeanVoltageMeetsBothRegionsAtTheLimit) {
             }
         }
     }
-}
-
-TEST(DcMotor, RunsAtItsRatedPointAndCoastsToStandstill) {
-    for (const MotorSet& set : MotorSets()) {
-        CDcMotor motor(DataOf(set));
-        const double speed = set.baseSpeed * pi / 30;
-        const double flux = set.laf * set.fieldCurrent;
-        motor.SetLoad(flux * set.current - set.coulomb - set.viscous * speed);
-        for (int i = 0; i < 600'000; ++i)
-            motor.Step(1e-4, {Conduction::Forward, i < 50'000 ? 0 : set.voltage, 0}, set.rf * set.fieldCurrent);
-        // What the name plate says and what the constants give lie within a tenth.
-        EXPECT_NEAR(motor.GetSpeed(), speed, 0.1 * speed) << set.name;
-        EXPECT_NEAR(motor.GetArmatureCurrent(), set.current, 0.1 * set.current) << set.name;
-        motor.SetLoad(0);
-        for (int i = 0; i < 3'000'000 && motor.GetSpeed() != 0; ++i)
-            motor.Step(1e-3, {}, 0);
-        EXPECT_EQ(motor.GetSpeed(), 0) << set.name << ": friction ends at standstill";
-        EXPECT_TRUE(motor.IsAtRest());
-    }
-}
-
-TEST(DcMotor, StaysFiniteWhateverFeedsIt) {
-    std::minstd_rand random(1);
-    std::uniform_real_distribution<double> voltage(-600, 600);
-    for (const MotorSet& set : MotorSets()) {
-        CDcMotor motor(DataOf(set));
-        for (int i = 0; i < 100'000; ++i)
-            motor.Step(1e-3, {Conduction::Both, voltage(random), -5}, std::abs(voltage(random)));
-        EXPECT_LT(std::abs(motor.GetArmatureCurrent()), 1e6) << set.name;
-        EXPECT_LT(std::abs(motor.GetSpeed()), 1e6) << set.name;
-    }
-}
-
-TEST(TuningRules, GiveTheCheckVector) {
-    const PiSetting current = ModulusOptimum(0.0015, 0.05, 0.00125);
-    EXPECT_NEAR(current.gain, 0.6, 1e-9);
-    EXPECT_NEAR(current.time, 0.030, 1e-9);
-    const PiSetting speed = SymmetricalOptimum(0.3, 2 * 0.00125);
-    EXPECT_NEAR(speed.gain, 60, 1e-9);
-    EXPECT_NEAR(speed.time, 0.010, 1e-9);
 }
 
 } // namespace

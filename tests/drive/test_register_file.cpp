@@ -33,19 +33,5 @@ TEST(RegisterFile, LinkIsRefusedWhereADriveWouldRefuse) {
     EXPECT_TRUE(error.contains(QLatin1String("42.05")));
 }
 
-TEST(RegisterFile, InsideSetsEverythingAndPassesOverWhatIsMissing) {
-    CRegisterFile registers(test::SampleDrive());
-    EXPECT_EQ(registers.GetWord(reg::kSpeedMinimum), 0xFA24) << "the default";
-    registers.SetNumber(reg::kSpeed, -12.4);
-    EXPECT_EQ(registers.GetWord(reg::kSpeed), 0xFFF4);
-    registers.SetNumber(reg::kSpeed, 1e6);
-    EXPECT_EQ(registers.GetNumber(reg::kSpeed, 0), 32767);
-    registers.SetWord(4205, 1);
-    registers.SetNumber(4205, 1);
-    EXPECT_FALSE(registers.Has(4205));
-    EXPECT_EQ(registers.GetNumber(4205, 3.5), 3.5);
-    EXPECT_EQ(registers.GetWord(4205, 9), 9);
-}
-
 } // namespace
 } // namespace krt550

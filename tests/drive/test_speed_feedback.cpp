@@ -116,17 +116,5 @@ TEST(TachoTuning, GoesPastAHundredWhenTheDriveEndsIt) {
     EXPECT_EQ(drive.Value(reg::kDiagnosis), diagnosis::kFieldLost);
 }
 
-TEST(TachoTuning, StepsOfTheAdjustmentMoveTheShownSpeed) {
-    WholeDrive drive("S2");
-    drive.Drive().GetFeedback().device = FeedbackDevice::Tacho;
-    drive.KnowArmature();
-    drive.RunUp(1000);
-    const double before = drive.Value(reg::kSpeedTacho);
-    EXPECT_NEAR(before, 1040, 5);
-    drive.SetValue(reg::kTachoAdjust, 96.15);
-    drive.Seconds(0.1);
-    EXPECT_NEAR(drive.Value(reg::kSpeedTacho), 1000, 5);
-}
-
 } // namespace
 } // namespace krt550

@@ -7,53 +7,6 @@ namespace {
 
 using test::WholeDrive;
 
-/// From 800 rpm; base speed to standstill is set to 4 s, rated current is 21.2 A.
-TEST(EmergencyStop, StopsByItsMode) {
-    const struct {
-        const char* name;
-        int mode;
-        int state;                   ///< that 8.07 shows meanwhile
-        double soonest, latest;      ///< at standstill [s]
-        double mostMotor, mostBrake; ///< current that drives, and that brakes [A], once the stop has begun
-    } cases[] = {
-        {"ramp", 0, 6, 1.6, 2.4, 3, 0.8},
-        {"torque limit", 1, 6, 0.05, 0.4, 3, 22},
-        {"coast", 2, 7, 2.5, 6, 0, 0},
-        {"dynamic braking", 3, 7, 0.4, 2.4, 0, 8},
-    };
-    for (const auto& c : cases) {
-        WholeDrive drive("S2");
-        CSimulatedDrive& inside = drive.Drive();
-        drive.KnowArmature();
-        drive.SetValue(reg::kEmergencyStopMode, c.mode);
-        drive.SetValue(reg::kQuickStopRamp, 4);
-        drive.RunUp(800);
-        drive.Disturb("e-stop");
-        EXPECT_EQ(drive.Value(reg::kDriveState), c.state) << c.name;
-        double seconds = 0;
-        double high = 0;
-        double low = 0;
-        for (; seconds < 10 && !inside.IsStopped(); seconds += 0.01) {
-            drive.Silence(0.01);
-            high = std::max(high, inside.GetMotorState().armatureCurrent);
-            low = std::min(low, inside.GetMotorState().armatureCurrent);
-        }
-        EXPECT_GT(seconds, c.soonest) << c.name;
-        EXPECT_LT(seconds, c.latest) << c.name;
-        EXPECT_LE(high, c.mostMotor) << c.name;
-        EXPECT_GE(low, -c.mostBrake) << c.name;
-        EXPECT_LE(low, -c.mostBrake / 2) << c.name;
-
-        drive.Seconds(0.1);
-        EXPECT_FALSE(inside.IsContactorClosed()) << c.name;
-        EXPECT_FALSE(inside.CloseContactor()) << c.name << ": it is open";
-        drive.Repair();
-        EXPECT_FALSE(inside.CloseContactor()) << c.name << ": the command to switch on has not been taken back";
-        EXPECT_TRUE(inside.OpenContactor()) << c.name;
-        EXPECT_TRUE(inside.CloseContactor() && inside.StartMotor()) << c.name << inside.GetLastError().toStdString();
-    }
-}
-
 /// The resistor must be off the armature before the converter comes back.
 TEST(EmergencyStop, BrakesToStandstillWhateverIsReleasedMeanwhile) {
     WholeDrive drive("S2");

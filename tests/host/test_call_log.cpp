@@ -39,40 +39,6 @@ TEST_F(CallLog, WritesALineForEveryParameterAccess) {
     EXPECT_EQ(m_written, QStringList(QStringLiteral("# time\tcall\tregister\tvalue\toutcome")) + lines);
 }
 
-TEST_F(CallLog, PassesEveryDriveCallOnAndNotesItsAnswer) {
-    constexpr std::pair<const char*, bool (CHostDrive::*)()> calls[] = {
-        {"RefreshState", &CHostDrive::RefreshState},
-        {"StartMotor", &CHostDrive::StartMotor},
-        {"StopMotor", &CHostDrive::StopMotor},
-        {"ResetFault", &CHostDrive::ResetFault},
-        {"OpenContactor", &CHostDrive::OpenContactor},
-        {"CloseContactor", &CHostDrive::CloseContactor},
-        {"TakeLocalControl", &CHostDrive::TakeLocalControl},
-        {"ReleaseLocalControl", &CHostDrive::ReleaseLocalControl}};
-    FakeDrive inner(WizardParameters());
-    CLoggedDrive drive(inner, m_log);
-    QStringList expected;
-    for (const bool answer : {true, false}) {
-        inner.fails = [&](const QString&) { return !answer; };
-        for (const auto& [name, call] : calls) {
-            EXPECT_EQ((drive.*call)(), answer) << name;
-            expected.append(QStringLiteral("0\t%1\t\t\t%2")
-                                .arg(QLatin1String(name), QLatin1String(answer ? "ok" : "failed: refused")));
-        }
-        EXPECT_EQ(inner.TakeLog().size(), qsizetype(std::size(calls)));
-    }
-    inner.fails = {};
-    inner.hasInfo = false;
-    EXPECT_EQ(drive.GetStatusWord(), kStatusStopped);
-    EXPECT_EQ(drive.GetDriveInfo(), nullptr);
-    EXPECT_FALSE(drive.IsLocalControlActive());
-    EXPECT_TRUE(drive.CheckCancelCondition() && drive.SetReference(QStringLiteral("250")));
-    expected += {QStringLiteral("0\tGetStatusWord\t\t16\tok"), QStringLiteral("0\tGetDriveInfo\t\tnone\tok"),
-                 QStringLiteral("0\tIsLocalControlActive\t\tno\tok"),
-                 QStringLiteral("0\tCheckCancelCondition\t\tyes\tok"), QStringLiteral("0\tSetReference\t\t250\tok")};
-    EXPECT_EQ(m_log.Lines(), expected);
-}
-
 TEST(ScaledClock, RunsFasterAndLosesNoTime) {
     CSteppedClock base;
     base.Sleep(1000);

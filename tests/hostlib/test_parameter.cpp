@@ -78,15 +78,5 @@ TEST_F(ParameterTest, ValueListIsHandedOutAsANewArrayEachTime) {
     EXPECT_EQ(m_limit.GetValueListType(), 0);
 }
 
-TEST_F(ParameterTest, CopyInAnotherGroupHasItsOwnValueAndTheSameRegisterInTheDrive) {
-    CParameterGroup copies(nullptr, QStringLiteral("CopyGroup"), QStringLiteral("1000"), 0, 0, false);
-    CParameter copy(&copies, m_limit.GetDescription(), m_limit.GetLink());
-    m_link.m_words[2005] = 250;
-    ASSERT_TRUE(m_limit.SetValue(10, false));
-    ASSERT_TRUE(copy.ReadFromDrive());
-    EXPECT_EQ(copy.GetStringValue().toStdString(), "25.0");
-    EXPECT_EQ(m_limit.GetValue(), 10);
-}
-
 } // namespace
 } // namespace krt550

@@ -50,11 +50,5 @@ TEST(ParameterTree, ChildrenAreKnownAllTheWayUpWheneverTheirGroupsAreAdded) {
     EXPECT_EQ(root.FindChildByRegister(QStringLiteral("2005")), nullptr);
 }
 
-TEST(ParameterTree, RegisterNumberIsZeroWhenTheDigitsAreNone) {
-    CParameterGroup copies(nullptr, QStringLiteral("CopyGroup"), QStringLiteral("1000"));
-    EXPECT_EQ(CParameter(&copies, Number(2204, "Copy"), nullptr).GetRegister(), 0) << "100004 has no 16 bits";
-    EXPECT_EQ(copies.GetRegister(), 1000);
-}
-
 } // namespace
 } // namespace krt550

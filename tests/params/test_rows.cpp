@@ -2,6 +2,7 @@
 
 #include "hostlib/tolvbo32/parameter.h"
 #include "wizard/params/failure_pass.h"
+#include "wizard/params/preset_controls.h"
 
 namespace krt550 {
 namespace {
@@ -33,43 +34,6 @@ TEST_F(Rows, AreDisabledWithoutTheirParameterWhichFailsNothing) {
     EXPECT_FALSE(Edit(102).isEnabled() || Switch().currentIndex() < 0);
     EXPECT_EQ(errors, "- Parameter 998 not found from drive.\n\nUnable to use the specified parameter.\n"
                       "- Parameter 999 not found from drive.\n\nUnable to use the specified parameter.\n");
-}
-
-// The macro's rows, the mailboxes, the configurable page: which parameter a row has is known at run time only.
-TEST_F(Rows, TakeTheirRegisterAtRunTime) {
-    Bind();
-    struct {
-        quint16 reg;
-        QString label;
-        QString value;
-        int shown;
-        int hidden;
-        bool statics;
-    } const cases[] = {{102, "102 Own name", "4", kSlotIds.value, kSlotIds.list, true},
-                       {201, "201 Own name", "On", kSlotIds.list, kSlotIds.value, false},
-                       {0, "", "", kSlotIds.value, kSlotIds.list, true}};
-    m_drive.words[102] = 4;
-    m_drive.words[201] = 2;
-    Slot().SetCaption("Own name");
-    Slot().Show(true);
-    for (const auto& c : cases) {
-        Slot().SetRegister(c.reg);
-        EXPECT_TRUE(Slot().Bind(&m_drive.Root(), errors));
-        EXPECT_EQ(Text(kSlotIds.label), c.label);
-        EXPECT_EQ(GetControlText(Slot().GetValueControl()), c.value);
-        EXPECT_TRUE(IsShown(c.shown) && !IsShown(c.hidden)) << c.reg;
-        EXPECT_EQ(IsShown(kSlotIds.unit), c.statics);
-        EXPECT_EQ(Slot().GetValueControl()->isEnabled(), c.reg != 0);
-    }
-    Slot().SetRegister(102);
-    Slot().Bind(&m_drive.Root(), errors);
-    m_drive.TakeLog();
-    Slot().Enter("6");
-    EXPECT_TRUE(Slot().Write()) << "as if the user had typed it";
-    EXPECT_EQ(m_drive.TakeLog({"write"}), QStringList{"write 102=6"});
-    Slot().Enter("7");
-    Slot().SetRegister(201);
-    EXPECT_FALSE(IsChanged(102)) << "what was typed belonged to the parameter before";
 }
 
 TEST_F(Rows, OfferTheirChoicesInOrder) {
@@ -233,6 +197,35 @@ TEST_F(Rows, StartTheUpdateWhenTheTableSaysSo) {
             starts += table.StartsUpdate(bound, missing) ? '1' : '0';
         EXPECT_EQ(starts, expected);
     }
+}
+
+/// A window whose row 201 has a preset.
+class CPresetWindow : public CWindow, public CPresetOwner {
+public:
+    CPresetWindow() : CWindow(1) {}
+    void SetAllToPresets() override {}
+
+protected:
+    QWidget* CreateControl(const ControlLayout& control) override {
+        return control.id == ValueId(201) ? new CPresetComboBox(this) : nullptr;
+    }
+};
+
+TEST_F(Rows, KeepTheirValueWhenAPresetIsRefused) {
+    CPresetWindow window;
+    ASSERT_TRUE(window.Create());
+    CRowTable rows{window, kRows, TextSource::ConfigurableFile};
+    EXPECT_TRUE(rows.Bind(&m_drive.Root(), errors));
+    auto* list = window.GetControl<CPresetComboBox>(ValueId(201));
+    list->SetParameter(m_drive.Root().FindChildByRegister("201"));
+    list->SetPreset("8");
+    m_boxes.Expect("Parameter 2.01 Switch: 8 is not one of its values.");
+    list->ChangeToPreset();
+    EXPECT_EQ(list->currentText(), "Slow");
+    list->clear();
+    list->SetPreset("2");
+    m_boxes.Expect("Parameter 201 valuelist not found from drive.\n\nUnable to use the specified parameter.");
+    list->ChangeToPreset();
 }
 
 } // namespace

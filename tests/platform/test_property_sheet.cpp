@@ -176,36 +176,5 @@ TEST_F(PropertySheet, TakesThePlaceholdersPlaceInTheTabOrder) {
     m_sheet.setParent(nullptr);
 }
 
-/// A page with a child sheet on it.
-class COwningPage : public CPropertyPage {
-public:
-    explicit COwningPage(CPropertySheet& child) : CPropertyPage(TestResources::kParentLayout), m_child(child) {}
-
-protected:
-    bool OnInitDialog() override {
-        m_child.CreateChild(*this, TestResources::kPlaceholder);
-        return true;
-    }
-
-private:
-    CPropertySheet& m_child;
-};
-
-TEST_F(PropertySheet, TellsTheTabsThatTheirWindowGoesAway) {
-    COwningPage owner(m_sheet);
-    CPropertySheet outer;
-    outer.AddPage(&owner);
-    QTimer::singleShot(0, &outer, [&] {
-        const int timer = m_first.SetTimer(1, 1000);
-        TakeLog();
-        outer.EndDialog(8);
-        EXPECT_EQ(TakeLog(), "A destroy; ") << "B was never made";
-        EXPECT_FALSE(m_first.KillTimer(timer)) << "it is dead already";
-        EXPECT_FALSE(m_sheet.SetActivePage(1));
-    });
-    EXPECT_EQ(outer.DoModal(), 8);
-    m_sheet.setParent(nullptr);
-}
-
 } // namespace
 } // namespace krt550

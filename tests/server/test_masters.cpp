@@ -107,18 +107,6 @@ TEST(Masters, StrayCommandsStartNothing) {
     EXPECT_EQ(sim.m_drive->GetDrive().GetCounters().motorStarts, 3) << "one, and two that were refused";
 }
 
-TEST(Masters, ReadTheFaultRecordAsTheDriveGivesIt) {
-    ServedSim sim;
-    sim.m_drive->GetDrive().Trip(kFaultExternal);
-    Words words(wire::kFaultRecordSize);
-    ASSERT_EQ(sim.m_served.Read(sim.a, wire::kFaultRecord, words), WireException::None);
-    const WireFaultRecord record = DecodeFaultBlock(words);
-    EXPECT_EQ(record.error, 0);
-    EXPECT_EQ(record.header, 1U);
-    EXPECT_EQ(record.record, sim.m_drive->GetDrive().ReadFaultRecord());
-    EXPECT_TRUE(DecodeFaultBlock(std::span(words).first(3)).record.isEmpty()) << "an answer that is too short";
-}
-
 TEST(WireValues, TextsAreCutBetweenCharacters) {
     for (const auto& [text, shown] : {std::pair{"kg·m²", "kg·m"},
                                       {"", ""},

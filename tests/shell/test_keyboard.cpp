@@ -17,30 +17,6 @@ void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
 
 using Keyboard = WizardFixture;
 
-TEST_F(Keyboard, AltAndALetterPressTheCommonButtons) {
-    Run([this] {
-        struct {
-            Qt::Key key;
-            int layout;
-            const char* writes;
-        } const steps[] = {{Qt::Key_S, 100, ""}, {Qt::Key_N, 101, ""},
-                           {Qt::Key_B, 100, ""}, {Qt::Key_A, 100, "write 9904=500"},
-                           {Qt::Key_C, 107, ""}, {Qt::Key_C, 0, ""}};
-        for (const auto& step : steps) {
-            if (*step.writes)
-                Robot::TypeOnly(29904, "500");
-            m_drive.TakeLog();
-            Key(step.key, Qt::AltModifier);
-            EXPECT_EQ(Robot::Layout(), step.layout) << step.key;
-            EXPECT_EQ(m_drive.TakeLog({"write"}).join(','), step.writes);
-            if (step.layout == 100) {
-                EXPECT_EQ(Robot::Text(kNext), "Next >");
-                EXPECT_EQ(static_cast<QAbstractButton*>(Robot::Control(kNext))->text(), "Next >");
-            }
-        }
-    });
-}
-
 TEST_F(Keyboard, EnterInThePageInFrontNeverReachesTheOneBehind) {
     Run([this] {
         for (const int box : {160, 165, 166})

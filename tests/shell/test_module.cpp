@@ -50,20 +50,6 @@ TEST_F(Module, TakesTheWizardDirectoryFromTheHostsPath) {
     }
 }
 
-TEST_F(Module, ChainsWhatIsAPage) {
-    const CModuleResources resources;
-    const ResourceScope scope(resources);
-    InstallPages();
-    CSheetWizard sheet(1, nullptr, 0);
-    sheet.SetDriveObject(nullptr);
-    EXPECT_EQ(sheet.GetWizardPage(0)->GetNextPage(), kNoPage) << "nothing is linked at first";
-    sheet.SetAssistantChain(std::array<quint16, 4>{0, 7, 17, 111});
-    EXPECT_EQ(sheet.GetWizardPage(0)->GetNextPage(), 7);
-    EXPECT_EQ(sheet.GetWizardPage(7)->GetPreviousPage(), 0);
-    EXPECT_TRUE(sheet.GetWizardPage(7)->IsLastPage());
-    EXPECT_EQ(Digits(), "0000002");
-}
-
 TEST_F(Module, KeepsStepStatesFromOneRunToTheNext) {
     Run([] {
         Robot::Press(160);

@@ -104,42 +104,5 @@ TEST_F(PageBase, ResetsAFaultFromEveryPage) {
     });
 }
 
-constexpr PageRows kNoRows{.layout = 100};
-
-/// A page that has something to say after its next activation.
-class CTalkingPage : public CRowPage {
-public:
-    CTalkingPage() : CRowPage(kNoRows, "1.htm") {}
-    bool visibleWhenShown = false;
-    bool ShowPendingMessages() override {
-        visibleWhenShown = isVisible();
-        return CRowPage::ShowPendingMessages();
-    }
-};
-
-TEST_F(PageBase, ShowsAPendingMessageOnceWhenThePageIsVisible) {
-    const CModuleResources resources;
-    const ResourceScope scope(resources);
-    CTalkingPage* talking = nullptr;
-    SetPageFactory([&](int) -> std::unique_ptr<CWizardPropertyPage> {
-        auto page = std::make_unique<CTalkingPage>();
-        talking = page.get();
-        return page;
-    });
-    CSheetWizard sheet(1, nullptr, 0);
-    sheet.SetDriveObject(&m_drive);
-    talking->AppendPendingMessage("first ");
-    talking->AppendPendingMessage("second");
-    QTimer::singleShot(0, &sheet, [&] {
-        m_boxes.Expect("first second");
-        sheet.SetActivePage(kPageCount - 1);
-        EXPECT_TRUE(talking->visibleWhenShown);
-        sheet.SetActivePage(0);
-        sheet.SetActivePage(kPageCount - 1);
-        sheet.EndWizard(8);
-    });
-    EXPECT_EQ(sheet.DoModal(), 8);
-}
-
 } // namespace
 } // namespace krt550

@@ -56,19 +56,5 @@ TEST_F(StartPage, WalksTheTickedPagesInPageOrderAndComesBack) {
     });
 }
 
-TEST_F(StartPage, StartWalksBasicCommissioningWhateverIsTicked) {
-    Run([] {
-        Robot::Press(kBoxes[5]);
-        Robot::Press(kStart);
-        for (int page = 1; page <= 7; ++page) {
-            EXPECT_TRUE(Robot::Title().startsWith(QString("[KRT550Wizard] %1.").arg(page))) << page;
-            EXPECT_EQ(Robot::Text(kNext), page == 7 ? "Finish" : "Next >");
-            Robot::Press(kNext);
-        }
-        EXPECT_EQ(Robot::Layout(), 107);
-        EXPECT_EQ(Digits(), "1111111");
-    });
-}
-
 } // namespace
 } // namespace krt550

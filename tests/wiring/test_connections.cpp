@@ -31,15 +31,6 @@ protected:
                      picker.Name(item) + ' ';
         return lines.trimmed();
     }
-    /// Ticks or unticks items of an input's picker and writes what that changes.
-    void Change(InputKind kind, int input, const std::vector<std::pair<int, bool>>& ticks) {
-        CConnectionPicker picker(List(kind), input, {});
-        for (const auto& [item, ticked] : ticks)
-            picker.Tick(item, ticked);
-        m_drive.TakeLog();
-        WriteConnections(&m_drive.Root(), kind, input, picker.GetChange());
-    }
-
     CModuleResources m_resources;
     ResourceScope m_scope{m_resources};
     WiringDrive m_drive;
@@ -85,28 +76,6 @@ TEST_F(Connections, PickersOfferWhatTheInputCanHave) {
     EXPECT_EQ(Lines(picker), "-Start -Twin -Twin -Always +Always inverted");
     EXPECT_EQ(picker.GetChange().connect, std::vector<int>{4});
     EXPECT_EQ(picker.GetChange().disconnect, (std::vector<int>{1, 3}));
-}
-
-TEST_F(Connections, ChangesAreWritten) {
-    const struct {
-        const char* name;
-        InputKind kind;
-        std::map<quint16, quint16> words; ///< before
-        int input;
-        std::vector<std::pair<int, bool>> ticks;
-        QStringList writes;
-    } cases[] = {
-        {"the second one of a name", InputKind::Digital, {{1002, 1}, {1003, 1}}, 1, {{2, false}}, {"write 1003=9"}},
-        {"to the same selector's other function", InputKind::Digital, {{1004, 1}}, 1, {{4, true}}, {"write 1004=11"}},
-        {"no way to take it off", InputKind::Digital, {{1004, 1}}, 1, {{3, false}}, {}},
-    };
-    for (const auto& c : cases) {
-        m_drive.words = {};
-        for (const auto& [reg, word] : c.words)
-            m_drive.words[reg] = word;
-        Change(c.kind, c.input, c.ticks);
-        EXPECT_EQ(m_drive.TakeWrites(), c.writes) << c.name;
-    }
 }
 
 } // namespace

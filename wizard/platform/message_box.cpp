@@ -61,19 +61,8 @@ void KeepLinesWhole(QMessageBox& box) {
     if (!label || !box.text().contains(QLatin1Char('\t')))
         return;
     constexpr int kTabStop = 80; // of every label's text
-    int widest = 0;
-    const QStringList lines = box.text().split(QLatin1Char('\n'));
-    for (const QString& line : lines) {
-        int width = 0;
-        const QStringList parts = line.split(QLatin1Char('\t'));
-        for (const QString& part : parts) {
-            if (&part != &parts.first())
-                width = (width / kTabStop + 1) * kTabStop;
-            width += label->fontMetrics().horizontalAdvance(part);
-        }
-        widest = std::max(widest, width);
-    }
-    label->setMinimumWidth(widest + label->fontMetrics().averageCharWidth());
+    const QFontMetrics metrics = label->fontMetrics();
+    label->setMinimumWidth(metrics.size(Qt::TextExpandTabs, box.text(), kTabStop).width() + metrics.averageCharWidth());
 }
 
 } // namespace
