@@ -113,8 +113,9 @@ void CSimulatedDrive::ReadParameters() {
     m_zeroSpeedTime = m_registers.GetNumber(reg::kZeroSpeedTime, 0);
 }
 
-/// The drive's continuous part, and what is supervised in it.
-void CSimulatedDrive::Integrate(double seconds, std::set<quint16>& alarms) {
+/// The drive's continuous part, and what is supervised in it. Flattened, because nearly all time goes by in this loop:
+/// with the bodies of its calls in it a step costs a fifth less.
+[[gnu::flatten]] void CSimulatedDrive::Integrate(double seconds, std::set<quint16>& alarms) {
     const int steps = static_cast<int>(std::lround(seconds / CMotorControl::kStep));
     TakeOrders();
     for (int i = 0; i < steps; ++i) {

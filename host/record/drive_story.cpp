@@ -1,21 +1,44 @@
 #include "host/record/drive_story.h"
 
+#include "hostlib/host_drive.h"
+#include "hostlib/tolvbo32/parameter.h"
+#include "hostlib/tolvbo32/parameter_group.h"
+
 namespace krt550 {
 namespace {
 
 constexpr quint16 kLastFaultCode = 910;
 
+void Collect(const CParameterGroup& group, std::vector<ParameterDescription>& parameters) {
+    for (const std::unique_ptr<CParameterSet>& child : group.GetChildren()) {
+        if (const auto* below = dynamic_cast<const CParameterGroup*>(child.get()))
+            Collect(*below, parameters);
+        else if (const auto* parameter = dynamic_cast<const CParameter*>(child.get()))
+            parameters.push_back(parameter->GetDescription());
+    }
+}
+
 } // namespace
 
-CDriveStory::CDriveStory(CRecorder& recorder, std::vector<ParameterDescription> parameters)
-    : m_recorder(recorder), m_parameters(std::move(parameters)) {
+void CDriveStory::Describe() {
+    if (std::exchange(m_isDescribed, true))
+        return;
+    CParameterGroup* root = nullptr;
+    if (m_drive.GetParameterRoot(&root) && root)
+        Collect(*root, m_parameters);
     for (std::size_t i = 0; i < m_parameters.size(); ++i) {
         m_places.insert(m_parameters[i].reg, i);
         m_recorder.NoteParameter(m_parameters[i]);
     }
 }
 
-const ParameterDescription* CDriveStory::Find(quint16 reg) const {
+const std::vector<ParameterDescription>& CDriveStory::Parameters() {
+    Describe();
+    return m_parameters;
+}
+
+const ParameterDescription* CDriveStory::Find(quint16 reg) {
+    Describe();
     const auto found = m_places.find(reg);
     return found == m_places.end() ? nullptr : &m_parameters[*found];
 }

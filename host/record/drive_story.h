@@ -11,15 +11,19 @@
 
 namespace krt550 {
 
+class CHostDrive;
+
 /// What is known of the drive's values, and what is done to them: turns the calls that pass the decorators into events.
 class CDriveStory {
 public:
-    /// The recorder is borrowed.
-    CDriveStory(CRecorder& recorder, std::vector<ParameterDescription> parameters);
+    /// Both borrowed; `drive` is the one behind the decorators.
+    CDriveStory(CRecorder& recorder, CHostDrive& drive) : m_recorder(recorder), m_drive(drive) {}
 
-    const std::vector<ParameterDescription>& Parameters() const { return m_parameters; }
+    /// Asks the drive what it has and records that; done before when somebody asks for it.
+    void Describe();
+    const std::vector<ParameterDescription>& Parameters();
     /// Null for a register that the drive does not have.
-    const ParameterDescription* Find(quint16 reg) const;
+    const ParameterDescription* Find(quint16 reg);
 
     /// A value was read. One that nobody has written so is noted as changed by the drive itself, or by somebody else.
     void Seen(quint16 reg, quint16 word);
@@ -44,6 +48,8 @@ private:
     RecordEvent WriteEvent(quint16 reg, quint16 word) const;
 
     CRecorder& m_recorder;
+    CHostDrive& m_drive;
+    bool m_isDescribed = false;
     std::vector<ParameterDescription> m_parameters;
     QHash<quint16, std::size_t> m_places;
     QHash<quint16, quint16> m_known;

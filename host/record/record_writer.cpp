@@ -57,14 +57,22 @@ CRecordWriter::CRecordWriter(std::function<void(const QString&)> complain)
     : m_complain(std::move(complain)), m_shared(std::make_shared<Shared>()) {}
 
 bool CRecordWriter::Open(const QString& path, const RecordSession& session, QString& error) {
-    m_name = QLatin1String("record ") + path;
-    m_thread = std::thread(Write, m_shared, path, session);
+    m_path = path;
+    m_session = session;
+    if (CRecordFile::IsPlainlyOurs(path))
+        return true;
+    Start();
     std::unique_lock lock(m_shared->mutex);
     if (!m_shared->advance.wait_for(lock, kOpeningPatience, [this] { return m_shared->opened.has_value(); }))
         error = QStringLiteral("the disk does not answer");
     else
         error = *m_shared->opened;
     return error.isEmpty();
+}
+
+void CRecordWriter::Start() {
+    if (!m_thread.joinable())
+        m_thread = std::thread(Write, m_shared, m_path, m_session);
 }
 
 CRecordWriter::~CRecordWriter() {
@@ -82,7 +90,7 @@ CRecordWriter::~CRecordWriter() {
         return;
     }
     m_thread.detach();
-    m_complain(QStringLiteral("%1: the disk takes no more; the program ends without its last entries").arg(m_name));
+    m_complain(QStringLiteral("%1: the disk takes no more; the program ends without its last entries").arg(Name()));
 }
 
 void CRecordWriter::Append(RecordRow row, When when) {
@@ -96,6 +104,7 @@ void CRecordWriter::Append(RecordRow row, When when) {
 }
 
 bool CRecordWriter::Wait(bool inHurry) {
+    Start();
     bool isDone = false;
     {
         std::unique_lock lock(m_shared->mutex, 10ms);
@@ -109,7 +118,7 @@ bool CRecordWriter::Wait(bool inHurry) {
     TellTrouble();
     m_isLate = !isDone;
     if (m_isLate && !std::exchange(m_hasToldLate, true))
-        m_complain(QStringLiteral("%1: the disk is slow; the run does not wait for it").arg(m_name));
+        m_complain(QStringLiteral("%1: the disk is slow; the run does not wait for it").arg(Name()));
     return isDone;
 }
 
@@ -123,7 +132,7 @@ void CRecordWriter::TellTrouble() {
         trouble = m_shared->trouble;
     if (!trouble.isEmpty() && !std::exchange(m_hasTold, true))
         m_complain(
-            QStringLiteral("%1: cannot be written: %2; the run goes on, the record has a gap").arg(m_name, trouble));
+            QStringLiteral("%1: cannot be written: %2; the run goes on, the record has a gap").arg(Name(), trouble));
 }
 
 /// What waits, as soon as somebody is in a hurry or it has waited for a second; nothing at the end.
@@ -157,13 +166,13 @@ void CRecordWriter::Write(const std::shared_ptr<Shared>& shared, const QString& 
     {
         CRecordFile file;
         QString error;
-        const bool isOpen = file.Open(path, session, error);
+        file.Open(path, session, error);
         {
             const std::unique_lock lock(shared->mutex);
             shared->opened = error;
             shared->advance.notify_all();
         }
-        while (isOpen) {
+        while (true) {
             std::vector<RecordRow> rows = shared->TakeRows();
             const bool isLast = rows.empty();
             if (!isLast || shared->lost > 0)

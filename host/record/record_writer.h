@@ -25,8 +25,12 @@ public:
     CRecordWriter(const CRecordWriter&) = delete;
     CRecordWriter& operator=(const CRecordWriter&) = delete;
 
-    /// Opens the record and begins a session (see CRecordFile). False with `error` when that cannot be.
+    /// Takes a record for a session (see CRecordFile). False with `error` when it cannot be opened. One whose head says
+    /// that all is well, and a new one, is opened when it is started.
     bool Open(const QString& path, const RecordSession& session, QString& error);
+
+    /// Opens the record; does nothing the second time. When it cannot be opened all the same, everything is missing.
+    void Start();
 
     enum class When {
         Soon, ///< within a second, many together: samples
@@ -40,15 +44,19 @@ public:
 
     /// Something is missing in the record.
     bool HasGaps() const;
+    /// Says so, once; whoever waits is told, too.
+    void TellTrouble();
 
 private:
     struct Shared;
 
     static void Write(const std::shared_ptr<Shared>& shared, const QString& path, const RecordSession& session);
-    void TellTrouble();
+
+    QString Name() const { return QLatin1String("record ") + m_path; }
 
     std::function<void(const QString&)> m_complain;
-    QString m_name;
+    QString m_path;
+    RecordSession m_session;
     std::shared_ptr<Shared> m_shared; ///< outlived by a thread that hangs in the disk
     std::thread m_thread;
     bool m_isLate = false; ///< somebody has waited in vain, and the disk has not caught up since

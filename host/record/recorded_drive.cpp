@@ -1,5 +1,6 @@
 #include "host/record/recorded_drive.h"
 
+#include "host/record/as_found.h"
 #include "host/record/recorder.h"
 #include "host/record/run_watch.h"
 
@@ -7,6 +8,8 @@ namespace krt550 {
 
 template <class Send> bool CRecordedDrive::Command(const char* name, const QString& argument, bool isStop, Send send) {
     const RecordEvent event{.kind = "command", .text = QString::fromLatin1(name), .detail = argument};
+    if (!isStop)
+        m_asFound.Finish();
     const qint64 before = isStop ? 0 : m_recorder.NoteForCertain(event);
     const bool succeeded = send();
     const qint64 number = isStop ? m_recorder.Note(event) : before;

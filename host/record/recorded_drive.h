@@ -4,6 +4,7 @@
 
 namespace krt550 {
 
+class CAsFound;
 class CRecorder;
 class CRunWatch;
 
@@ -13,8 +14,8 @@ class CRunWatch;
 class CRecordedDrive : public CHostDrive {
 public:
     /// All borrowed.
-    CRecordedDrive(CHostDrive& drive, CRecorder& recorder, CRunWatch& runs)
-        : m_drive(drive), m_recorder(recorder), m_runs(runs) {}
+    CRecordedDrive(CHostDrive& drive, CRecorder& recorder, CAsFound& asFound, CRunWatch& runs)
+        : m_drive(drive), m_recorder(recorder), m_asFound(asFound), m_runs(runs) {}
 
     quint16 ReadFaultBuffer(quint32& header, const FaultBufferRequest* request, quint32* byteCount,
                             QByteArray& record) override;
@@ -43,6 +44,7 @@ private:
 
     CHostDrive& m_drive;
     CRecorder& m_recorder;
+    CAsFound& m_asFound;
     CRunWatch& m_runs;
 };
 

@@ -1,5 +1,6 @@
 #include "host/record/recorded_link.h"
 
+#include "host/record/as_found.h"
 #include "host/record/drive_story.h"
 #include "host/record/run_watch.h"
 
@@ -16,6 +17,8 @@ bool CRecordedLink::ReadWord(quint16 reg, quint16& word) {
 
 bool CRecordedLink::WriteWord(quint16 reg, quint16 word) {
     const bool isStop = reg == kServiceModeRegister && word == 0;
+    if (!isStop)
+        m_asFound.Finish();
     const std::optional<qint64> number = isStop ? std::nullopt : std::optional(m_story.BeforeWrite(reg, word));
     const bool succeeded = m_link.WriteWord(reg, word);
     QString error;

@@ -4,6 +4,7 @@
 
 namespace krt550 {
 
+class CAsFound;
 class CDriveStory;
 class CRunWatch;
 
@@ -12,8 +13,8 @@ class CRunWatch;
 class CRecordedLink : public CParameterLink {
 public:
     /// All borrowed.
-    CRecordedLink(CParameterLink& link, CDriveStory& story, CRunWatch& runs)
-        : m_link(link), m_story(story), m_runs(runs) {}
+    CRecordedLink(CParameterLink& link, CDriveStory& story, CAsFound& asFound, CRunWatch& runs)
+        : m_link(link), m_story(story), m_asFound(asFound), m_runs(runs) {}
 
     bool ReadWord(quint16 reg, quint16& word) override;
     bool WriteWord(quint16 reg, quint16 word) override;
@@ -23,6 +24,7 @@ public:
 private:
     CParameterLink& m_link;
     CDriveStory& m_story;
+    CAsFound& m_asFound;
     CRunWatch& m_runs;
 };
 

@@ -32,6 +32,14 @@ QVariant OrNull(const std::optional<quint16>& word) {
 
 CRecorder::CRecorder(CRecordWriter& writer) : m_writer(writer), m_start(CClock::Current().Now()) {}
 
+void CRecorder::Begin() {
+    m_writer.Start();
+}
+
+void CRecorder::TellTrouble() {
+    m_writer.TellTrouble();
+}
+
 qint64 CRecorder::Now() const {
     return CClock::Current().Now() - m_start;
 }

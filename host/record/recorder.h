@@ -34,6 +34,11 @@ public:
     /// Borrowed.
     explicit CRecorder(CRecordWriter& writer);
 
+    /// The record is opened from now on; what is noted before that waits.
+    void Begin();
+    /// Says so when the record could not be written.
+    void TellTrouble();
+
     qint64 Now() const;
 
     /// Notes an event and returns its number; never waits.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/record/as_found.h"
 #include "host/record/drive_story.h"
 #include "host/record/recorded_drive.h"
 #include "host/record/recorded_link.h"
@@ -24,8 +25,9 @@ public:
     CHostDrive& Drive();
     CParameterLink& Link();
 
-    /// Reads and records what the drive is like, before anybody does anything to it; takes 5 s at most. What it does
-    /// not get to by then is recorded when it is first read.
+    /// Has what the drive is like read and recorded behind the first window that is painted, or before the first thing
+    /// that is done to it, whichever comes first; reading then takes 5 s at most. What that does not get to is recorded
+    /// when it is first read.
     void Begin();
     /// Reads and records what the drive is like now.
     void End();
@@ -33,11 +35,9 @@ public:
 private:
     struct Parts;
 
-    void ReadAll(const char* moment);
-
     CHostDrive& m_drive;
     CParameterLink& m_link;
-    std::unique_ptr<Parts> m_parts; ///< from Begin on; null without a writer
+    std::unique_ptr<Parts> m_parts; ///< null without a writer
 };
 
 } // namespace krt550

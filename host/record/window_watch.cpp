@@ -29,6 +29,8 @@ CWindowWatch::CWindowWatch(CRecorder& recorder) : m_recorder(recorder) {
 }
 
 bool CWindowWatch::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::Paint && onPainted && object->isWidgetType())
+        std::exchange(onPainted, {})();
     if (event->type() != QEvent::Show || !object->isWidgetType())
         return false;
     if (auto* box = qobject_cast<QMessageBox*>(object))

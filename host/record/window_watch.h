@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QObject>
 
+#include <functional>
+
 class QMessageBox;
 class QWidget;
 
@@ -15,6 +17,9 @@ class CWindowWatch : public QObject {
 public:
     /// Borrowed. Watches all windows of the application as long as it lives.
     explicit CWindowWatch(CRecorder& recorder);
+
+    /// Called once, when the first window is painted.
+    std::function<void()> onPainted;
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;

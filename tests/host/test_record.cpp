@@ -184,8 +184,41 @@ TEST_F(Record, LeavesASlowLineToTheWizard) {
     EXPECT_TRUE(reads >= 8 && reads <= 10) << reads;
 }
 
+// Behind the first window, a piece a turn, while nobody has announced anything; the rest before the first change. A
+// stop waits for neither.
+TEST_F(Record, ReadsWhatIsFoundBehindTheFirstWindowAndBeforeTheFirstChange) {
+    const auto reads = [this] { return m_drive.TakeLog({QStringLiteral("read")}).size(); };
+    int cost = 20;
+    m_drive.onCall = [&](const QString& call) { m_clock.Sleep(call.startsWith(QLatin1String("read")) ? cost : 0); };
+    m_recording->Begin();
+    Pass(500);
+    m_recording->Drive().StopMotor();
+    EXPECT_EQ(reads(), 0);
+    QWidget window;
+    window.grab(); // paints it
+    Pass(1000);
+    const qsizetype turns = reads();
+    EXPECT_TRUE(turns >= 20 && turns <= 30) << turns << " reads: half of the time";
+    m_recording->Link().Announce(std::array<quint16, 1>{9902});
+    Pass(1000);
+    EXPECT_EQ(reads(), 0) << "a page is reading";
+    cost = 0;
+    quint16 word = 0;
+    m_recording->Link().ReadWord(9902, word);
+    m_drive.onCall = [&](const QString& call) {
+        if (call.startsWith(QLatin1String("write"))) {
+            EXPECT_EQ(Ask("SELECT count(*) FROM value").value(0).toInt(), int(ShippedParameters().size()));
+        }
+    };
+    m_recording->Link().WriteWord(9902, 250);
+    m_drive.onCall = {};
+    EXPECT_EQ(reads(), qsizetype(ShippedParameters().size()) - turns);
+    EXPECT_EQ(Ask("SELECT old_word || ' ' || word FROM event JOIN value USING (register)"), QStringList("240 240"));
+}
+
 // Another program holds the file: nobody waits for longer than half a second, once; a stop not at all. Nothing is lost.
 TEST_F(Record, OfASlowDiskIsToldOnceAndHoldsNobodyUp) {
+    EXPECT_TRUE(m_recording->Drive().ResetFault());
     ASSERT_TRUE(Execute("BEGIN EXCLUSIVE"));
     QElapsedTimer timer;
     timer.start();
@@ -200,11 +233,12 @@ TEST_F(Record, OfASlowDiskIsToldOnceAndHoldsNobodyUp) {
     ASSERT_TRUE(Execute("COMMIT"));
     m_recording.reset();
     m_writer.reset();
-    EXPECT_EQ(Ask("SELECT kind, count(*) FROM event GROUP BY kind"), QStringList({"command 2", "late 1", "write 20"}));
+    EXPECT_EQ(Ask("SELECT kind, count(*) FROM event GROUP BY kind"), QStringList({"command 3", "late 1", "write 20"}));
     EXPECT_EQ(Ask("SELECT * FROM gap"), QStringList());
 }
 
 TEST_F(Record, ThatCannotBeWrittenIsToldOnceAndHasAMarkWhereSomethingIsMissing) {
+    EXPECT_TRUE(m_recording->Link().WriteWord(9902, 249));
     ASSERT_TRUE(Execute("CREATE TRIGGER full BEFORE INSERT ON event BEGIN SELECT RAISE(ABORT, 'no room'); END"));
     for (int i = 0; i < 3; ++i)
         EXPECT_TRUE(m_recording->Link().WriteWord(9902, 250));
@@ -214,8 +248,22 @@ TEST_F(Record, ThatCannotBeWrittenIsToldOnceAndHasAMarkWhereSomethingIsMissing) 
     EXPECT_TRUE(m_writer->HasGaps());
     ASSERT_TRUE(Execute("DROP TRIGGER full"));
     EXPECT_TRUE(m_recording->Link().WriteWord(9902, 251));
-    EXPECT_EQ(Ask("SELECT new_word FROM event"), QStringList("251"));
+    EXPECT_EQ(Ask("SELECT new_word FROM event"), QStringList({"249", "251"}));
     EXPECT_EQ(Ask("SELECT sum(entries) >= 3, reason FROM gap"), QStringList("1 no room"));
+}
+
+TEST_F(Record, ThatTurnsOutToBeNoneIsToldOnceAndHoldsNobodyUp) {
+    QFile file(m_path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(QByteArray(8192, 'x')) > 0);
+    file.close();
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(m_recording->Link().WriteWord(9902, 250));
+    EXPECT_LT(timer.elapsed(), 400);
+    EXPECT_TRUE(m_complaints.size() == 1 && m_complaints[0].contains(QLatin1String("not a database")))
+        << m_complaints.join(u'\n').toStdString();
+    EXPECT_TRUE(m_writer->HasGaps());
 }
 
 } // namespace
