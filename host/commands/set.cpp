@@ -1,9 +1,9 @@
 #include "host/backup/comparison.h"
 #include "host/backup/keeping.h"
-#include "host/backup/typed_value.h"
 #include "host/commands/command.h"
 #include "host/commands/command_drive.h"
 #include "host/tool.h"
+#include "hostlib/tolvbo32/typed_value.h"
 
 #include <algorithm>
 #include <climits>
@@ -38,7 +38,7 @@ QString Check(const ParameterDescription& parameter, const QString& text, bool m
         return QStringLiteral("Parameter %1 is no setting: %2; --act writes it.").arg(parameter.displayName(), error);
     if (std::ranges::find(values, parameter.reg, &ParameterValue::reg) != values.end())
         return QStringLiteral("Parameter %1 stands there twice.").arg(parameter.displayName());
-    if (const std::optional<quint16> word = WordOfTyped(parameter, text, error)) {
+    if (const std::optional<quint16> word = WordOfTypedText(parameter, text, error)) {
         values.push_back({parameter.reg, *word});
         return {};
     }
