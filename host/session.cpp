@@ -1,16 +1,12 @@
 #include "host/session.h"
 
 #include "host/call_log.h"
-#include "host/closing.h"
 #include "host/connect_drive.h"
+#include "host/connected_drive.h"
 #include "host/drive_stage.h"
 #include "host/interrupt.h"
-#include "host/last_stop.h"
-#include "host/logged_drive.h"
-#include "host/logged_link.h"
 #include "host/play/parser.h"
 #include "host/record/record_place.h"
-#include "host/record/recording.h"
 #include "host/tool.h"
 #include "hostlib/tolvbo32/scaled_clock.h"
 
@@ -125,37 +121,29 @@ bool CSession::Complain(const QString& text) {
 }
 
 int CSession::RunWizard() {
-    const auto complain = [this](const QString& text) { Complain(text); };
     CCallLog log(m_log ? [this](const QByteArray& line) { m_log->Write(line); } : CCallLog::Output(),
                  m_script.has_value());
-    CLoggedLink link(m_connection->GetLink(), log);
-    CLoggedDrive drive(m_connection->GetDrive(), log, &m_connection->GetLink());
-    CRecording recording(m_record.get(), drive, link);
-    m_connection->SetTreeLink(&recording.Link());
-    CLastStop lastStop(recording.Drive(), recording.Link(), complain);
-    lastStop.SetWayOfCrash(drive, link);
-    CClosing closing(lastStop, complain);
-    CDriveStage stage(*m_connection, log);
+    CConnectedDrive drive(std::move(m_connection), log, std::move(m_record),
+                          [this](const QString& text) { Complain(text); });
+    CDriveStage stage(drive.Connection(), log);
     std::optional<CPlayer> player;
     if (m_script) {
-        player.emplace(std::move(*m_script), stage, closing, m_options.shotDirectory,
+        player.emplace(std::move(*m_script), stage, drive.Closing(), m_options.shotDirectory,
                        PlayOutput{[this](const QString& line) { m_output.Write(line.toLocal8Bit()); },
                                   [this](const QString& line) { m_errors.Write(line.toLocal8Bit()); }});
         player->Begin();
     }
-    const CInterrupt interrupt([&closing] { closing.Begin(); });
-    recording.Begin();
-    const int result = m_module.Run(&recording.Drive());
-    closing.End();
-    bool well = lastStop.Finish() && result == 0;
+    const CInterrupt interrupt([&drive] { drive.Closing().Begin(); });
+    drive.Begin();
+    const int result = m_module.Run(&drive.Drive());
+    drive.Closing().End();
+    bool well = drive.LastStop().Finish() && result == 0;
     m_output.Write("RunWizard returned " + QByteArray::number(result));
     if (player && !player->Finish())
         well = false;
     // A help window may still be open.
     QApplication::closeAllWindows();
-    recording.End();
-    m_connection->SetTreeLink(nullptr);
-    const bool logged = (!m_log || !m_log->HasFailed()) && (!m_record || !m_record->HasGaps());
+    const bool logged = drive.End() && (!m_log || !m_log->HasFailed());
     return well && logged && !interrupt.HasCome() ? 0 : kExitFailure;
 }
 

@@ -42,9 +42,10 @@ rooms(wizard/ platform resources texts params wiring motor diagnosis shell)
 
 # Rooms of the host that know nothing of the rest of it.
 set(hands "")
+set(backup hostlib)
 set(record hostlib)
 set(report record hostlib)
-rooms(host/ hands record report)
+rooms(host/ hands backup record report)
 
 if(found)
     message(FATAL_ERROR "against the arrows:\n${found}")

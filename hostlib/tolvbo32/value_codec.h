@@ -7,6 +7,20 @@
 
 namespace krt550 {
 
+struct ValueRange {
+    double low;
+    double high;
+};
+
+/// Raw numbers that a data type can carry.
+HOSTLIB_EXPORT ValueRange RawRange(DataType type);
+
+/// Smallest and largest value in shown units: the limits or, without any, what the data type can carry.
+HOSTLIB_EXPORT ValueRange ShownRange(const ParameterDescription& parameter);
+
+/// Says that a value (its text) lies outside ShownRange, and names both ends.
+HOSTLIB_EXPORT QString OutOfRangeText(const ParameterDescription& parameter, const QString& value);
+
 /// The conversions between raw words and what people read and type. Each returns nothing when it refuses and
 /// then puts the reason into `error`.
 
