@@ -131,6 +131,12 @@ void CDrivePanel::Tell(const QString& name, const QString& error) {
     m_outcome->setText(QStringLiteral("%1: %2").arg(name, error.isEmpty() ? QStringLiteral("done") : error));
 }
 
+QString CDrivePanel::ReleaseControl() {
+    const QString error = m_commands.ReleaseControl();
+    Tell(QStringLiteral("Give back"), error);
+    return error;
+}
+
 void CDrivePanel::ShowStop() {
     m_outcome->setText(m_stop.Text());
 }

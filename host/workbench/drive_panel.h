@@ -27,6 +27,8 @@ public:
     /// Borrowed; null: not connected.
     void SetDrive(CConnectedDrive* drive, const std::vector<ParameterDescription>& parameters);
     void ShowState(const SeenState& state);
+    /// Gives local control back as the button does, and shows what has become of it. Returns why not, or an empty text.
+    QString ReleaseControl();
     /// What the last Stop has come to.
     void ShowStop();
     /// Called when something was commanded.

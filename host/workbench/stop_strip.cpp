@@ -3,6 +3,7 @@
 #include "host/workbench/stop.h"
 #include "host/workbench/stop_button.h"
 
+#include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,10 +14,10 @@
 
 namespace krt550 {
 
-CStopStrip::CStopStrip(CStop& stop)
+CStopStrip::CStopStrip(CStop& stop, const QWidget& owner)
     : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowStaysOnTopHint |
                            Qt::WindowDoesNotAcceptFocus),
-      m_text(new QLabel(this)) {
+      m_owner(owner), m_text(new QLabel(this)) {
     setWindowTitle(QStringLiteral("Stop the motor"));
     setAttribute(Qt::WA_QuitOnClose, false);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -50,15 +51,21 @@ void CStopStrip::ShowText(const QString& text) {
     m_text->setVisible(!text.isEmpty());
 }
 
-/// Above the window, or at the upper edge of the screen where there is no room.
+/// It stays as long as it is needed.
+void CStopStrip::closeEvent(QCloseEvent* event) {
+    event->ignore();
+}
+
+/// Above the window, or at the upper edge of the screen where there is no room. Frames are not known before windows
+/// are shown, and those of all windows are alike.
 void CStopStrip::Place(const QWindow& modal) {
     adjustSize();
     const QRect screen = modal.screen()->availableGeometry();
-    const QRect other = modal.frameGeometry();
-    const int frame = std::max(0, other.height() - modal.height()); // a title bar like that of the other window
-    const int left = other.right() - width() - frame;
-    const int top = other.top() - height() - 2 * frame;
-    move(std::clamp(left, screen.left(), std::max(screen.left(), screen.right() - width() - frame)),
+    const QMargins frame = m_owner.windowHandle() ? m_owner.windowHandle()->frameMargins() : QMargins();
+    const int height = sizeHint().height() + frame.top() + frame.bottom();
+    const int left = modal.geometry().right() - sizeHint().width() - frame.right();
+    const int top = modal.geometry().top() - frame.top() - height;
+    move(std::clamp(left, screen.left(), std::max(screen.left(), screen.right() - sizeHint().width())),
          std::max(top, screen.top()));
 }
 

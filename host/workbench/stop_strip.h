@@ -12,16 +12,20 @@ class CStop;
 /// window in front, whoever has opened that. It never takes the keyboard away from it.
 class CStopStrip : public QWidget {
 public:
-    /// `stop` is borrowed.
-    explicit CStopStrip(CStop& stop);
+    /// Both are borrowed; `owner` is the main window.
+    CStopStrip(CStop& stop, const QWidget& owner);
 
     /// To be called whenever a window has opened or closed.
     void Follow(bool isWanted);
     void ShowText(const QString& text);
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void Place(const QWindow& modal);
 
+    const QWidget& m_owner;
     QLabel* m_text;
 };
 

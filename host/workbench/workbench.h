@@ -34,8 +34,10 @@ public:
     QString Connect(const QString& name, bool* wasNameWrong = nullptr);
     /// Stops the motor, waits until it stands, and disconnects; all of it from the event loop.
     void Leave();
-    bool IsConnected() const { return m_drive != nullptr; }
+    /// Null: not connected.
+    CConnectedDrive* ConnectedDrive() { return m_drive.get(); }
     void OpenConnectDialog(const QString& warning = {});
+    /// The wizard takes local control itself: what this window holds is given back before, at standstill.
     void OpenWizard();
     /// Stops the motor, closes whatever is open, and the window.
     void EndFromOutside();
@@ -77,7 +79,7 @@ private:
     QString m_driveName;
     std::vector<ParameterDescription> m_parameters; ///< all that the drive has
     CStop m_stop;
-    CStopStrip m_strip{m_stop};
+    CStopStrip m_strip{m_stop, *this};
     CDriveWatch m_watch;
     CClockTimer m_leaving{[this] { LeaveStep(); }};
     CDrivePanel* m_panel = nullptr;

@@ -122,7 +122,12 @@ void CWorkbench::Part() {
 void CWorkbench::OpenWizard() {
     if (!m_drive || m_isWizardOpen || m_leaving.IsActive())
         return;
+    if (m_drive->Drive().IsLocalControlActive())
+        if (const QString error = m_panel->ReleaseControl(); !error.isEmpty())
+            return;
+    m_stop.SetDrive(m_drive.get()); // nothing is left to be stopped
     m_tuning.Begin(*m_drive, m_parameters);
+    m_strip.ShowText({});
     SetShared(true);
     m_session.Module().Run(&m_drive->Drive());
     SetShared(false);
