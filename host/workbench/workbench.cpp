@@ -3,6 +3,7 @@
 
 #include "host/connected_drive.h"
 #include "host/session.h"
+#include "host/trends/trend_panel.h"
 #include "host/workbench/drive_panel.h"
 #include "host/workbench/help_window.h"
 #include "host/workbench/stop_button.h"
@@ -95,6 +96,8 @@ void CWorkbench::MakePanels() {
     scroll->setMinimumWidth(m_panel->minimumSizeHint().width() +
                             scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     AddDock("drive", QStringLiteral("Drive"), scroll, Qt::LeftDockWidgetArea);
+    m_trends = new CTrendPanel;
+    AddDock("trends", QStringLiteral("Trends"), m_trends, Qt::RightDockWidgetArea);
     m_viewMenu->addSeparator();
     m_viewMenu->addAction(QStringLiteral("&Usual places"), this,
                           [this, usual = saveState(kPlacesVersion)] { restoreState(usual, kPlacesVersion); });
@@ -124,11 +127,13 @@ void CWorkbench::RestorePlaces() {
     resize(fontMetrics().averageCharWidth() * 160, fontMetrics().lineSpacing() * 45);
     restoreGeometry(m_settings.value(QLatin1String(kGeometryKey)).toByteArray());
     restoreState(m_settings.value(QLatin1String(kPlacesKey)).toByteArray(), kPlacesVersion);
+    m_trends->RestoreState(m_settings);
 }
 
 void CWorkbench::SavePlaces() {
     m_settings.setValue(QLatin1String(kGeometryKey), saveGeometry());
     m_settings.setValue(QLatin1String(kPlacesKey), saveState(kPlacesVersion));
+    m_trends->SaveState(m_settings);
     m_settings.sync();
 }
 

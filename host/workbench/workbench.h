@@ -19,6 +19,7 @@ namespace krt550 {
 class CConnectedDrive;
 class CDrivePanel;
 class CSession;
+class CTrendPanel;
 
 /// The main window: one drive at a time, docks around it, and a Stop that reaches it from everywhere.
 class CWorkbench : public QMainWindow {
@@ -83,6 +84,7 @@ private:
     CDriveWatch m_watch;
     CClockTimer m_leaving{[this] { LeaveStep(); }};
     CDrivePanel* m_panel = nullptr;
+    CTrendPanel* m_trends = nullptr;
     QMenu* m_viewMenu = nullptr;
     QLabel* m_link = nullptr;
     QAction* m_disconnect = nullptr;

@@ -2,6 +2,7 @@
 #include "host/connected_drive.h"
 #include "host/link/wire_place.h"
 #include "host/session.h"
+#include "host/trends/trend_panel.h"
 #include "host/workbench/connect_dialog.h"
 #include "host/workbench/drive_panel.h"
 #include "host/workbench/tuning_dialog.h"
@@ -79,6 +80,7 @@ void CWorkbench::HandOut() {
     m_stop.SetDrive(m_drive.get());
     m_watch.SetDrive(m_drive.get(), m_parameters);
     m_panel->SetDrive(m_drive.get(), m_parameters);
+    m_trends->SetDrive(m_drive ? &m_drive->PlainLink() : nullptr, m_parameters);
     m_disconnect->setEnabled(m_drive != nullptr);
     m_wizard->setEnabled(m_drive != nullptr);
     m_stopButton->setEnabled(m_drive != nullptr);
@@ -153,6 +155,7 @@ void CWorkbench::ShowTuning() {
 void CWorkbench::SetShared(bool isShared) {
     m_isWizardOpen = isShared;
     m_watch.SetShared(isShared);
+    m_trends->SetShared(isShared);
     FollowModal();
 }
 
