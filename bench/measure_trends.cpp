@@ -1,6 +1,7 @@
 // measure_trends [SECONDS]: CPU time and memory of eight signals at 20 samples a second with an hour of history, drawn
 // over 60 s and over 1 h, and sampled with the chart hidden. In real time; every part takes SECONDS (30).
-// measure_trends --pictures DIR: the panel on the simulated drive that is started and changes its speed, as pictures.
+// measure_trends --pictures DIR [WIDTH [REGISTER...]]: the panel on the simulated drive that is started and changes its
+// speed, as pictures.
 #include "drive/named_drive.h"
 #include "drive/registers.h"
 #include "host/trends/trend_chart.h"
@@ -115,7 +116,7 @@ void PassTime(qint64 milliseconds) {
     loop.exec();
 }
 
-int TakePictures(const QString& directory) {
+int TakePictures(const QString& directory, int width, const QStringList& registers) {
     QStringList errors;
     auto files = ReadDriveFiles(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), {}, errors);
     if (!files) {
@@ -129,7 +130,13 @@ int TakePictures(const QString& directory) {
     const auto drive = MakeNamedDrive(QStringLiteral("sim:S2"), std::move(*files), {}, error);
     drive->GetDrive().GetRegisters().SetNumber(reg::kLocalSupervision, 0);
     CTrendPanel panel;
-    panel.resize(900, 560);
+    panel.resize(width, 560);
+    if (!registers.isEmpty()) {
+        const QTemporaryDir place;
+        QSettings settings(place.filePath(QStringLiteral("chosen.ini")), QSettings::IniFormat);
+        settings.setValue(QStringLiteral("trends/signals"), registers);
+        panel.RestoreState(settings);
+    }
     panel.show();
     panel.SetDrive(&drive->GetLink(), parameters);
     const auto shoot = [&](const char* name) {
@@ -183,7 +190,7 @@ int main(int argc, char** argv) {
     qputenv("QT_NO_GLIB", "1"); // for the stepped clock
     QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 3 && arguments[1] == QLatin1String("--pictures"))
-        return TakePictures(arguments[2]);
+    if (arguments.size() > 2 && arguments[1] == QLatin1String("--pictures"))
+        return TakePictures(arguments[2], arguments.value(3, QStringLiteral("900")).toInt(), arguments.mid(4));
     return Measure(arguments.size() > 1 ? arguments[1].toDouble() : 30);
 }

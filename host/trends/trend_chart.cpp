@@ -14,6 +14,8 @@ namespace {
 constexpr double kLeastSpan = 0.5; ///< [s] that can be zoomed to
 constexpr int kLeastFrameMs = 100; ///< between two pictures
 constexpr int kLongestFrameMs = 1000;
+/// Time that is left to others, as a multiple of the time that a picture takes: screens differ in size.
+constexpr double kOthersShare = 12;
 constexpr double kPictureScale = 2;
 
 } // namespace
@@ -35,6 +37,7 @@ CTrendChart::CTrendChart(CTrendHistory& history, QWidget* parent) : QCustomPlot(
     setPlottingHint(QCP::phFastPolylines);
     setNoAntialiasingOnDrag(true);
     m_ticker->setTickCount(6);
+    plotLayout()->setMargins({6, 4, 2, 4});
     m_frames.callOnTimeout(this, [this] { Draw(); });
     connect(this, &QCustomPlot::mouseDoubleClick, this, [this] { Follow(); });
     Rebuild();
@@ -139,12 +142,14 @@ void CTrendChart::Draw() {
         return;
     ShowTimes({m_history.End() - m_window, m_history.End()});
     replot(rpQueuedRefresh);
+    SetFrameTime();
 }
 
 /// A picture for each pixel that the curves move on.
 void CTrendChart::SetFrameTime() {
     const double pixel = m_times.size() * 1000 / std::max(width(), 1);
-    m_frames.setInterval(std::clamp(int(pixel), kLeastFrameMs, kLongestFrameMs));
+    const double wanted = std::max(pixel, kOthersShare * replotTime(true));
+    m_frames.setInterval(std::clamp(int(wanted), kLeastFrameMs, kLongestFrameMs));
 }
 
 QPixmap CTrendChart::Picture() {

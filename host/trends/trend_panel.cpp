@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QScrollArea>
 #include <QSettings>
@@ -36,8 +37,8 @@ constexpr WindowDef kWindows[] = {{60, "60 s"},    {120, "2 min"},   {300, "5 mi
 } // namespace
 
 CTrendPanel::CTrendPanel(QWidget* parent)
-    : QWidget(parent), m_chosen(kDefaultSignals), m_chart(new CTrendChart(m_history)), m_list(new CSignalList),
-      m_text(new QLabel) {
+    : QWidget(parent), m_chosen(kDefaultSignals), m_directory(QDir::homePath()), m_chart(new CTrendChart(m_history)),
+      m_list(new CSignalList), m_text(new QLabel) {
     auto* bar = new QToolBar;
     MakeToolBar(*bar);
     auto* scroll = new QScrollArea;
@@ -187,7 +188,7 @@ void CTrendPanel::RestoreState(QSettings& settings) {
 
 /// The dialog lets everything else go on, a Stop above all.
 void CTrendPanel::AskForFile(const QString& title, const QString& ending, void (CTrendPanel::*write)(const QString&)) {
-    auto* dialog = new QFileDialog(this, title, QDir::homePath());
+    auto* dialog = new QFileDialog(this, title, m_directory);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilter(QStringLiteral("*.%1").arg(ending));
@@ -202,12 +203,15 @@ void CTrendPanel::AskForFile(const QString& title, const QString& ending, void (
 
 void CTrendPanel::ExportTable(const QString& path) {
     const QCPRange times = m_chart->ShownTimes();
-    const QString error = WriteTrendTable(m_history, times.lower, times.upper, path);
-    Tell(error.isEmpty() ? QStringLiteral("Saved: %1").arg(path) : error);
+    TellSaved(path, WriteTrendTable(m_history, times.lower, times.upper, path));
 }
 
 void CTrendPanel::ExportPicture(const QString& path) {
-    const QString error = WriteTrendPicture(m_chart->Picture(), path);
+    TellSaved(path, WriteTrendPicture(m_chart->Picture(), path));
+}
+
+void CTrendPanel::TellSaved(const QString& path, const QString& error) {
+    m_directory = QFileInfo(path).absolutePath();
     Tell(error.isEmpty() ? QStringLiteral("Saved: %1").arg(path) : error);
 }
 

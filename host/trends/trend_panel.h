@@ -37,7 +37,7 @@ public:
     /// What is not there, or is no signal or window, stays as it is.
     void RestoreState(QSettings& settings);
 
-    /// Write what is shown to a file; whatever becomes of it is told in the panel.
+    /// Write what is shown to a file, the next one beside it; whatever becomes of it is told in the panel.
     void ExportTable(const QString& path);
     void ExportPicture(const QString& path);
 
@@ -50,6 +50,7 @@ private:
     bool Tick(quint16 reg, bool isChosen);
     void Choose();
     void AskForFile(const QString& title, const QString& ending, void (CTrendPanel::*write)(const QString&));
+    void TellSaved(const QString& path, const QString& error);
     void Tell(const QString& note);
     void ShowTexts();
 
@@ -60,6 +61,7 @@ private:
     bool m_isConnected = false;
     QString m_failure;
     QString m_note;
+    QString m_directory; ///< of the last file
     CTrendChart* m_chart;
     CSignalList* m_list;
     QLabel* m_text;

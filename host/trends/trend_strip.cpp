@@ -15,7 +15,7 @@ namespace {
 constexpr double kLeastSteps = 10;
 constexpr double kMargin = 0.1;    ///< above and below the curves, as a share of what they span
 constexpr double kLeastFill = 0.4; ///< an axis that the curves fill less is fitted anew
-constexpr int kLeastLines = 4;     ///< height of a strip, in lines of text
+constexpr int kLeastLines = 4;     ///< height of a strip, in lines of text: room for the cursor's
 
 } // namespace
 
@@ -35,7 +35,6 @@ CTrendStrip::CTrendStrip(QCustomPlot& plot, QCPMarginGroup& margins, const Trend
     m_legend->setRowSpacing(0);
     m_place->setMarginGroup(QCP::msLeft | QCP::msRight, &margins);
     m_place->setRangeDrag(Qt::Horizontal);
-    m_place->setMinimumSize(80, kLeastLines * plot.fontMetrics().height());
     m_place->setMinimumMargins({0, 2, 12, 2});
     for (const QCPAxis::AxisType side : {QCPAxis::atTop, QCPAxis::atRight}) {
         m_place->axis(side)->setVisible(true);
@@ -59,6 +58,8 @@ void CTrendStrip::Add(const TrendSignal& signal) {
     graph->setPen(QPen(CurveColor(m_plot.palette(), signal.color), 1.4));
     graph->addToLegend(m_legend);
     m_curves.push_back({&signal, graph});
+    const int lines = std::max(kLeastLines, int(m_curves.size()) + 2);
+    m_place->setMinimumSize(80, lines * m_plot.fontMetrics().height());
 }
 
 void CTrendStrip::ShowTimes(bool isShown) {
