@@ -4,6 +4,8 @@
 #include "hostlib/tolvbo32/parameter_link.h"
 #include "hostlib/tolvbo32/value_codec.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace krt550 {
@@ -47,6 +49,13 @@ const ParameterDescription* FindParameter(std::span<const ParameterDescription> 
 
 QString RegisterName(quint16 reg) {
     return QStringLiteral("%1.%2").arg(reg / 100).arg(reg % 100, 2, 10, QLatin1Char('0'));
+}
+
+std::optional<quint16> ParseRegister(const QString& text) {
+    static const QRegularExpression form(QStringLiteral(R"(^([1-9]\d{0,2})\.?(\d\d)$)"));
+    const QRegularExpressionMatch match = form.match(text);
+    const int reg = match.captured(1).toInt() * 100 + match.captured(2).toInt();
+    return match.hasMatch() && reg <= 0xFFFF ? std::optional(static_cast<quint16>(reg)) : std::nullopt;
 }
 
 QString ValueText(const ParameterDescription& parameter, quint16 word) {

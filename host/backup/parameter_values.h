@@ -42,6 +42,9 @@ const ParameterDescription* FindParameter(std::span<const ParameterDescription> 
 /// "99.06" for 9906.
 QString RegisterName(quint16 reg);
 
+/// Register of "99.06" or "9906", as people write it; nothing for anything else.
+std::optional<quint16> ParseRegister(const QString& text);
+
 /// "240 V": value text or number, with the unit.
 QString ValueText(const ParameterDescription& parameter, quint16 word);
 

@@ -9,6 +9,11 @@
 #include <algorithm>
 
 namespace krt550 {
+namespace {
+
+constexpr quint16 kConverterType = 402;
+
+} // namespace
 
 CRestore::CRestore(CHostDrive& drive, CParameterLink& link, std::vector<ParameterDescription> parameters)
     : m_drive(drive), m_link(link), m_parameters(std::move(parameters)) {}
@@ -35,6 +40,9 @@ bool CRestore::Plan(const std::vector<ParameterValue>& wanted, QStringList& prob
         const std::optional<quint16> old = held.Find(reg);
         if (!old || *old == word)
             continue;
+        if (reg == kConverterType)
+            problems.append(QStringLiteral("the values are those of another kind of drive: %1")
+                                .arg(ChangeText({reg, word, old}, m_parameters)));
         QString reason;
         if (KeepingOf(*FindParameter(m_parameters, reg), &reason) == Keeping::Restored)
             m_values.push_back({{reg, old, word}, Fate::Untouched, {}});

@@ -32,7 +32,8 @@ public:
     CRestore(CHostDrive& drive, CParameterLink& link, std::vector<ParameterDescription> parameters);
 
     /// Reads what the drive holds of these registers and finds what has to be written. False, with lines in `problems`,
-    /// when a value cannot be read, so that it could not be taken back, or is none of its parameter.
+    /// when a value cannot be read, so that it could not be taken back, or is none of its parameter, or when the values
+    /// are those of another kind of drive.
     bool Plan(const std::vector<ParameterValue>& wanted, QStringList& problems);
     /// What differs, in the order of writing, with what has become of it.
     const std::vector<Value>& GetValues() const { return m_values; }

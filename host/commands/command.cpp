@@ -7,7 +7,16 @@ namespace krt550 {
 namespace {
 
 constexpr ToolCommand kCommands[] = {
+    {"list", "lists parameters with value, limits and default", RunListCommand},
+    {"get", "reads parameters", RunGetCommand},
+    {"set", "writes parameters", RunSetCommand},
+    {"backup", "writes all settings of the drive into a text file", RunBackupCommand},
+    {"compare", "says what differs between two backups, or a backup and the drive", RunCompareCommand},
+    {"restore", "puts the settings of a backup back into the drive", RunRestoreCommand},
+    {"record", "says what a record holds", RunRecordCommand},
     {"report", "makes a document for signature of a record", RunReportCommand},
+    {"play", "acts a script out on the wizard", RunPlayCommand},
+    {"wizard", "opens the commissioning wizard", RunWizardCommand},
 };
 
 } // namespace

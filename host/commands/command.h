@@ -18,6 +18,15 @@ const ToolCommand* FindCommand(const QString& name);
 /// A line for each command.
 QString CommandHelp();
 
+int RunBackupCommand(const QStringList& arguments);
+int RunCompareCommand(const QStringList& arguments);
+int RunGetCommand(const QStringList& arguments);
+int RunListCommand(const QStringList& arguments);
+int RunPlayCommand(const QStringList& arguments);
+int RunRecordCommand(const QStringList& arguments);
 int RunReportCommand(const QStringList& arguments);
+int RunRestoreCommand(const QStringList& arguments);
+int RunSetCommand(const QStringList& arguments);
+int RunWizardCommand(const QStringList& arguments);
 
 } // namespace krt550

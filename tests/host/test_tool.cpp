@@ -45,6 +45,22 @@ TEST(Tool, RefusesWrongOptionsAndFilesInOneLine) {
         {"report ~/good.play -o ~/r.pdf", "good.play: it is no record"},
         {"report ~/none -o ~/r.txt", "has to end with .pdf or .html"},
         {"report ~/none --colour", "colour"},
+        {"get 1.04 --drive", "drive"},
+        {"get 99.6", "\"99.6\" is no register"},
+        {"get 1.04 --drive tram", "tram"},
+        {"list moon", "no group, parameter or name with \"moon\""},
+        {"set 1.04=3", "is read-only"},
+        {"set 99.02=2400 99.02=240", "out of range. It must lie between 5 and 2000 V"},
+        {"set 99.02=12.5", "\"12.5\" has more than 0 decimals"},
+        {"set 10.01=9", "is not one of its values"},
+        {"set 99.06=1", "it starts a service mode; --act writes it"},
+        {"backup ~/good.play", "good.play is there already"},
+        {"backup ~/none/b", "none/b: cannot be written"},
+        {"compare ~/good.play", "good.play:1: it is no backup"},
+        {"restore ~/b", "there is no terminal to ask at"},
+        {"restore ~/none --yes", "/none: cannot be read"},
+        {"record ~/good.play", "it is no record"},
+        {"play", "it is krt550tool play FILE"},
     };
     for (const auto& c : cases) {
         ToolRun tool;
