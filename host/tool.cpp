@@ -50,9 +50,13 @@ void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 
 int RunTool(int argc, char** argv) {
     qInstallMessageHandler(PassOnMessage);
-    if (const ToolCommand* command = argc > 1 ? FindCommand(QString::fromLocal8Bit(argv[1])) : nullptr)
-        return command->run(ArgumentsOf(argc, argv));
-    const ToolOptions options = ParseOptions(ArgumentsOf(argc, argv));
+    QStringList arguments = ArgumentsOf(argc, argv);
+    if (const ToolCommand* command = argc > 1 ? FindCommand(arguments[1]) : nullptr) {
+        if (command->run)
+            return command->run(arguments);
+        arguments = AsOptions(*command, arguments);
+    }
+    const ToolOptions options = ParseOptions(arguments);
     // The command line is the tool's own: Qt gets the program name alone.
     int qtArgumentCount = 1;
     switch (options.task) {

@@ -21,6 +21,9 @@ CRestore::CRestore(CHostDrive& drive, CParameterLink& link, std::vector<Paramete
 bool CRestore::Plan(const std::vector<ParameterValue>& wanted, QStringList& problems) {
     m_values.clear();
     m_leftAlone.clear();
+    m_phase = Phase::Writing;
+    m_next = 0;
+    m_failure.clear();
     const qsizetype problemsBefore = problems.size();
     std::vector<ParameterDescription> asked;
     for (const auto& [reg, word] : wanted) {

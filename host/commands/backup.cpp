@@ -36,7 +36,7 @@ int RunBackupCommand(const QStringList& arguments) {
         return *end;
     const std::vector<ParameterDescription> parameters = BackedUp(drive.Parameters());
     const ParameterValues values = drive.Read(parameters);
-    if (drive.IsInterrupted() || values.values.empty())
+    if (drive.IsInterrupted() || !drive.Drive().RefreshState())
         return line.Complain(QStringLiteral("no backup is written"), kExitFailure);
     const QDateTime now = QDateTime::currentDateTime();
     const QByteArray text = BackupText(

@@ -60,7 +60,9 @@ TEST(Tool, RefusesWrongOptionsAndFilesInOneLine) {
         {"restore ~/b", "there is no terminal to ask at"},
         {"restore ~/none --yes", "/none: cannot be read"},
         {"record ~/good.play", "it is no record"},
-        {"play", "it is krt550tool play FILE"},
+        {"play", "play"},
+        {"play ~/none.play", "none.play"},
+        {"wizard --paly", "paly"},
     };
     for (const auto& c : cases) {
         ToolRun tool;
