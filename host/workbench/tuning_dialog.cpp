@@ -58,7 +58,7 @@ QTableWidget* CTuningDialog::MakeTable() {
     for (int row = 0; row < table->rowCount(); ++row) {
         const ValueChange& change = m_changes[std::size_t(row)];
         const ParameterDescription* parameter = FindParameter(m_parameters, change.reg);
-        const QString texts[] = {RegisterName(change.reg), parameter->name, ShownText(*parameter, *change.from),
+        const QString texts[] = {RegisterText(change.reg), parameter->name, ShownText(*parameter, *change.from),
                                  ShownText(*parameter, *change.to), parameter->unit};
         for (int column = 0; column < table->columnCount(); ++column)
             table->setItem(row, column, new QTableWidgetItem(texts[column]));

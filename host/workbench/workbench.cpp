@@ -2,6 +2,7 @@
 #include "host/workbench/workbench.h"
 
 #include "host/connected_drive.h"
+#include "host/parameters/parameter_panel.h"
 #include "host/session.h"
 #include "host/trends/trend_panel.h"
 #include "host/workbench/drive_panel.h"
@@ -98,6 +99,8 @@ void CWorkbench::MakePanels() {
     AddDock("drive", QStringLiteral("Drive"), scroll, Qt::LeftDockWidgetArea);
     m_trends = new CTrendPanel;
     AddDock("trends", QStringLiteral("Trends"), m_trends, Qt::RightDockWidgetArea);
+    m_parameterPanel = new CParameterPanel(m_session.Options().wizardDirectory + QLatin1String("/Wzkrt550.txt"));
+    AddDock("parameters", QStringLiteral("Parameters"), m_parameterPanel, Qt::RightDockWidgetArea);
     m_viewMenu->addSeparator();
     m_viewMenu->addAction(QStringLiteral("&Usual places"), this,
                           [this, usual = saveState(kPlacesVersion)] { restoreState(usual, kPlacesVersion); });
@@ -128,12 +131,14 @@ void CWorkbench::RestorePlaces() {
     restoreGeometry(m_settings.value(QLatin1String(kGeometryKey)).toByteArray());
     restoreState(m_settings.value(QLatin1String(kPlacesKey)).toByteArray(), kPlacesVersion);
     m_trends->RestoreState(m_settings);
+    m_parameterPanel->RestoreState(m_settings);
 }
 
 void CWorkbench::SavePlaces() {
     m_settings.setValue(QLatin1String(kGeometryKey), saveGeometry());
     m_settings.setValue(QLatin1String(kPlacesKey), saveState(kPlacesVersion));
     m_trends->SaveState(m_settings);
+    m_parameterPanel->SaveState(m_settings);
     m_settings.sync();
 }
 

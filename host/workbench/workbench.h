@@ -18,6 +18,7 @@ namespace krt550 {
 
 class CConnectedDrive;
 class CDrivePanel;
+class CParameterPanel;
 class CSession;
 class CTrendPanel;
 
@@ -85,6 +86,7 @@ private:
     CClockTimer m_leaving{[this] { LeaveStep(); }};
     CDrivePanel* m_panel = nullptr;
     CTrendPanel* m_trends = nullptr;
+    CParameterPanel* m_parameterPanel = nullptr;
     QMenu* m_viewMenu = nullptr;
     QLabel* m_link = nullptr;
     QAction* m_disconnect = nullptr;

@@ -1,6 +1,7 @@
 // The connected drive's life in the main window.
 #include "host/connected_drive.h"
 #include "host/link/wire_place.h"
+#include "host/parameters/parameter_panel.h"
 #include "host/session.h"
 #include "host/trends/trend_panel.h"
 #include "host/workbench/connect_dialog.h"
@@ -80,6 +81,7 @@ void CWorkbench::HandOut() {
     m_stop.SetDrive(m_drive.get());
     m_watch.SetDrive(m_drive.get(), m_parameters);
     m_panel->SetDrive(m_drive.get(), m_parameters);
+    m_parameterPanel->SetDrive(m_drive ? &m_drive->Link() : nullptr, m_parameters);
     m_trends->SetDrive(m_drive ? &m_drive->PlainLink() : nullptr, m_parameters);
     m_disconnect->setEnabled(m_drive != nullptr);
     m_wizard->setEnabled(m_drive != nullptr);
@@ -156,6 +158,7 @@ void CWorkbench::SetShared(bool isShared) {
     m_isWizardOpen = isShared;
     m_watch.SetShared(isShared);
     m_trends->SetShared(isShared);
+    m_parameterPanel->SetShared(isShared);
     FollowModal();
 }
 

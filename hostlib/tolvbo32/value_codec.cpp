@@ -10,44 +10,11 @@
 namespace krt550 {
 namespace {
 
-struct Range {
-    double low;
-    double high;
-};
-
-Range RawRange(DataType type) {
-    switch (type) {
-    case DataType::Unsigned8:
-        return {0, 255};
-    case DataType::Signed16:
-        return {-32768, 32767};
-    case DataType::Bits:
-    case DataType::Unsigned16:
-        break;
-    }
-    return {0, 65535};
-}
-
 double Scale(const ParameterDescription& parameter) {
     double scale = 1;
     for (int i = 0; i < parameter.decimals; ++i)
         scale *= 10;
     return scale;
-}
-
-Range ShownRange(const ParameterDescription& parameter) {
-    if (parameter.hasLimits())
-        return {parameter.minimum, parameter.maximum};
-    const Range raw = RawRange(parameter.dataType);
-    return {raw.low / Scale(parameter), raw.high / Scale(parameter)};
-}
-
-QString OutOfRange(const ParameterDescription& parameter, const QString& value) {
-    const Range range = ShownRange(parameter);
-    const QString unit = parameter.unit.isEmpty() ? QString() : QLatin1Char(' ') + parameter.unit;
-    return QStringLiteral("Parameter %1: %2 is out of range. It must lie between %3 and %4%5.")
-        .arg(parameter.displayName(), value, dtoa(range.low, parameter.decimals), dtoa(range.high, parameter.decimals),
-             unit);
 }
 
 auto FindValue(const ParameterDescription& parameter, quint16 word) {
@@ -72,6 +39,38 @@ std::optional<quint16> WordOfListText(const ParameterDescription& parameter, con
 
 } // namespace
 
+ValueRange RawRange(DataType type) {
+    switch (type) {
+    case DataType::Unsigned8:
+        return {0, 255};
+    case DataType::Signed16:
+        return {-32768, 32767};
+    case DataType::Bits:
+    case DataType::Unsigned16:
+        break;
+    }
+    return {0, 65535};
+}
+
+ValueRange ShownRange(const ParameterDescription& parameter) {
+    if (parameter.hasLimits())
+        return {parameter.minimum, parameter.maximum};
+    const ValueRange raw = RawRange(parameter.dataType);
+    return {raw.low / Scale(parameter), raw.high / Scale(parameter)};
+}
+
+QString OutOfRangeText(const ParameterDescription& parameter, const QString& value) {
+    const ValueRange range = ShownRange(parameter);
+    const QString unit = parameter.unit.isEmpty() ? QString() : QLatin1Char(' ') + parameter.unit;
+    return QStringLiteral("Parameter %1: %2 is out of range. It must lie between %3 and %4%5.")
+        .arg(parameter.displayName(), value, dtoa(range.low, parameter.decimals), dtoa(range.high, parameter.decimals),
+             unit);
+}
+
+QString RegisterText(quint16 reg) {
+    return QStringLiteral("%1.%2").arg(reg / 100).arg(reg % 100, 2, 10, QLatin1Char('0'));
+}
+
 double ShownNumber(const ParameterDescription& parameter, quint16 word) {
     double raw = word;
     if (parameter.dataType == DataType::Signed16)
@@ -89,22 +88,22 @@ QString ShownText(const ParameterDescription& parameter, quint16 word) {
 }
 
 std::optional<quint16> WordOfNumber(const ParameterDescription& parameter, double shown, QString& error) {
-    const Range limits = ShownRange(parameter);
-    const Range raw = RawRange(parameter.dataType);
+    const ValueRange limits = ShownRange(parameter);
+    const ValueRange raw = RawRange(parameter.dataType);
     const double scaled = std::round(shown * Scale(parameter));
     // A thousandth of a step of slack: limits such as 0.3 have no exact binary form.
     constexpr double kSlack = 0.001;
     const bool inside =
         scaled >= limits.low * Scale(parameter) - kSlack && scaled <= limits.high * Scale(parameter) + kSlack;
     if (!std::isfinite(shown) || !inside || scaled < raw.low || scaled > raw.high) {
-        error = OutOfRange(parameter, QString::number(shown, 'g', 10));
+        error = OutOfRangeText(parameter, QString::number(shown, 'g', 10));
         return std::nullopt;
     }
     return static_cast<quint16>(static_cast<qint32>(scaled));
 }
 
 quint16 NearestWord(const ParameterDescription& parameter, double shown) {
-    const Range raw = RawRange(parameter.dataType);
+    const ValueRange raw = RawRange(parameter.dataType);
     const double scaled = std::isnan(shown) ? 0 : std::round(shown * Scale(parameter));
     return static_cast<quint16>(static_cast<qint32>(std::clamp(scaled, raw.low, raw.high)));
 }
@@ -132,7 +131,7 @@ bool AcceptsWord(const ParameterDescription& parameter, quint16 word, QString& e
         return listed;
     }
     if (parameter.dataType == DataType::Unsigned8 && word > RawRange(parameter.dataType).high) {
-        error = OutOfRange(parameter, QString::number(word));
+        error = OutOfRangeText(parameter, QString::number(word));
         return false;
     }
     return WordOfNumber(parameter, ShownNumber(parameter, word), error).has_value();

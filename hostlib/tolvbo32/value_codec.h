@@ -7,8 +7,25 @@
 
 namespace krt550 {
 
+struct ValueRange {
+    double low;
+    double high;
+};
+
+/// Raw numbers that a data type can carry.
+HOSTLIB_EXPORT ValueRange RawRange(DataType type);
+
+/// Smallest and largest value in shown units: the limits or, without any, what the data type can carry.
+HOSTLIB_EXPORT ValueRange ShownRange(const ParameterDescription& parameter);
+
+/// Says that a value (its text) lies outside ShownRange, and names both ends.
+HOSTLIB_EXPORT QString OutOfRangeText(const ParameterDescription& parameter, const QString& value);
+
 /// The conversions between raw words and what people read and type. Each returns nothing when it refuses and
 /// then puts the reason into `error`.
+
+/// "99.06" for 9906.
+HOSTLIB_EXPORT QString RegisterText(quint16 reg);
 
 /// Number that a raw word stands for, in shown units.
 HOSTLIB_EXPORT double ShownNumber(const ParameterDescription& parameter, quint16 word);

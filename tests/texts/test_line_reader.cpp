@@ -1,6 +1,6 @@
 // Lines out of chunks, and files that break off.
-#include "wizard/texts/line_reader.h"
-#include "wizard/texts/text_fields.h"
+#include "hostlib/text_files/line_reader.h"
+#include "hostlib/text_files/text_fields.h"
 
 namespace krt550 {
 namespace {

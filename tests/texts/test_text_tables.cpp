@@ -1,5 +1,5 @@
 // Columns, overwriting and the order of values.
-#include "wizard/texts/text_fields.h"
+#include "hostlib/text_files/text_fields.h"
 #include "wizard/texts/wizard_tables.h"
 
 namespace krt550 {

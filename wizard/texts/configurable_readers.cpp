@@ -1,5 +1,5 @@
+#include "hostlib/text_files/text_fields.h"
 #include "wizard/texts/configurable_tables.h"
-#include "wizard/texts/text_fields.h"
 
 namespace krt550 {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "wizard/texts/text_table.h"
+#include "hostlib/text_files/text_table.h"
 
 #include <QHash>
 

@@ -1,9 +1,9 @@
 #include "wizard/texts/help_file.h"
 
+#include "hostlib/text_files/regular_file.h"
+#include "hostlib/text_files/text_fields.h"
 #include "wizard/texts/book_memory.h"
 #include "wizard/texts/help_topic.h"
-#include "wizard/texts/regular_file.h"
-#include "wizard/texts/text_fields.h"
 
 #include <QFileInfo>
 #include <QStringDecoder>

@@ -1,5 +1,5 @@
 // Queries for the connections of digital and analogue inputs.
-#include "wizard/texts/text_fields.h"
+#include "hostlib/text_files/text_fields.h"
 #include "wizard/texts/wizard_text_store.h"
 
 namespace krt550 {

@@ -1,5 +1,5 @@
 // Queries for numbers: periods, conditions, tuning tables, fieldbus defaults.
-#include "wizard/texts/text_fields.h"
+#include "hostlib/text_files/text_fields.h"
 #include "wizard/texts/wizard_text_store.h"
 
 #include <algorithm>

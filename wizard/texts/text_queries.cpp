@@ -1,6 +1,6 @@
 // Queries for texts by number: tool tips, names, value texts, index lists.
+#include "hostlib/text_files/text_fields.h"
 #include "wizard/platform/resources.h"
-#include "wizard/texts/text_fields.h"
 #include "wizard/texts/wizard_text_store.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "hostlib/text_files/text_table.h"
 #include "wizard/texts/connection_table.h"
 #include "wizard/texts/text_records.h"
-#include "wizard/texts/text_table.h"
 
 #include <QHash>
 

@@ -1,8 +1,8 @@
 #include "wizard/texts/wizard_text_store.h"
 
+#include "hostlib/text_files/line_reader.h"
+#include "hostlib/text_files/regular_file.h"
 #include "wizard/platform/message_box.h"
-#include "wizard/texts/line_reader.h"
-#include "wizard/texts/regular_file.h"
 #include "wizard/texts/wizard_directory.h"
 
 #include <QScopedValueRollback>

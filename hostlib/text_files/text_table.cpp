@@ -1,6 +1,6 @@
-#include "wizard/texts/text_table.h"
+#include "hostlib/text_files/text_table.h"
 
-#include "wizard/texts/text_fields.h"
+#include "hostlib/text_files/text_fields.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "wizard/texts/text_fields.h"
+#include "hostlib/text_files/text_fields.h"
 
 #include <QByteArrayView>
 

@@ -1,4 +1,4 @@
-#include "wizard/texts/key_index.h"
+#include "hostlib/text_files/key_index.h"
 
 #include <algorithm>
 

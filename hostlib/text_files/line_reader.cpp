@@ -1,4 +1,4 @@
-#include "wizard/texts/line_reader.h"
+#include "hostlib/text_files/line_reader.h"
 
 #include <algorithm>
 #include <cstring>

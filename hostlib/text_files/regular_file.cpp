@@ -1,4 +1,4 @@
-#include "wizard/texts/regular_file.h"
+#include "hostlib/text_files/regular_file.h"
 
 #include <QFileInfo>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "wizard/texts/key_index.h"
-#include "wizard/texts/text_arena.h"
-#include "wizard/texts/text_tokenizer.h"
+#include "hostlib/text_files/key_index.h"
+#include "hostlib/text_files/text_arena.h"
+#include "hostlib/text_files/text_tokenizer.h"
 
 #include <string_view>
 #include <vector>
