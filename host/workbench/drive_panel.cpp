@@ -80,19 +80,19 @@ QWidget* CDrivePanel::MakeCommands() {
     m_take = AddCommand(*grid, 0, 0, QStringLiteral("Take &local control"),
                         QStringLiteral("This program commands the drive from now on"),
                         [this] { return m_commands.TakeControl(); });
-    m_release = AddCommand(*grid, 0, 1, QStringLiteral("&Give back"),
+    m_release = AddCommand(*grid, 0, 1, QStringLiteral("Give &back"),
                            QStringLiteral("Opens the contactor and gives local control back; at standstill"),
                            [this] { return m_commands.ReleaseControl(); });
     m_close = AddCommand(*grid, 1, 0, QStringLiteral("&Close contactor"), QStringLiteral("Main contactor on"),
                          [this] { return m_commands.CloseContactor(); });
     m_open =
-        AddCommand(*grid, 1, 1, QStringLiteral("&Open contactor"), QStringLiteral("Main contactor off; at standstill"),
+        AddCommand(*grid, 1, 1, QStringLiteral("Ope&n contactor"), QStringLiteral("Main contactor off; at standstill"),
                    [this] { return m_commands.OpenContactor(); });
     m_reference = new QLineEdit(QStringLiteral("0"));
     m_reference->setAlignment(Qt::AlignRight);
     m_reference->setToolTip(QStringLiteral("Speed [rpm] within the limits 20.01 and 20.02"));
     m_reference->setAccessibleName(QStringLiteral("Speed reference in rpm"));
-    auto* label = new QLabel(QStringLiteral("Speed &reference [rpm]"));
+    auto* label = new QLabel(QStringLiteral("Speed re&ference [rpm]"));
     label->setWordWrap(true);
     label->setBuddy(m_reference);
     grid->addWidget(label, 2, 0);
@@ -100,14 +100,14 @@ QWidget* CDrivePanel::MakeCommands() {
     m_start = AddCommand(*grid, 3, 0, QStringLiteral("&Start"),
                          QStringLiteral("Sends the speed reference and starts the motor"),
                          [this] { return m_commands.Start(m_reference->text()); });
-    m_set = AddCommand(*grid, 3, 1, QStringLiteral("Set r&eference"),
+    m_set = AddCommand(*grid, 3, 1, QStringLiteral("Set refer&ence"),
                        QStringLiteral("Sends the speed reference; Enter in the field does the same"),
                        [this] { return m_commands.SetReference(m_reference->text()); });
     connect(m_reference, &QLineEdit::returnPressed, m_set, &QPushButton::click);
     m_stopButton = new CStopButton;
     connect(m_stopButton, &QPushButton::pressed, this, [this] { m_stop.Press(); });
     grid->addWidget(m_stopButton, 4, 0);
-    m_reset = AddCommand(*grid, 4, 1, QStringLiteral("Reset &fault"), QStringLiteral("Acknowledges a trip"),
+    m_reset = AddCommand(*grid, 4, 1, QStringLiteral("Rese&t fault"), QStringLiteral("Acknowledges a trip"),
                          [this] { return m_commands.Reset(); });
     return box;
 }

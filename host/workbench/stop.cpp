@@ -29,7 +29,7 @@ void CStop::Press() {
     // Somebody else commands the drive. What it does about this Stop is its own decision, and worth the attempt.
     const bool taken = m_drive->Drive().StopMotor();
     Tell(taken ? QStringLiteral("Stop is sent")
-               : QStringLiteral("Stop was refused: %1").arg(m_drive->PlainLink().LastErrorText()));
+               : QStringLiteral("Stop was not taken: this program does not command the drive"));
 }
 
 void CStop::Step() {

@@ -5,14 +5,20 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
+#include <QVBoxLayout>
 #include <QWindow>
 
 #include <algorithm>
 
 namespace krt550 {
+namespace {
+
+constexpr int kTextCharacters = 36;
+constexpr int kTextLines = 3;
+
+} // namespace
 
 CStopStrip::CStopStrip(CStop& stop, const QWidget& owner)
     : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowStaysOnTopHint |
@@ -25,11 +31,15 @@ CStopStrip::CStopStrip(CStop& stop, const QWidget& owner)
     button->setFocusPolicy(Qt::NoFocus);
     button->setToolTip(QStringLiteral("Stops the motor, whatever else is going on"));
     connect(button, &QPushButton::pressed, this, [&stop] { stop.Press(); });
-    auto* layout = new QHBoxLayout(this);
+    m_text->setWordWrap(true);
+    m_text->setFixedSize(kTextCharacters * fontMetrics().averageCharWidth(), kTextLines * fontMetrics().lineSpacing());
+    m_text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_text->setTextFormat(Qt::PlainText);
+    auto* layout = new QVBoxLayout(this);
     layout->addWidget(button);
     layout->addWidget(m_text);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    m_text->hide();
+    ShowText({});
 }
 
 void CStopStrip::Follow(bool isWanted) {
@@ -47,8 +57,7 @@ void CStopStrip::Follow(bool isWanted) {
 }
 
 void CStopStrip::ShowText(const QString& text) {
-    m_text->setText(text);
-    m_text->setVisible(!text.isEmpty());
+    m_text->setText(text.isEmpty() ? QStringLiteral("Reaches the drive past the window in front") : text);
 }
 
 /// It stays as long as it is needed.

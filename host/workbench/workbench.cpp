@@ -15,9 +15,11 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTabWidget>
 #include <QTimer>
 #include <QToolBar>
 
@@ -56,7 +58,7 @@ CWorkbench::~CWorkbench() {
 }
 
 void CWorkbench::MakeMenus() {
-    QMenu* drive = menuBar()->addMenu(QStringLiteral("&Drive"));
+    QMenu* drive = menuBar()->addMenu(QStringLiteral("D&rive"));
     drive->addAction(QStringLiteral("&Connect..."), QKeySequence(QStringLiteral("Ctrl+K")), this,
                      [this] { OpenConnectDialog(); });
     m_disconnect = drive->addAction(QStringLiteral("&Disconnect"), QKeySequence(QStringLiteral("Ctrl+D")), this,
@@ -67,7 +69,7 @@ void CWorkbench::MakeMenus() {
     drive->addSeparator();
     drive->addAction(QStringLiteral("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), this, [this] { close(); });
     m_viewMenu = menuBar()->addMenu(QStringLiteral("&View"));
-    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+    QMenu* help = menuBar()->addMenu(QStringLiteral("Hel&p"));
     help->addAction(QStringLiteral("&How to work"), QKeySequence(Qt::Key_F1), this,
                     [this] { ShowWorkbenchHelp(this); });
     help->addAction(QStringLiteral("&About"), this, [this] { ShowAbout(this); });
@@ -96,17 +98,23 @@ void CWorkbench::MakePanels() {
     scroll->setWidget(m_panel);
     scroll->setMinimumWidth(m_panel->minimumSizeHint().width() +
                             scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-    AddDock("drive", QStringLiteral("Drive"), scroll, Qt::LeftDockWidgetArea);
+    QDockWidget* drive = AddDock("drive", QStringLiteral("Drive"), scroll, Qt::LeftDockWidgetArea);
     m_trends = new CTrendPanel;
-    AddDock("trends", QStringLiteral("Trends"), m_trends, Qt::RightDockWidgetArea);
+    QDockWidget* trends = AddDock("trends", QStringLiteral("Trends"), m_trends, Qt::RightDockWidgetArea);
     m_parameterPanel = new CParameterPanel(m_session.Options().wizardDirectory + QLatin1String("/Wzkrt550.txt"));
-    AddDock("parameters", QStringLiteral("Parameters"), m_parameterPanel, Qt::RightDockWidgetArea);
+    QDockWidget* parameters =
+        AddDock("parameters", QStringLiteral("Parameters"), m_parameterPanel, Qt::RightDockWidgetArea);
+    tabifyDockWidget(trends, parameters);
+    setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    trends->raise();
+    constexpr int kMost = 10'000; // what the window has
+    resizeDocks({drive, trends}, {scroll->minimumWidth(), kMost}, Qt::Horizontal);
     m_viewMenu->addSeparator();
     m_viewMenu->addAction(QStringLiteral("&Usual places"), this,
                           [this, usual = saveState(kPlacesVersion)] { restoreState(usual, kPlacesVersion); });
 }
 
-void CWorkbench::AddDock(const char* name, const QString& title, QWidget* panel, Qt::DockWidgetArea area) {
+QDockWidget* CWorkbench::AddDock(const char* name, const QString& title, QWidget* panel, Qt::DockWidgetArea area) {
     auto* dock = new QDockWidget(title, this);
     dock->setObjectName(QString::fromLatin1(name));
     dock->setWidget(panel);
@@ -124,10 +132,12 @@ void CWorkbench::AddDock(const char* name, const QString& title, QWidget* panel,
             panel->nextInFocusChain()->setFocus(Qt::ShortcutFocusReason);
     });
     m_viewMenu->addAction(go);
+    return dock;
 }
 
 void CWorkbench::RestorePlaces() {
-    resize(fontMetrics().averageCharWidth() * 160, fontMetrics().lineSpacing() * 45);
+    resize(screen()->availableSize().boundedTo(
+        QSize(fontMetrics().averageCharWidth() * 200, fontMetrics().lineSpacing() * 50)));
     restoreGeometry(m_settings.value(QLatin1String(kGeometryKey)).toByteArray());
     restoreState(m_settings.value(QLatin1String(kPlacesKey)).toByteArray(), kPlacesVersion);
     m_trends->RestoreState(m_settings);

@@ -11,6 +11,7 @@
 #include <memory>
 
 class QAction;
+class QDockWidget;
 class QLabel;
 class QMenu;
 
@@ -58,7 +59,7 @@ private:
     void MakePanels();
     void MakeMenus();
     void MakeStopBar();
-    void AddDock(const char* name, const QString& title, QWidget* panel, Qt::DockWidgetArea area);
+    QDockWidget* AddDock(const char* name, const QString& title, QWidget* panel, Qt::DockWidgetArea area);
     void RestorePlaces();
     void SavePlaces();
     void OpenFirst(const QString& drive);
@@ -96,6 +97,7 @@ private:
     bool m_isWizardOpen = false;
     bool m_hasTuning = false; ///< what the wizard has changed is to be looked at once the motor stands
     bool m_isClosing = false;
+    bool m_endsFromOutside = false; ///< nobody is there to answer a box
     bool m_hasGoneWell = true;
     bool m_wasNameWrong = false;
 };

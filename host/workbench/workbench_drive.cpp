@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QMessageBox>
 #include <QStatusBar>
 
 namespace krt550 {
@@ -118,8 +119,11 @@ void CWorkbench::Part() {
     const bool isSafe = drive->LastStop().HandBack();
     const bool isRecorded = drive->End();
     m_hasGoneWell = m_hasGoneWell && isSafe && isRecorded;
-    if (!isSafe)
-        statusBar()->showMessage(QStringLiteral("The stop is not confirmed: use the E-stop if the motor turns"));
+    if (!isSafe && !m_endsFromOutside)
+        QMessageBox::warning(this, QStringLiteral("Not stopped for certain"),
+                             QStringLiteral("The drive did not confirm the stop, or did not take local control back. "
+                                            "Use the E-stop if the motor turns.\n\nA drive that does not hear this "
+                                            "program any more stops by itself after the time in 30.29."));
     drive->Closing().End();
 }
 
@@ -164,6 +168,7 @@ void CWorkbench::SetShared(bool isShared) {
 
 void CWorkbench::EndFromOutside() {
     m_isClosing = true;
+    m_endsFromOutside = true;
     SavePlaces();
     if (m_drive)
         m_drive->Closing().Begin();
