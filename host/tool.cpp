@@ -4,6 +4,8 @@
 #include "host/last_stop.h"
 #include "host/options.h"
 #include "host/session.h"
+#include "host/wizard_alone.h"
+#include "host/workbench/run_workbench.h"
 
 #include <QApplication>
 #include <QTextStream>
@@ -83,7 +85,7 @@ int RunTool(int argc, char** argv) {
         qputenv("QT_NO_GLIB", "1");
     QApplication application(qtArgumentCount, argv);
     application.setApplicationDisplayName({});
-    return CSession(options).Run();
+    return CSession(options).Run(options.isWizardAlone ? RunWizardAlone : RunWorkbench);
 }
 
 } // namespace krt550

@@ -118,9 +118,9 @@ QString CBackupReader::TakeValue(const QStringList& fields) {
         return QStringLiteral("\"%1\" is no register").arg(fields[0]);
     const ParameterDescription* parameter = FindParameter(m_parameters, *reg);
     if (!parameter)
-        return QStringLiteral("the drive has no parameter %1").arg(RegisterName(*reg));
+        return QStringLiteral("the drive has no parameter %1").arg(RegisterText(*reg));
     if (!m_seen.insert(*reg).second)
-        return QStringLiteral("%1 stands here a second time").arg(RegisterName(*reg));
+        return QStringLiteral("%1 stands here a second time").arg(RegisterText(*reg));
     if (QString reason; KeepingOf(*parameter, &reason) == Keeping::Left)
         return QStringLiteral("%1 does not belong into a backup: %2").arg(parameter->displayName(), reason);
     if (fields[3] != parameter->unit)
@@ -157,7 +157,7 @@ QByteArray BackupText(const ParameterValues& values, std::span<const ParameterDe
         QLatin1String(kColumns),
     };
     for (const ParameterDescription& parameter : parameters)
-        lines.append(QStringList{RegisterName(parameter.reg), OneLine(parameter.name).leftJustified(widestName),
+        lines.append(QStringList{RegisterText(parameter.reg), OneLine(parameter.name).leftJustified(widestName),
                                  FieldOf(parameter, values).leftJustified(widestValue), parameter.unit}
                          .join(QLatin1Char('\t')));
     lines.append(QLatin1String(kEnd));

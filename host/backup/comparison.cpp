@@ -1,4 +1,5 @@
 #include "host/backup/comparison.h"
+#include "hostlib/tolvbo32/value_codec.h"
 
 #include <map>
 
@@ -32,7 +33,7 @@ QString ChangeText(const ValueChange& change, std::span<const ParameterDescripti
 
 QString DisplayName(quint16 reg, std::span<const ParameterDescription> parameters) {
     const ParameterDescription* parameter = FindParameter(parameters, reg);
-    return parameter ? parameter->displayName() : RegisterName(reg);
+    return parameter ? parameter->displayName() : RegisterText(reg);
 }
 
 } // namespace krt550

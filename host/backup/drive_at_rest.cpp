@@ -3,6 +3,7 @@
 #include "host/backup/parameter_values.h"
 #include "hostlib/host_drive.h"
 #include "hostlib/tolvbo32/parameter_link.h"
+#include "hostlib/tolvbo32/value_codec.h"
 
 namespace krt550 {
 namespace {
@@ -33,7 +34,7 @@ QString WhyNotAtRest(CHostDrive& drive, CParameterLink& link, std::span<const Pa
         if (!FindParameter(parameters, sign.reg))
             continue;
         if (!link.ReadWord(sign.reg, word))
-            return QStringLiteral("%1 cannot be read: %2").arg(RegisterName(sign.reg), link.LastErrorText());
+            return QStringLiteral("%1 cannot be read: %2").arg(RegisterText(sign.reg), link.LastErrorText());
         if (word & sign.mask)
             return QLatin1String(sign.meaning);
     }

@@ -47,10 +47,6 @@ const ParameterDescription* FindParameter(std::span<const ParameterDescription> 
     return found == parameters.end() ? nullptr : &*found;
 }
 
-QString RegisterName(quint16 reg) {
-    return QStringLiteral("%1.%2").arg(reg / 100).arg(reg % 100, 2, 10, QLatin1Char('0'));
-}
-
 std::optional<quint16> ParseRegister(const QString& text) {
     static const QRegularExpression form(QStringLiteral(R"(^([1-9]\d{0,2})\.?(\d\d)$)"));
     const QRegularExpressionMatch match = form.match(text);

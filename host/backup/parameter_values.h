@@ -39,9 +39,6 @@ ParameterValues ReadValues(CHostDrive& drive, CParameterLink& link, std::span<co
 /// Null when there is none with this register.
 const ParameterDescription* FindParameter(std::span<const ParameterDescription> parameters, quint16 reg);
 
-/// "99.06" for 9906.
-QString RegisterName(quint16 reg);
-
 /// Register of "99.06" or "9906", as people write it; nothing for anything else.
 std::optional<quint16> ParseRegister(const QString& text);
 

@@ -16,7 +16,7 @@ constexpr ToolCommand kCommands[] = {
     {"record", "says what a record holds", RunRecordCommand},
     {"report", "makes a document for signature of a record", RunReportCommand},
     {"play", "acts a script out on the wizard: FILE and options", nullptr, "--play"},
-    {"wizard", "opens the commissioning wizard and ends with it: options", nullptr},
+    {"wizard", "opens the commissioning wizard and ends with it: options", nullptr, "--wizard"},
 };
 
 } // namespace

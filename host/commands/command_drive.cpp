@@ -73,7 +73,7 @@ std::optional<std::vector<ParameterDescription>> CCommandDrive::Find(const QStri
         if (parameter)
             found.push_back(*parameter);
         else
-            m_line.Complain(reg ? QStringLiteral("the drive has no parameter %1").arg(RegisterName(*reg))
+            m_line.Complain(reg ? QStringLiteral("the drive has no parameter %1").arg(RegisterText(*reg))
                                 : QStringLiteral("\"%1\" is no register: it is 99.06 or 9906").arg(argument),
                             0);
         areGood = areGood && parameter;
@@ -82,7 +82,7 @@ std::optional<std::vector<ParameterDescription>> CCommandDrive::Find(const QStri
 }
 
 QJsonObject ValueJson(const ParameterDescription& parameter, std::optional<quint16> word) {
-    QJsonObject object{{QStringLiteral("register"), RegisterName(parameter.reg)},
+    QJsonObject object{{QStringLiteral("register"), RegisterText(parameter.reg)},
                        {QStringLiteral("name"), parameter.name},
                        {QStringLiteral("unit"), parameter.unit},
                        {QStringLiteral("value"), QJsonValue::Null},

@@ -66,7 +66,7 @@ void PrintRows(const std::vector<ParameterDescription>& parameters, const Parame
     QList<QStringList> rows;
     for (const ParameterDescription& parameter : parameters) {
         const std::optional<quint16> word = values.Find(parameter.reg);
-        rows.append({RegisterName(parameter.reg), parameter.name,
+        rows.append({RegisterText(parameter.reg), parameter.name,
                      word ? ValueText(parameter, *word) : QStringLiteral("?"), LimitText(parameter),
                      DefaultText(parameter), AccessText(parameter)});
     }

@@ -279,7 +279,7 @@ def in_front(process):
 def main():
     server, display = start_display()
     environment = dict(os.environ, DISPLAY=display, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
-    process = subprocess.Popen([sys.argv[1], "--drive", "sim:S2", "--record", "none"], env=environment)
+    process = subprocess.Popen([sys.argv[1], "--wizard", "--drive", "sim:S2", "--record", "none"], env=environment)
     answers = []
     try:
         wizard = Wizard(process)
