@@ -44,6 +44,8 @@ QWidget* CValueEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&
     m_editor->setAutoFillBackground(true);
     if (m_note)
         m_editor->setAccessibleDescription(m_note->text());
+    if (onOpened)
+        onOpened();
     return m_editor;
 }
 
@@ -73,6 +75,8 @@ QWidget* CValueEditor::MakeChoice(QWidget* parent, const ParameterRow& row) cons
     for (const auto& [value, text] : row.description.values)
         if (text != kExcludedValue)
             box->addItem(text, int{value});
+    if (row.word) // for one that is not offered
+        box->setPlaceholderText(ValueText(row.description, *row.word));
     box->setCurrentIndex(row.word ? box->findData(int{*row.word}) : -1);
     auto* self = const_cast<CValueEditor*>(this);
     box->onChosen = [self, box] { self->Commit(*box); };
@@ -94,6 +98,11 @@ void CValueEditor::setModelData(QWidget* editor, QAbstractItemModel* model, cons
         return;
     if (const std::optional<quint16> word = WordOfTypedText(m_rowOf(index).description, typed, error))
         model->setData(index, int{*word});
+}
+
+/// A little air between the lines.
+QSize CValueEditor::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 3);
 }
 
 /// As high and wide as it needs to be; the rows are lower than a drop-down.

@@ -159,7 +159,7 @@ TEST_F(ParameterPanel, LeavesTheLineAloneWhileItIsShared) {
 }
 
 TEST_F(ParameterPanel, TellsOnceOfADriveThatDoesNotAnswerAndAsksLessOften) {
-    const QBrush grey = QApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+    const QBrush grey = QApplication::palette().brush(QPalette::Active, QPalette::PlaceholderText);
     const auto isGrey = [&] { return Value("43.07").data(Qt::ForegroundRole).value<QBrush>() == grey; };
     m_drive.unreadable = {104}; // one alone is no dead line
     Pass(3000);
