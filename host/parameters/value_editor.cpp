@@ -135,22 +135,23 @@ void CValueEditor::ShowNote(const QString& text, bool isError) const {
     PlaceNote();
 }
 
-/// Below the editor, or above where there is no room.
+/// Below the editor, or above where there is no room; nowhere while that is scrolled out of sight.
 void CValueEditor::PlaceNote() const {
     if (!m_note || !m_editor || m_editor->size().isEmpty())
         return;
+    const QRect room = m_editor->parentWidget()->geometry();
+    const QRect editor = m_editor->geometry().translated(room.topLeft());
     const QFontMetrics metrics = m_note->fontMetrics();
     const int frame = 2 * (m_note->margin() + m_note->frameWidth()) + metrics.averageCharWidth();
-    const int widest = std::min(m_view->width(), metrics.averageCharWidth() * 50);
+    const int widest = std::min(room.width(), metrics.averageCharWidth() * 50);
     const int width = std::min(widest, metrics.horizontalAdvance(m_note->text()) + frame);
-    const QSize size(width, m_note->heightForWidth(width));
-    const QPoint corner = m_editor->mapTo(m_view, QPoint(0, 0));
-    int top = corner.y() + m_editor->height();
-    if (top + size.height() > m_view->height())
-        top = std::max(0, corner.y() - size.height());
-    const int left = std::max(0, std::min(corner.x(), m_view->width() - size.width()));
-    m_note->setGeometry(QRect(QPoint(left, top), size));
-    m_note->show();
+    QRect place(editor.left(), editor.bottom() + 1, width, m_note->heightForWidth(width));
+    if (place.bottom() > room.bottom())
+        place.moveBottom(editor.top() - 1);
+    if (place.right() > room.right())
+        place.moveRight(room.right());
+    m_note->setGeometry(place);
+    m_note->setVisible(room.intersects(editor));
     m_note->raise();
 }
 
