@@ -6,7 +6,7 @@
 set -eu
 build="${1:-build}"
 export QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}"
-programs="empty-dialog:startup_empty_dialog one-word-dialog:startup_empty_dialog:Start krt550tool:startup_krt550tool"
+programs="empty-dialog:startup_empty_dialog one-word-dialog:startup_empty_dialog:Start krt550tool:startup_krt550tool:--wizard"
 XDG_DATA_HOME=$(mktemp -d) # the program records its sessions
 export XDG_DATA_HOME
 trap 'rm -r "$XDG_DATA_HOME"' EXIT

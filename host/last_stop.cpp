@@ -85,8 +85,7 @@ bool CLastStop::Finish() {
         g_waitsFor = nullptr;
         m_isFinishing = false;
     });
-    m_lastStop.reset();
-    m_silentSince.reset();
+    BeginAnew();
     g_waitsFor = kWaitsForStandstill;
     const qint64 since = Now();
     m_toldAt = 0;
@@ -94,6 +93,15 @@ bool CLastStop::Finish() {
         TellOfWaiting(since);
         CClock::Current().Sleep(kPollMs);
     }
+    return HandBack();
+}
+
+void CLastStop::BeginAnew() {
+    m_lastStop.reset();
+    m_silentSince.reset();
+}
+
+bool CLastStop::HandBack() {
     const qint64 standing = Now();
     while (m_drive.IsLocalControlActive() && !IsSilent() && Now() - standing < kSilenceMs) {
         GiveBack();

@@ -32,8 +32,15 @@ public:
     /// been silent for too long.
     bool Stop();
 
-    /// Stop, and waits for standstill as long as that takes; then contactor and local control. False when the drive
-    /// fell silent or kept local control; that has been told then.
+    /// Somebody wants a stop now: the next Stop sends it at once, whatever was sent before.
+    void BeginAnew();
+    /// The drive has answered nothing for kSilenceMs: whether it has stopped nobody knows.
+    bool IsSilent() const;
+    /// Opens the contactor and gives local control back; for a motor that Stop has told to stand. Takes kSilenceMs when
+    /// the drive refuses. False when it fell silent or kept local control; that has been told then.
+    bool HandBack();
+
+    /// Stop, and waits for standstill as long as that takes; then HandBack.
     bool Finish();
 
     /// What the program waits for, for the handler of a signal; null while it does not.
@@ -52,7 +59,6 @@ public:
 private:
     bool IsHeld();
     bool Hear(bool succeeded);
-    bool IsSilent() const;
     void SendStop();
     void GiveBack();
     void TellOfWaiting(qint64 since);

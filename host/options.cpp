@@ -19,13 +19,15 @@ struct OptionDef {
 
 constexpr OptionDef kOptions[] = {
     {"drive", "NAME", &ToolOptions::drive,
-     "drive to connect: sim (default), sim:MOTOR, sim:MOTOR,OPTION=VALUE,...; modbus-tcp:HOST:PORT[,unit=N];\n"
-     "modbus-rtu:DEVICE,BAUD,PARITY[,unit=N]"},
+     "drive to connect at once: sim, sim:MOTOR, sim:MOTOR,OPTION=VALUE,...; modbus-tcp:HOST:PORT[,unit=N];\n"
+     "modbus-rtu:DEVICE,BAUD,PARITY[,unit=N] (default: the workbench asks, the wizard alone and plays take sim)"},
+    {"wizard", nullptr, nullptr, "open the commissioning wizard alone, without the workbench, and end with it"},
     {"wizard-dir", "DIR", &ToolOptions::wizardDirectory, "directory of the wizard's text and help files"},
     {"parameters", "FILE", &ToolOptions::parameterFile, "description of the drive's parameters"},
     {"macros", "FILE", &ToolOptions::macroFile, "the drive's application macros (default: beside its parameters)"},
     {"module", "FILE", &ToolOptions::moduleFile, "the wizard module"},
-    {"play", "FILE", &ToolOptions::playFile, "play this script instead of waiting for a person (see below)"},
+    {"play", "FILE", &ToolOptions::playFile,
+     "play this script on the wizard instead of waiting for a person (see below)"},
     {"log", "FILE", &ToolOptions::logFile, "write one line for each drive call; - is standard output"},
     {"record", "FILE", &ToolOptions::recordFile,
      "append everything that happens to this record; none: nowhere (default: a file a drive and day in the user's "
@@ -87,6 +89,9 @@ ToolOptions ParseOptions(const QStringList& arguments) {
         options.task = ToolOptions::Task::Version;
     else
         options.complaint = TakeValues(parser, options);
+    options.isWizardAlone = parser.isSet(QStringLiteral("wizard")) || !options.playFile.isEmpty();
+    if (options.isWizardAlone && options.drive.isEmpty())
+        options.drive = QStringLiteral("sim");
     if (!options.complaint.isEmpty())
         options.task = ToolOptions::Task::Complain;
     return options;
@@ -96,7 +101,7 @@ QString HelpText() {
     QCommandLineParser parser;
     AddOptions(parser);
     parser.setApplicationDescription(
-        QStringLiteral("Connects a drive, opens the commissioning wizard on it and ends with the wizard."));
+        QStringLiteral("The workbench for a drive: connect it, look at it, commission it."));
     const QString text = QStringLiteral(
         "\n"
         "%1"

@@ -12,8 +12,9 @@ struct ToolOptions {
     Task task = Task::Run;
     QString complaint; ///< one line, for Task::Complain
 
-    QString drive = QStringLiteral("sim");
-    QString wizardDirectory; ///< these two and moduleFile: empty = beside the program
+    QString drive;              ///< empty: none was named, and the workbench asks for one; the wizard alone takes "sim"
+    bool isWizardAlone = false; ///< no workbench; a play always
+    QString wizardDirectory;    ///< these two and moduleFile: empty = beside the program
     QString parameterFile;
     QString macroFile; ///< empty = KRT550.macros beside the parameter file, if there is one
     QString moduleFile;

@@ -1,21 +1,10 @@
 #include "host/session.h"
 
-#include "host/call_log.h"
-#include "host/closing.h"
-#include "host/connect_drive.h"
-#include "host/drive_stage.h"
-#include "host/interrupt.h"
-#include "host/last_stop.h"
-#include "host/logged_drive.h"
-#include "host/logged_link.h"
+#include "drive/named_drive.h"
 #include "host/play/parser.h"
-#include "host/record/record_place.h"
-#include "host/record/recording.h"
 #include "host/tool.h"
 #include "hostlib/tolvbo32/scaled_clock.h"
 
-#include <QApplication>
-#include <QDateTime>
 #include <QDir>
 
 #include <unistd.h>
@@ -34,17 +23,15 @@ CSession::~CSession() {
         close(m_logDescriptor);
 }
 
-int CSession::Run() {
+int CSession::Run(const Work& work) {
     const std::unique_ptr<CClock> clock = MakeClock();
     const ClockScope scope(*clock);
     if (!Prepare())
         return kExitUsage;
-    QString error;
-    if (!m_connection->Open(error)) {
-        Complain(error);
-        return kExitFailure;
-    }
-    return RunWizard();
+    m_callLog.emplace(m_log ? [this](const QByteArray& line) { m_log->Write(line); } : CCallLog::Output(),
+                      m_script.has_value());
+    m_connector.emplace(m_options, *m_callLog, [this](const QString& text) { Complain(text); });
+    return work(*this);
 }
 
 /// Nobody watches a play of which no speed is asked: its time passes as fast as everything is done, and the same
@@ -60,11 +47,11 @@ bool CSession::Prepare() {
     if (!QDir(m_options.wizardDirectory).exists())
         return Complain(
             QStringLiteral("wizard directory %1: there is no such directory").arg(m_options.wizardDirectory));
-    if (!ReadScript() || !Connect())
+    if (!ReadScript())
         return false;
     if (!m_module.Load(m_options.moduleFile, error))
         return Complain(error);
-    return OpenLog() && OpenRecord();
+    return OpenLog();
 }
 
 bool CSession::ReadScript() {
@@ -72,16 +59,6 @@ bool CSession::ReadScript() {
     if (!m_options.playFile.isEmpty())
         m_script = ReadPlayFile(m_options.playFile, errors);
     return errors.isEmpty() || Complain(errors.join(QLatin1Char('\n')));
-}
-
-bool CSession::Connect() {
-    QStringList errors;
-    auto files = ReadDriveFiles(m_options.parameterFile, m_options.macroFile, errors);
-    if (!files)
-        return Complain(errors.join(QLatin1Char('\n')));
-    QString error;
-    m_connection = ConnectDrive(m_options.drive, *std::move(files), m_options.wizardDirectory, error);
-    return m_connection || Complain(error);
 }
 
 bool CSession::OpenLog() {
@@ -100,63 +77,9 @@ bool CSession::OpenLog() {
     return true;
 }
 
-/// A record that was asked for has to be there; the one that is kept anyway holds nobody up.
-bool CSession::OpenRecord() {
-    const bool asked = !m_options.recordFile.isEmpty();
-    if (m_options.recordFile == QLatin1String("none") || (!asked && m_script))
-        return true;
-    const QDateTime now = QDateTime::currentDateTime();
-    const QString path = asked ? m_options.recordFile : RecordPlace(m_options.drive, now.date());
-    QString error;
-    m_record = std::make_unique<CRecordWriter>([this](const QString& text) { Complain(text); });
-    if (m_record->Open(path,
-                       {.drive = m_options.drive,
-                        .program = VersionText().trimmed(),
-                        .started = now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs)},
-                       error))
-        return true;
-    m_record.reset();
-    return Complain(QStringLiteral("record %1: cannot be written: %2").arg(path, error)) || !asked;
-}
-
 bool CSession::Complain(const QString& text) {
     m_errors.Write("krt550tool: " + text.toLocal8Bit());
     return false;
-}
-
-int CSession::RunWizard() {
-    const auto complain = [this](const QString& text) { Complain(text); };
-    CCallLog log(m_log ? [this](const QByteArray& line) { m_log->Write(line); } : CCallLog::Output(),
-                 m_script.has_value());
-    CLoggedLink link(m_connection->GetLink(), log);
-    CLoggedDrive drive(m_connection->GetDrive(), log, &m_connection->GetLink());
-    CRecording recording(m_record.get(), drive, link);
-    m_connection->SetTreeLink(&recording.Link());
-    CLastStop lastStop(recording.Drive(), recording.Link(), complain);
-    lastStop.SetWayOfCrash(drive, link);
-    CClosing closing(lastStop, complain);
-    CDriveStage stage(*m_connection, log);
-    std::optional<CPlayer> player;
-    if (m_script) {
-        player.emplace(std::move(*m_script), stage, closing, m_options.shotDirectory,
-                       PlayOutput{[this](const QString& line) { m_output.Write(line.toLocal8Bit()); },
-                                  [this](const QString& line) { m_errors.Write(line.toLocal8Bit()); }});
-        player->Begin();
-    }
-    const CInterrupt interrupt([&closing] { closing.Begin(); });
-    recording.Begin();
-    const int result = m_module.Run(&recording.Drive());
-    closing.End();
-    bool well = lastStop.Finish() && result == 0;
-    m_output.Write("RunWizard returned " + QByteArray::number(result));
-    if (player && !player->Finish())
-        well = false;
-    // A help window may still be open.
-    QApplication::closeAllWindows();
-    recording.End();
-    m_connection->SetTreeLink(nullptr);
-    const bool logged = (!m_log || !m_log->HasFailed()) && (!m_record || !m_record->HasGaps());
-    return well && logged && !interrupt.HasCome() ? 0 : kExitFailure;
 }
 
 } // namespace krt550

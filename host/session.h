@@ -1,10 +1,10 @@
 #pragma once
 
-#include "host/connection.h"
+#include "host/call_log.h"
+#include "host/connector.h"
 #include "host/line_writer.h"
 #include "host/options.h"
-#include "host/play/player.h"
-#include "host/record/record_writer.h"
+#include "host/play/action.h"
 #include "host/wizard_module.h"
 
 #include <memory>
@@ -12,37 +12,50 @@
 
 namespace krt550 {
 
-/// One run of the tool with options that make sense: files are opened, the drive is connected, the wizard runs.
+/// What a run of the tool with options that make sense works with: its clock, its output, the module, the log, and
+/// whatever connects drives.
 class CSession {
 public:
+    /// Returns the exit status.
+    using Work = std::function<int(CSession&)>;
+
     explicit CSession(ToolOptions options);
     ~CSession();
     CSession(const CSession&) = delete;
     CSession& operator=(const CSession&) = delete;
 
-    /// Returns the exit status.
-    int Run();
+    /// Opens everything and does the work. Returns the exit status.
+    int Run(const Work& work);
+
+    const ToolOptions& Options() const { return m_options; }
+    const CWizardModule& Module() const { return m_module; }
+    CConnector& Connector() { return *m_connector; }
+    CCallLog& Log() { return *m_callLog; }
+    bool HasLogFailed() const { return m_log && m_log->HasFailed(); }
+    /// Null without a play.
+    const PlayScript* Script() const { return m_script ? &*m_script : nullptr; }
+    void Print(const QString& text) { m_output.Write(text.toLocal8Bit()); }
+    /// A line on standard error as it is.
+    void PrintError(const QString& text) { m_errors.Write(text.toLocal8Bit()); }
+    /// A complaint of the program; always false.
+    bool Complain(const QString& text);
 
 private:
     bool Prepare();
     bool ReadScript();
     bool OpenLog();
-    bool OpenRecord();
-    bool Connect();
-    bool Complain(const QString& text);
     std::unique_ptr<CClock> MakeClock() const;
-    int RunWizard();
 
     ToolOptions m_options;
     CLineWriter m_errors;
     CLineWriter m_output;
     int m_logDescriptor = -1;
     std::optional<CLineWriter> m_logFile;
-    CLineWriter* m_log = nullptr;            ///< one of the two above; null without a log
-    std::unique_ptr<CRecordWriter> m_record; ///< null without a record
+    CLineWriter* m_log = nullptr; ///< one of the two above; null without a log
     std::optional<PlayScript> m_script;
     CWizardModule m_module;
-    std::unique_ptr<CConnection> m_connection;
+    std::optional<CCallLog> m_callLog;
+    std::optional<CConnector> m_connector;
 };
 
 } // namespace krt550

@@ -4,6 +4,8 @@
 #include "host/last_stop.h"
 #include "host/options.h"
 #include "host/session.h"
+#include "host/wizard_alone.h"
+#include "host/workbench/run_workbench.h"
 
 #include <QApplication>
 #include <QTextStream>
@@ -48,9 +50,13 @@ void PassOnMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 
 int RunTool(int argc, char** argv) {
     qInstallMessageHandler(PassOnMessage);
-    if (const ToolCommand* command = argc > 1 ? FindCommand(QString::fromLocal8Bit(argv[1])) : nullptr)
-        return command->run(ArgumentsOf(argc, argv));
-    const ToolOptions options = ParseOptions(ArgumentsOf(argc, argv));
+    QStringList arguments = ArgumentsOf(argc, argv);
+    if (const ToolCommand* command = argc > 1 ? FindCommand(arguments[1]) : nullptr) {
+        if (command->run)
+            return command->run(arguments);
+        arguments = AsOptions(*command, arguments);
+    }
+    const ToolOptions options = ParseOptions(arguments);
     // The command line is the tool's own: Qt gets the program name alone.
     int qtArgumentCount = 1;
     switch (options.task) {
@@ -79,7 +85,7 @@ int RunTool(int argc, char** argv) {
         qputenv("QT_NO_GLIB", "1");
     QApplication application(qtArgumentCount, argv);
     application.setApplicationDisplayName({});
-    return CSession(options).Run();
+    return CSession(options).Run(options.isWizardAlone ? RunWizardAlone : RunWorkbench);
 }
 
 } // namespace krt550

@@ -42,10 +42,12 @@ rooms(wizard/ platform resources texts params wiring motor diagnosis shell)
 
 # Rooms of the host that know nothing of the rest of it.
 set(hands "")
+set(backup hostlib)
 set(record hostlib)
 set(report record hostlib)
 set(parameters hostlib)
-rooms(host/ hands record report parameters)
+set(trends hostlib)
+rooms(host/ hands backup parameters record report trends)
 
 if(found)
     message(FATAL_ERROR "against the arrows:\n${found}")

@@ -1,6 +1,7 @@
 #include "host/parameters/parameter_model.h"
 
 #include "host/parameters/parameter_texts.h"
+#include "hostlib/tolvbo32/value_codec.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -22,7 +23,7 @@ QString TextOf(const ParameterRow& row, ParameterColumn column) {
     case ParameterColumn::Name:
         return row.description.name;
     case ParameterColumn::Value:
-        return row.word ? ValueText(row.description, *row.word) : QString();
+        return row.word ? CellText(row.description, *row.word) : QString();
     case ParameterColumn::Unit:
         return row.description.unit;
     case ParameterColumn::Minimum:

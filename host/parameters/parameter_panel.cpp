@@ -158,7 +158,7 @@ void CParameterPanel::WasReadBack(int row, quint16 wanted, bool isWritten) {
     const ParameterRow& read = m_model.GetRow(row);
     const QString name = read.description.displayName();
     if (isWritten && read.word != wanted)
-        Tell(QStringLiteral("%1: the drive has made %2 of it.").arg(name, ValueText(read.description, *read.word)));
+        Tell(QStringLiteral("%1: the drive has made %2 of it.").arg(name, CellText(read.description, *read.word)));
     if (!isWritten && read.word == wanted)
         Tell(m_message->text() + QStringLiteral(" The drive has it all the same."));
 }

@@ -17,7 +17,7 @@ bool HasShownLimits(const ParameterDescription& parameter) {
 }
 
 QString WithUnit(const ParameterDescription& parameter, quint16 word) {
-    return (ValueText(parameter, word) + QLatin1Char(' ') + parameter.unit).trimmed();
+    return (CellText(parameter, word) + QLatin1Char(' ') + parameter.unit).trimmed();
 }
 
 QString SetBits(quint16 word) {
@@ -30,11 +30,7 @@ QString SetBits(quint16 word) {
 
 } // namespace
 
-QString RegisterText(quint16 reg) {
-    return QStringLiteral("%1.%2").arg(reg / 100).arg(reg % 100, 2, 10, QLatin1Char('0'));
-}
-
-QString ValueText(const ParameterDescription& parameter, quint16 word) {
+QString CellText(const ParameterDescription& parameter, quint16 word) {
     if (IsBitWord(parameter))
         return QStringLiteral("%1h").arg(QString::number(word, 16).toUpper(), 4, QLatin1Char('0'));
     return ShownText(parameter, word);
@@ -49,7 +45,7 @@ QString MaximumText(const ParameterDescription& parameter) {
 }
 
 QString DefaultText(const ParameterRow& row) {
-    return row.description.readOnly ? QString() : ValueText(row.description, row.defaultWord);
+    return row.description.readOnly ? QString() : CellText(row.description, row.defaultWord);
 }
 
 QString ToolTipText(const ParameterRow& row) {

@@ -24,10 +24,8 @@ struct ParameterRow {
     bool DiffersFromConnected() const { return word && connected && *word != *connected; }
 };
 
-/// "99.06", as people write it.
-QString RegisterText(quint16 reg);
 /// Text of a word: of a bit word "0031h", of any other what is shown everywhere.
-QString ValueText(const ParameterDescription& parameter, quint16 word);
+QString CellText(const ParameterDescription& parameter, quint16 word);
 /// Limits, in shown units; empty where none say anything: value lists, bit words, and signals without limits.
 QString MinimumText(const ParameterDescription& parameter);
 QString MaximumText(const ParameterDescription& parameter);

@@ -52,7 +52,7 @@ QWidget* CValueEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&
 QWidget* CValueEditor::MakeText(QWidget* parent, const ParameterRow& row) const {
     auto* edit = new QLineEdit(parent);
     edit->setAlignment(Qt::AlignRight);
-    m_former = row.word ? ValueText(row.description, *row.word) : QString();
+    m_former = row.word ? CellText(row.description, *row.word) : QString();
     edit->setText(m_former);
     edit->selectAll();
     m_note = new QLabel(m_view);
@@ -76,7 +76,7 @@ QWidget* CValueEditor::MakeChoice(QWidget* parent, const ParameterRow& row) cons
         if (text != kExcludedValue)
             box->addItem(text, int{value});
     if (row.word) // for one that is not offered
-        box->setPlaceholderText(ValueText(row.description, *row.word));
+        box->setPlaceholderText(CellText(row.description, *row.word));
     box->setCurrentIndex(row.word ? box->findData(int{*row.word}) : -1);
     auto* self = const_cast<CValueEditor*>(this);
     box->onChosen = [self, box] { self->Commit(*box); };

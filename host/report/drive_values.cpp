@@ -21,11 +21,6 @@ Words LeftBy(const RecordedSession& session) {
 
 } // namespace
 
-QString RegisterText(quint16 reg) {
-    constexpr int kGroup = 100;
-    return QStringLiteral("%1.%2").arg(reg / kGroup).arg(reg % kGroup, 2, 10, QLatin1Char('0'));
-}
-
 CDriveValues::CDriveValues(const std::vector<RecordedSession>& sessions) {
     for (const RecordedSession& session : sessions) {
         for (const auto& [reg, parameter] : session.parameters)

@@ -37,7 +37,4 @@ private:
     bool m_areLeftRead = false;
 };
 
-/// "99.02" for 9902.
-QString RegisterText(quint16 reg);
-
 } // namespace krt550

@@ -5,6 +5,7 @@
 #include "host/report/run_findings.h"
 #include "host/report/session_time.h"
 #include "host/report/step_findings.h"
+#include "hostlib/tolvbo32/value_codec.h"
 
 #include <algorithm>
 

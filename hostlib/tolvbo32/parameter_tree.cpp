@@ -3,6 +3,8 @@
 #include "hostlib/tolvbo32/parameter.h"
 #include "hostlib/tolvbo32/parameter_group.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 
 namespace krt550 {
@@ -22,6 +24,17 @@ std::unique_ptr<CParameterGroup> BuildParameterTree(const std::vector<ParameterD
         group->Add(std::make_unique<CParameter>(group, parameter, link));
     }
     return root;
+}
+
+std::vector<ParameterDescription> DescriptionsIn(const CParameterGroup& group) {
+    std::vector<ParameterDescription> found;
+    for (const std::unique_ptr<CParameterSet>& child : group.GetChildren()) {
+        if (const auto* parameter = dynamic_cast<const CParameter*>(child.get()))
+            found.push_back(parameter->GetDescription());
+        else if (const auto* below = dynamic_cast<const CParameterGroup*>(child.get()))
+            std::ranges::move(DescriptionsIn(*below), std::back_inserter(found));
+    }
+    return found;
 }
 
 } // namespace krt550

@@ -16,4 +16,7 @@ class CParameterLink;
 HOSTLIB_EXPORT std::unique_ptr<CParameterGroup> BuildParameterTree(const std::vector<ParameterDescription>& parameters,
                                                                    CParameterLink* link);
 
+/// Descriptions of all parameters below a group, in their order.
+HOSTLIB_EXPORT std::vector<ParameterDescription> DescriptionsIn(const CParameterGroup& group);
+
 } // namespace krt550

@@ -67,6 +67,10 @@ QString OutOfRangeText(const ParameterDescription& parameter, const QString& val
              unit);
 }
 
+QString RegisterText(quint16 reg) {
+    return QStringLiteral("%1.%2").arg(reg / 100).arg(reg % 100, 2, 10, QLatin1Char('0'));
+}
+
 double ShownNumber(const ParameterDescription& parameter, quint16 word) {
     double raw = word;
     if (parameter.dataType == DataType::Signed16)

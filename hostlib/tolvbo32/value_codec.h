@@ -24,6 +24,9 @@ HOSTLIB_EXPORT QString OutOfRangeText(const ParameterDescription& parameter, con
 /// The conversions between raw words and what people read and type. Each returns nothing when it refuses and
 /// then puts the reason into `error`.
 
+/// "99.06" for 9906.
+HOSTLIB_EXPORT QString RegisterText(quint16 reg);
+
 /// Number that a raw word stands for, in shown units.
 HOSTLIB_EXPORT double ShownNumber(const ParameterDescription& parameter, quint16 word);
 

@@ -5,7 +5,11 @@ Usage: play_over_wire.py tcp|rtu PLAY [SPEED [BIN]]
 
 `compare` lines, which look into the motor, become `show`: numbers over the wire must come within 3 % of those in one
 process (what is measured while time passes for real is never the same twice), other values must be the same.
+
+The drive that has been played on lives on: it is backed up before, and restored afterwards, which must leave every
+writable parameter as it was found.
 """
+import json
 import os
 import re
 import subprocess
@@ -26,6 +30,43 @@ def play(tool, drive, script, folder, *more):
     if run.returncode != 0:
         sys.exit(f"{drive}: exit status {run.returncode}\n{run.stdout[-2000:]}")
     return shown(run.stdout)
+
+
+def run(tool, drive, status, *arguments):
+    done = subprocess.run([tool, *arguments, "--drive", drive], text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    if done.returncode != status:
+        sys.exit(f"{arguments}: exit status {done.returncode} instead of {status}\n{done.stdout[-2000:]}")
+    return done.stdout
+
+
+def settings(tool, drive):
+    return {value["register"]: value["value"]
+            for value in json.loads(run(tool, drive, 0, "list", "--json")) if value["access"] == "rw"}
+
+
+class Backup:
+    """The drive as it is found."""
+
+    def __init__(self, tool, drive, folder):
+        self.tool, self.drive, self.file = tool, drive, os.path.join(folder, "as-found")
+        self.found = settings(tool, drive)
+        run(tool, drive, 0, "backup", self.file)
+        run(tool, drive, 0, "compare", self.file)
+
+    def restore(self):
+        run(self.tool, self.drive, 0, "set", "43.16=Bridge 1 only", "12.05=-12", "43.06=1.234")
+        got = run(self.tool, self.drive, 0, "get", "12.05", "4306")
+        if got != "12.05 Constant speed 2: -12 rpm\n43.06 Motor 1 P-gain armature current: 1.234\n":
+            sys.exit(got)
+        changes = run(self.tool, self.drive, 1, "compare", self.file)
+        if "12.05 Constant speed 2: 875 rpm -> -12 rpm\n" not in changes or changes.count(" -> ") < 15:
+            sys.exit(f"the demonstration has changed no more than this:\n{changes}")
+        run(self.tool, self.drive, 0, "restore", self.file, "--yes")
+        run(self.tool, self.drive, 0, "compare", self.file)
+        left = settings(self.tool, self.drive)
+        if left != self.found:
+            sys.exit(f"not as found: {set(left.items()) ^ set(self.found.items())}")
+        print(f"{changes.count(' -> ')} of {len(left)} writable parameters were changed, all are as they were found")
 
 
 def is_near(one, other):
@@ -68,7 +109,9 @@ def main():
             greeting = server.stdout.readline()
             if not name:
                 name = "modbus-tcp:127.0.0.1:" + re.search(r"port (\d+)", greeting)[1]
+            backup = Backup(tool, name, folder)
             over = play(tool, name, derived, folder, "--speed", speed)
+            backup.restore()
         finally:
             for helper in helpers:
                 helper.terminate()

@@ -1,0 +1,55 @@
+#include "host/connector.h"
+
+#include "host/connect_drive.h"
+#include "host/record/record_place.h"
+
+#include <QDateTime>
+
+namespace krt550 {
+
+std::unique_ptr<CConnectedDrive> CConnector::Connect(const QString& name, QString& error, bool& isWrong) {
+    isWrong = true;
+    error.clear();
+    std::unique_ptr<CConnection> connection = Make(name, error);
+    if (!connection)
+        return nullptr;
+    std::unique_ptr<CRecordWriter> record = OpenRecord(name, error);
+    if (!error.isEmpty())
+        return nullptr;
+    isWrong = false;
+    if (!connection->Open(error))
+        return nullptr;
+    return std::make_unique<CConnectedDrive>(std::move(connection), m_log, std::move(record), m_complain);
+}
+
+std::unique_ptr<CConnection> CConnector::Make(const QString& name, QString& error) {
+    QStringList errors;
+    auto files = ReadDriveFiles(m_options.parameterFile, m_options.macroFile, errors);
+    error = errors.join(QLatin1Char('\n'));
+    return files ? ConnectDrive(name, *std::move(files), m_options.wizardDirectory, error) : nullptr;
+}
+
+/// A record that was asked for has to be there; the one that is kept anyway holds nobody up.
+std::unique_ptr<CRecordWriter> CConnector::OpenRecord(const QString& drive, QString& error) {
+    const bool asked = !m_options.recordFile.isEmpty();
+    if (m_options.recordFile == QLatin1String("none") || (!asked && !m_options.playFile.isEmpty()))
+        return nullptr;
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString path = asked ? m_options.recordFile : RecordPlace(drive, now.date());
+    QString reason;
+    auto record = std::make_unique<CRecordWriter>(m_complain);
+    if (record->Open(path,
+                     {.drive = drive,
+                      .program = VersionText().trimmed(),
+                      .started = now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs)},
+                     reason))
+        return record;
+    const QString complaint = QStringLiteral("record %1: cannot be written: %2").arg(path, reason);
+    if (asked)
+        error = complaint;
+    else
+        m_complain(complaint);
+    return nullptr;
+}
+
+} // namespace krt550
