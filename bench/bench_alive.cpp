@@ -4,7 +4,6 @@
 #include "bench/line_drive.h"
 #include "bench/person.h"
 #include "tests/assistants/procedures.h"
-#include "tests/shell/wizard_fixture.h"
 #include "tests/support/yes_sayer.h"
 #include "wizard/resources/control_ids.h"
 
@@ -15,18 +14,6 @@ namespace {
 
 constexpr int kRuns = 8;
 constexpr int kPeriodMs = 300;
-constexpr int kFirstBox = 160; ///< of the start page: step 1
-constexpr int kBoxes[] = {kFirstBox, 164, 165, 166, 167, 168, 169};
-
-const WizardFiles& BenchFiles() {
-    static const WizardFiles files([] {
-        QByteArray text = "SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\n";
-        for (int step = 1; step <= 7; ++step)
-            text += "UPDATE\t" + QByteArray::number(step) + "\t" + QByteArray::number(kPeriodMs) + "\n";
-        return text;
-    }());
-    return files;
-}
 
 /// A run, and when the click that is to end it may come.
 struct Run {
@@ -57,7 +44,7 @@ Reaction React(const Run& run, int callMs, unsigned seed) {
     std::mt19937 random(seed);
     const double moment = std::uniform_real_distribution<>(0, 500 + 12.0 * callMs)(random);
     CLineDrive drive(callMs);
-    drive.wizardPath = BenchFiles().WizardPath();
+    drive.wizardPath = BenchFiles(kPeriodMs).WizardPath();
     drive.goal = run.goal;
     drive.found = 2;
     drive.instant = true;
@@ -128,7 +115,7 @@ void MeasureDeadTimes(int callMs) {
     std::printf("  Longest time that input waits during updates [ms], and reads of a pass\n");
     for (int step = 1; step <= int(std::size(kBoxes)); ++step) {
         CLineDrive drive(callMs);
-        drive.wizardPath = BenchFiles().WizardPath();
+        drive.wizardPath = BenchFiles(kPeriodMs).WizardPath();
         drive.instant = true;
         CYesSayer clerk;
         RunWizardWith(drive, [&] {
@@ -151,19 +138,10 @@ void MeasureDeadTimes(int callMs) {
 
 int main(int argc, char** argv) {
     using namespace krt550;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    application.setQuitOnLastWindowClosed(false);
-    std::vector<int> times;
-    for (int i = 1; i < argc; ++i)
-        times.push_back(std::clamp(std::atoi(argv[i]), 0, 10000));
-    if (times.empty())
-        times = {0, 5, 20, 100};
-    for (const int callMs : times) {
+    return MeasureEach(argc, argv, {"0", "5", "20", "100"}, [](const QString& time) {
+        const int callMs = std::clamp(time.toInt(), 0, 10000);
         std::printf("\nA drive call takes %d ms\n", callMs);
         MeasureReactions(callMs);
         MeasureDeadTimes(callMs);
-    }
-    return 0;
+    });
 }

@@ -4,7 +4,6 @@
 #include "bench/person.h"
 #include "tests/assistants/procedures.h"
 #include "tests/link/simulator.h"
-#include "tests/shell/wizard_fixture.h"
 #include "tests/support/yes_sayer.h"
 
 #include <random>
@@ -15,18 +14,7 @@ namespace {
 constexpr int kBaud = 19200;
 constexpr int kPeriodMs = 1000;
 constexpr int kClicks = 3;
-constexpr int kBoxes[] = {160, 164, 165, 166, 167, 168, 169}; ///< of the start page
 constexpr int kStartButton = 60202;
-
-const WizardFiles& BenchFiles() {
-    static const WizardFiles files([] {
-        QByteArray text = "SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\n";
-        for (int step = 1; step <= 7; ++step)
-            text += "UPDATE\t" + QByteArray::number(step) + "\t" + QByteArray::number(kPeriodMs) + "\n";
-        return text;
-    }());
-    return files;
-}
 
 /// Passes announcements on to nobody.
 class CPlainLink : public CParameterLink {
@@ -52,7 +40,7 @@ public:
     explicit CBenchLine(const Wire& wire) : m_simulator(wire.serial, 1, wire.serial ? kBaud : 0) {
         m_time.start();
         m_simulator.GetRelay().SetRoundTrip(wire.roundTripMs);
-        drive = m_simulator.Connect(BenchFiles().WizardPath());
+        drive = m_simulator.Connect(BenchFiles(kPeriodMs).WizardPath());
         plain.emplace(drive->GetLink());
         if (wire.plain)
             drive->SetTreeLink(&*plain);
@@ -178,15 +166,7 @@ void MeasureAborts(const Wire& grouped, const Wire& plain) {
 
 int main(int argc, char** argv) {
     using namespace krt550;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    application.setQuitOnLastWindowClosed(false);
-    QStringList wires = QCoreApplication::arguments().mid(1);
-    if (wires.isEmpty())
-        wires = {QStringLiteral("rtu"), QStringLiteral("1"), QStringLiteral("5"), QStringLiteral("20"),
-                 QStringLiteral("50")};
-    for (const QString& name : wires) {
+    return MeasureEach(argc, argv, {"rtu", "1", "5", "20", "50"}, [](const QString& name) {
         const bool serial = name == QLatin1String("rtu");
         if (serial)
             std::printf("\nModbus RTU, %d baud\n", kBaud);
@@ -196,6 +176,5 @@ int main(int argc, char** argv) {
         const Wire plain{serial, name.toDouble(), true};
         MeasurePages(grouped, plain);
         MeasureAborts(grouped, plain);
-    }
-    return 0;
+    });
 }

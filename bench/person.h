@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/shell/wizard_fixture.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -63,6 +65,32 @@ inline double LongestDeadTime(double milliseconds) {
     pulse.join();
     QCoreApplication::sendPostedEvents();
     return longest;
+}
+
+inline constexpr int kBoxes[] = {160, 164, 165, 166, 167, 168, 169}; ///< of the start page, steps 1 to 7
+
+/// Texts with such an update period for every step.
+inline const WizardFiles& BenchFiles(int periodMs) {
+    static const WizardFiles files([periodMs] {
+        QByteArray text = "SLIDERVAL\t9\t2306\t50\nSLIDERVAL\t10\t2311\t60\n";
+        for (int step = 1; step <= 7; ++step)
+            text += "UPDATE\t" + QByteArray::number(step) + "\t" + QByteArray::number(periodMs) + "\n";
+        return text;
+    }());
+    return files;
+}
+
+/// The program: measures for each of its arguments, or of `otherwise` when there are none.
+inline int MeasureEach(int argc, char** argv, const QStringList& otherwise,
+                       const std::function<void(const QString&)>& measure) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    application.setQuitOnLastWindowClosed(false);
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    for (const QString& argument : arguments.isEmpty() ? otherwise : arguments)
+        measure(argument);
+    return 0;
 }
 
 } // namespace krt550

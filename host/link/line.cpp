@@ -10,6 +10,11 @@ namespace {
 constexpr int kTries = 3;
 constexpr int kBusy = static_cast<int>(WireException::Busy);
 
+/// Something has come, be it only the answer to an earlier request.
+bool WasHeard(const WireReply& reply) {
+    return reply.outcome != WireOutcome::Silent && reply.outcome != WireOutcome::NotConnected;
+}
+
 } // namespace
 
 WireReply CLine::TryRead(int address, std::span<quint16> words) {
@@ -76,10 +81,11 @@ LineResult CLine::LookUp(quint16 command, const WireReply& lost, int greetings) 
 
 LineResult CLine::Stop() {
     WireReply reply;
-    // On a line that is down the next one comes soon enough, and the window wants to live meanwhile.
-    const int most = m_down ? 1 : kTries;
-    for (int tries = 0; tries < most; ++tries) {
-        m_tried = Clock::now();
+    for (int tries = 0; tries < kTries; ++tries) {
+        // On a line that stays down the next one comes soon enough, and the window wants to live meanwhile.
+        if (tries > 0 && m_down && !WasHeard(reply))
+            break;
+        m_tried = m_now();
         reply = m_wire.IsOpen() ? WireReply() : Greet();
         if (!reply.IsDone())
             continue;

@@ -27,8 +27,9 @@ struct LineResult {
 class CLine {
 public:
     using Clock = std::chrono::steady_clock;
+    using Now = std::function<Clock::time_point()>;
 
-    explicit CLine(WirePlace place) : m_wire(std::move(place)) {}
+    explicit CLine(WirePlace place, Now now = Clock::now) : m_wire(std::move(place)), m_now(std::move(now)) {}
 
     /// One try, for what nobody waits for.
     WireReply TryRead(int address, std::span<quint16> words);
@@ -69,6 +70,7 @@ private:
     QString Reason();
 
     CWire m_wire;
+    Now m_now;
     WireState m_state;
     QString m_stranger;       ///< why what answers is not the drive; empty: it is
     bool m_isStateOld = true; ///< to be read before the next command

@@ -15,7 +15,7 @@ constexpr int kBusy = static_cast<int>(WireException::Busy);
 } // namespace
 
 WireReply CLine::Attempt(const Request& request) {
-    m_tried = Clock::now();
+    m_tried = m_now();
     m_wasSent = false;
     WireReply reply = Prepare();
     if (reply.IsDone()) {

@@ -7,9 +7,6 @@
 namespace krt550 {
 namespace {
 
-/// So long a failure tells of the line: longer than its next try takes.
-constexpr auto kDownTime = std::chrono::seconds(1);
-
 /// Signals are for the thread of the user interface; but a crash is where it happens.
 void LeaveSignalsToOthers() {
     sigset_t signals;
@@ -21,9 +18,9 @@ void LeaveSignalsToOthers() {
 
 } // namespace
 
-CLinkThread::CLinkThread(WirePlace place, std::set<quint16> described)
-    : m_ahead(RequestSizeFor(place), std::move(described)), m_beat(Milliseconds()), m_line(std::move(place)),
-      m_thread([this] { Work(); }) {}
+CLinkThread::CLinkThread(WirePlace place, std::set<quint16> described, CLine::Now now)
+    : m_now(std::move(now)), m_ahead(RequestSizeFor(place), std::move(described)), m_beat(m_now()),
+      m_line(std::move(place), m_now), m_thread([this] { Work(); }) {}
 
 CLinkThread::~CLinkThread() {
     {
@@ -32,10 +29,6 @@ CLinkThread::~CLinkThread() {
     }
     m_wake.notify_one();
     m_thread.join();
-}
-
-qint64 CLinkThread::Milliseconds() {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(CLine::Clock::now().time_since_epoch()).count();
 }
 
 LineResult CLinkThread::Run(const Task& task, bool anyhow) {
@@ -61,7 +54,7 @@ LineResult CLinkThread::RunChange(const Task& task, bool anyhow) {
 }
 
 std::optional<LineResult> CLinkThread::StillDown() const {
-    return m_down && CLine::Clock::now() - m_used < kDownTime ? m_down : std::nullopt;
+    return m_down && m_now() - m_used < std::chrono::milliseconds(kDownMs) ? m_down : std::nullopt;
 }
 
 void CLinkThread::Announce(std::span<const quint16> registers) {
@@ -92,10 +85,10 @@ void CLinkThread::Work() {
             Use(lock, *m_task);
             m_task = nullptr;
             m_done.notify_all();
-        } else if (IsKeepAliveWanted() && CLine::Clock::now() >= NextKeepAlive()) {
+        } else if (IsKeepAliveWanted() && m_now() >= NextKeepAlive()) {
             Use(lock, [this] { m_line.KeepAlive(); });
         } else if (!ReadAhead(lock)) {
-            m_wake.wait_until(lock, NextKeepAlive());
+            m_wake.wait_for(lock, NextKeepAlive() - m_now());
         }
     }
 }
@@ -106,17 +99,17 @@ void CLinkThread::Use(std::unique_lock<std::mutex>& lock, const std::function<vo
     use();
     lock.lock();
     m_down = m_line.GetDown();
-    m_used = CLine::Clock::now();
+    m_used = m_now();
 }
 
 /// A drive in local control is to hear from the host, and a line that is down is tried until it is not.
 bool CLinkThread::IsKeepAliveWanted() const {
-    return (m_line.HoldsControl() || m_line.GetDown()) && Milliseconds() - m_beat < kHungMs;
+    return (m_line.HoldsControl() || m_line.GetDown()) && m_now() - m_beat.load() < std::chrono::milliseconds(kHungMs);
 }
 
 /// Where none is wanted, when to look again.
 CLine::Clock::time_point CLinkThread::NextKeepAlive() const {
-    return (IsKeepAliveWanted() ? m_line.LastTried() : CLine::Clock::now()) + std::chrono::milliseconds(kKeepAliveMs);
+    return (IsKeepAliveWanted() ? m_line.LastTried() : m_now()) + std::chrono::milliseconds(kKeepAliveMs);
 }
 
 /// Sends the next request of what was announced; false when there is none.

@@ -26,8 +26,11 @@ public:
     /// is built on a busy machine, takes a tenth of it; and what it is given comes on top of 30.29 until the motor is
     /// stopped.
     static constexpr int kHungMs = 2000;
+    /// So long a failure tells of the line [ms]: longer than its next try takes.
+    static constexpr int kDownMs = 1000;
 
-    CLinkThread(WirePlace place, std::set<quint16> described);
+    /// `now` is the time that all of these go by; it is asked by both threads.
+    CLinkThread(WirePlace place, std::set<quint16> described, CLine::Now now = CLine::Clock::now);
     ~CLinkThread();
     CLinkThread(const CLinkThread&) = delete;
     CLinkThread& operator=(const CLinkThread&) = delete;
@@ -44,11 +47,9 @@ public:
     /// the line is down.
     std::optional<quint16> TakeAnnounced(quint16 reg);
     /// Somebody is there: the event loop runs, or the drive is being called.
-    void Beat() { m_beat = Milliseconds(); }
+    void Beat() { m_beat = m_now(); }
 
 private:
-    static qint64 Milliseconds();
-
     void Work();
     bool IsKeepAliveWanted() const;
     CLine::Clock::time_point NextKeepAlive() const;
@@ -57,6 +58,7 @@ private:
     /// The failure of a line that is down, and that was tried a moment ago.
     std::optional<LineResult> StillDown() const;
 
+    CLine::Now m_now;
     std::mutex m_mutex;
     std::condition_variable m_wake; ///< for the link's thread
     std::condition_variable m_done; ///< for the user interface's
@@ -66,7 +68,7 @@ private:
     CReadAhead m_ahead;
     bool m_awaitsAhead = false; ///< the user interface waits for some of it
     bool m_ends = false;
-    std::atomic<qint64> m_beat;
+    std::atomic<CLine::Clock::time_point> m_beat;
     CLine m_line; ///< of the thread
     std::thread m_thread;
 };

@@ -24,8 +24,9 @@ std::set<quint16> RegistersOf(const std::vector<ParameterDescription>& parameter
 
 } // namespace
 
-CModbusDrive::CModbusDrive(WirePlace place, std::vector<ParameterDescription> parameters, QString wizardFile)
-    : m_parameters(std::move(parameters)), m_thread(std::move(place), RegistersOf(m_parameters)),
+CModbusDrive::CModbusDrive(WirePlace place, std::vector<ParameterDescription> parameters, QString wizardFile,
+                           CLine::Now now)
+    : m_parameters(std::move(parameters)), m_thread(std::move(place), RegistersOf(m_parameters), std::move(now)),
       m_info(std::move(wizardFile)) {
     // Real time, whatever the clock of the wizard does: that is what the drive's supervision goes by.
     QObject::connect(&m_beat, &QTimer::timeout, &m_beat, [this] { m_thread.Beat(); });

@@ -19,7 +19,9 @@ namespace krt550 {
 class CModbusDrive : public CHostDrive {
 public:
     /// `wizardFile` is what CDriveInfo::GetWizardPath answers.
-    CModbusDrive(WirePlace place, std::vector<ParameterDescription> parameters, QString wizardFile);
+    /// `now`: see CLinkThread.
+    CModbusDrive(WirePlace place, std::vector<ParameterDescription> parameters, QString wizardFile,
+                 CLine::Now now = CLine::Clock::now);
 
     /// Looks whether the drive is there. False, and the reason in `error`, when not.
     bool Connect(QString& error);

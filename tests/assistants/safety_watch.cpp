@@ -20,6 +20,14 @@ bool MakesMoreAlive(const QString& call) {
            (call.startsWith("write 4507=") && call != "write 4507=0");
 }
 
+} // namespace
+
+bool TellsOfLoss(const QString& text) {
+    return text.contains("simulated failure") || text.contains("did not answer");
+}
+
+namespace {
+
 /// What a macro, a selector of the procedures' texts or a setting of a terminal stands in.
 bool IsConnection(quint16 reg) {
     const auto isIn = [reg](int first, int last) { return reg >= first && reg <= last; };
@@ -114,7 +122,19 @@ BoxClerk::BoxClerk(WatchedDrive& drive) : m_drive(drive) {
     qApp->installEventFilter(this);
 }
 
+/// Whatever one click, or one key, sets off tells of a drive that does not answer once.
+void BoxClerk::CountLosses(const QObject* watched, QEvent::Type event) {
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    const auto* box = widget ? qobject_cast<const QMessageBox*>(widget->window()) : nullptr;
+    if (box == widget && box && event == QEvent::Show && TellsOfLoss(box->text()) && m_losses++ > 0)
+        m_drive.violations.append("told again: " + box->text());
+    const bool isAct = event == QEvent::MouseButtonPress || event == QEvent::KeyPress || event == QEvent::Close;
+    if (widget && !box && isAct)
+        m_losses = 0;
+}
+
 bool BoxClerk::eventFilter(QObject* watched, QEvent* event) {
+    CountLosses(watched, event->type());
     const auto* notice = qobject_cast<QLabel*>(watched);
     if (notice && event->type() == QEvent::Paint && notice->objectName().toInt() == kIdNotice &&
         !notice->text().isEmpty() && !texts.contains(notice->text()))

@@ -41,6 +41,9 @@ private:
     int m_looksLeft = -1; ///< until the motor stands, once it was told to stop
 };
 
+/// A box says that the drive did not answer.
+bool TellsOfLoss(const QString& text);
+
 /// Answers every message box with OK after a while, tells the drive of it and remembers the texts, those of notices
 /// too.
 class BoxClerk : public QObject {
@@ -56,7 +59,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void CountLosses(const QObject* watched, QEvent::Type event);
+
     WatchedDrive& m_drive;
+    int m_losses = 0; ///< told since a person last did something
 };
 
 } // namespace krt550

@@ -219,9 +219,7 @@ void FaultMatrix::CheckReport(const BoxClerk& clerk) {
     const bool isAccess = m_disturbedCall.startsWith("read ") || m_disturbedCall.startsWith("write ");
     if (!isAccess || GetDisturbance().fails != 1 || GetDisturbance().act)
         return;
-    const auto reports = std::ranges::count_if(clerk.texts, [](const QString& text) {
-        return text.contains("simulated failure") || text.contains("did not answer");
-    });
+    const auto reports = std::ranges::count_if(clerk.texts, TellsOfLoss);
     if (m_disturbedCall == GetProcedure().ridesOut && reports == 0)
         return;
     EXPECT_EQ(reports, 1) << m_disturbedCall.toStdString() << " failed";

@@ -14,10 +14,11 @@ namespace krt550 {
 /// The real program krt550sim, on TCP or on a serial line, with a relay before it; and hosts that connect to it.
 class CSimulator {
 public:
-    explicit CSimulator(bool serial, int speed = 1, int baud = 0) {
+    explicit CSimulator(bool serial, int speed = 1, int baud = 0, const QStringList& motor = {}) {
         QStringList arguments = {QStringLiteral("--parameters"),
                                  QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), QStringLiteral("--speed"),
                                  QString::number(speed)};
+        arguments += motor;
         if (serial) {
             m_relay = std::make_unique<CWireRelay>(CWireRelay::Serial{baud});
             arguments += {QStringLiteral("--rtu"), m_relay->DriveDevice()};
@@ -39,6 +40,8 @@ public:
     }
 
     CWireRelay& GetRelay() { return *m_relay; }
+    /// Lets time jump on for the hosts' links, as if all had waited.
+    void JumpOn(int milliseconds) { m_jumped += milliseconds; }
     /// The drive behind the relay.
     std::unique_ptr<CModbusDrive> Connect(const QString& wizardFile = {}) {
         return ConnectTo(m_relay->DriveName(), wizardFile);
@@ -49,15 +52,18 @@ public:
     }
 
 private:
-    static std::unique_ptr<CModbusDrive> ConnectTo(const QString& name, const QString& wizardFile) {
+    std::unique_ptr<CModbusDrive> ConnectTo(const QString& name, const QString& wizardFile) {
         QString error;
         WirePlace place = ParseWirePlace(name, error).value();
         FindAddress(place, error);
-        auto drive = std::make_unique<CModbusDrive>(place, ShippedParameters(), wizardFile);
+        auto drive = std::make_unique<CModbusDrive>(place, ShippedParameters(), wizardFile, [this] {
+            return CLine::Clock::now() + std::chrono::milliseconds(m_jumped);
+        });
         EXPECT_TRUE(drive->Connect(error)) << error.toStdString();
         return drive;
     }
 
+    std::atomic<int> m_jumped = 0; ///< [ms]
     QProcess m_process;
     quint16 m_port = 0;
     std::unique_ptr<CWireRelay> m_relay;

@@ -122,11 +122,9 @@ TEST_P(LinkChaos, ACutWireLeavesNothingTurning) {
         run.Run();
         run.ExpectSafe();
         const auto told = run.texts.filter(QRegularExpression(QStringLiteral("no answer within|no connection")));
-        // Before a run everything that a person tries tells of it; while the motor turns, what was written, what was
-        // read and the speeds that the page follows do, once the way out has ended.
+        // Before a run everything that a person tries tells of it.
         if (frame >= frames / 4) {
-            EXPECT_LE(told.size(), 3) << run.texts.join(u'|').toStdString();
-            EXPECT_EQ(QStringList(told).removeDuplicates(), 0) << run.texts.join(u'|').toStdString();
+            EXPECT_LE(told.size(), 1) << run.texts.join(u'|').toStdString();
         }
         run.GetRelay().Mend();
         QTest::qWait(kMendMs);

@@ -165,6 +165,18 @@ TEST_F(Rows, ShowNothingThatWasNotReadAndTellOneOutageOnce) {
     m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure\n\nThe same happened with:\n102 Count");
     EXPECT_FALSE(m_rows.Reread(1, 2));
     EXPECT_TRUE(Text(ValueId(101)) == "9" && IsChanged(101)) << "nothing typed is lost";
+    {
+        LossMemory memory;
+        const LossMemory::Scope told(memory);
+        m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure");
+        for (int tries = 0; tries < 2; ++tries)
+            EXPECT_FALSE(m_rows.Reread(1, 1));
+        m_boxes.Verify();
+        m_drive.unreadable.erase(201);
+        EXPECT_TRUE(m_rows.Reread(0, 1)) << "the drive answers, and what is lost then is another loss";
+        m_boxes.Expect("Reading parameter 1.02 Count failed: simulated failure");
+        EXPECT_FALSE(m_rows.Reread(2, 1));
+    }
 
     const FailurePass pass;
     m_boxes.Expect("no text file");

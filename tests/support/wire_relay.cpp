@@ -107,6 +107,11 @@ void CWireRelay::SetFaults(const RelayFaults& faults) {
     m_random.seed(faults.seed);
 }
 
+bool CWireRelay::AwaitRequests(int count, std::chrono::milliseconds atMost) {
+    std::unique_lock lock(m_mutex);
+    return m_frameCame.wait_for(lock, atMost, [this, count] { return m_requests >= count; });
+}
+
 void CWireRelay::Watch(Watcher watch) {
     const std::scoped_lock lock(m_mutex);
     m_watch = std::move(watch);
@@ -219,6 +224,7 @@ void CWireRelay::TakeFrames(const std::shared_ptr<Pair>& pair, int from) {
         coming.erase(coming.begin(), coming.begin() + static_cast<std::ptrdiff_t>(size));
         ++m_frames;
         m_requests += from == 0 ? 1 : 0;
+        m_frameCame.notify_all();
         const std::size_t header = m_port != 0 ? kTcpHeader : 1;
         const bool passes = !m_watch || m_watch(from == 0, std::span(frame).subspan(std::min(frame.size(), header)));
         if (m_framesToCut > 0 && --m_framesToCut == 0) {

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <condition_variable>
 #include <functional>
 #include <map>
 #include <memory>
@@ -61,6 +62,9 @@ public:
     int GetFrames() const { return m_frames; }
     /// Requests since the beginning.
     int GetRequests() const { return m_requests; }
+    /// Waits, without an event loop, until so many requests have come since the beginning; false when they have not
+    /// within that time.
+    bool AwaitRequests(int count, std::chrono::milliseconds atMost);
     /// Calls `watch` with each frame, from its function code on, on the relay's thread; what it answers false to gets
     /// nowhere.
     using Watcher = std::function<bool(bool isRequest, std::span<const quint8> pdu)>;
@@ -104,6 +108,7 @@ private:
     int m_wake[2] = {-1, -1};
     std::vector<int> m_slaves; ///< kept open, so that a line outlives who opens it
     std::mutex m_mutex;
+    std::condition_variable m_frameCame;
     std::vector<std::shared_ptr<Pair>> m_pairs;
     std::multimap<Clock::time_point, Delivery> m_deliveries;
     Watcher m_watch;

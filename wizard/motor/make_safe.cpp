@@ -6,6 +6,7 @@
 #include "wizard/motor/motor_run.h"
 #include "wizard/motor/motor_state.h"
 #include "wizard/motor/stop_alarm.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/message_queue.h"
@@ -56,7 +57,7 @@ private:
     CClock& m_clock = CClock::Current();
     qint64 m_begin = m_clock.Now();
     qint64 m_answered = m_begin; ///< when the drive took stop and state the last time
-    bool m_stopTaken = false; ///< the last one
+    bool m_stopTaken = false;    ///< the last one
     bool m_everTaken = false;
     int m_standing = 0; ///< looks in a row that found the motor at a standstill
     bool m_opened = false;
@@ -83,13 +84,16 @@ void CStop::CommandStop() {
 
 bool CStop::Stands() {
     m_refreshed = m_drive.RefreshState();
-    if (m_refreshed && m_stopTaken)
+    if (m_refreshed && m_stopTaken) {
         m_answered = m_clock.Now();
+        LossMemory::NoteAnswer();
+    }
     if (!m_refreshed)
         return false;
     m_isOurs = m_drive.IsLocalControlActive();
     m_standing = (m_drive.GetStatusWord() & kStatusStopped) != 0 ? m_standing + 1 : 0;
-    // A motor that was told to start a moment ago stands, too: while the drive refuses the stop that is no standstill yet.
+    // A motor that was told to start a moment ago stands, too: while the drive refuses the stop that is no standstill
+    // yet.
     return !m_isOurs || (m_everTaken ? m_standing > 0 : m_standing >= kTries);
 }
 
@@ -188,6 +192,8 @@ bool MakeSafe(CHostDrive* drive, const WayOut& way) {
     if (!drive || state.stopping || state.silent)
         return false;
     bool safe = false;
+    LossMemory memory;
+    const LossMemory::Scope told(memory);
     {
         const QScopedValueRollback<bool> stopping(state.stopping, true);
         const BoxHold hold;

@@ -13,7 +13,6 @@
 #include "wizard/platform/modal_frame.h"
 #include "wizard/platform/timer_hold.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace krt550 {
@@ -144,14 +143,15 @@ bool CMotorRun::OpenContactor() {
 bool CMotorRun::Read(CParameter* parameter) {
     if (!parameter || !Look())
         return false;
-    const bool read = parameter->ReadFromDrive();
-    if (!read && std::ranges::find(m_unread, parameter) == m_unread.end())
-        m_unread.push_back(parameter);
-    return read;
+    const BoxHold afterwards;
+    return ReadParameter(parameter);
 }
 
 bool CMotorRun::TryRead(CParameter* parameter) {
-    return parameter && Look() && parameter->ReadFromDrive();
+    if (!parameter || !Look() || !parameter->ReadFromDrive())
+        return false;
+    LossMemory::NoteAnswer();
+    return true;
 }
 
 void CMotorRun::TellAtOnce(BoxHold::Tell tell) {
@@ -178,12 +178,6 @@ bool CMotorRun::MakeSafe(ServiceModeEnd modeEnd, bool keepsControl) {
 }
 
 void CMotorRun::Tell() {
-    {
-        const BoxHold afterwards;
-        const FailurePass pass; // a link that was lost has hit whatever was read then
-        for (const CParameter* parameter : std::exchange(m_unread, {}))
-            ShowLastError(parameter);
-    }
     if (GetMotorState().silent)
         ForgetHeldBoxes();
     m_hold.reset();

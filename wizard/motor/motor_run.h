@@ -7,7 +7,6 @@
 
 #include <optional>
 #include <utility>
-#include <vector>
 
 namespace krt550 {
 
@@ -86,7 +85,6 @@ private:
     BoxHold::Tell m_tell;
     std::optional<BoxHold> m_hold; ///< while the motor may turn
     bool m_aborted;
-    std::vector<CParameter*> m_unread;
 };
 
 } // namespace krt550

@@ -23,6 +23,7 @@ struct Cause {
 
 int g_passes = 0;
 std::vector<Cause> g_causes;
+LossMemory* g_memory = nullptr;
 
 QString NameOf(const CParameterSet& parameter) {
     return RegisterText(parameter) + QLatin1Char(' ') + parameter.GetName();
@@ -37,6 +38,13 @@ QString CauseOf(const CParameterSet& parameter, QString text) {
         if (!name.isEmpty())
             text.replace(name, QString());
     return text;
+}
+
+/// What a cause says behind whether the parameter was read or written.
+QString ReasonOf(const QString& cause) {
+    static const QString verdict = QStringLiteral(" failed: ");
+    const auto end = cause.indexOf(verdict);
+    return end < 0 ? cause : cause.mid(end + verdict.size());
 }
 
 void Tell(const Cause& cause) {
@@ -65,15 +73,45 @@ FailurePass::~FailurePass() {
 }
 
 bool FailurePass::Take(const CParameterSet& parameter, const QString& text) {
-    if (g_passes == 0)
-        return false;
     const QString key = CauseOf(parameter, text);
     auto cause = std::ranges::find(g_causes, key, &Cause::key);
-    if (cause == g_causes.end())
+    if (cause == g_causes.end()) {
+        if (LossMemory::Knows(ReasonOf(key)))
+            return true;
+        if (g_passes == 0)
+            return false;
         cause = g_causes.insert(cause, {key, text, {}});
+    }
     if (const QString name = NameOf(parameter); !cause->parameters.contains(name))
         cause->parameters.append(name);
     return true;
+}
+
+LossMemory::Scope::Scope(LossMemory& memory) : m_isOutermost(!g_memory) {
+    if (m_isOutermost)
+        g_memory = &memory;
+}
+
+LossMemory::Scope::~Scope() {
+    if (m_isOutermost)
+        g_memory = nullptr;
+}
+
+bool LossMemory::Knows(const QString& reason) {
+    if (!g_memory)
+        return false;
+    const auto known = g_memory->m_reasons.size();
+    g_memory->m_reasons.insert(reason);
+    return g_memory->m_reasons.size() == known;
+}
+
+void LossMemory::NoteAnswer() {
+    if (g_memory)
+        g_memory->m_reasons.clear();
+}
+
+bool LossMemory::IsLost() {
+    return g_memory && !g_memory->m_reasons.isEmpty();
 }
 
 } // namespace krt550

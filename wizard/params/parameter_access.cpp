@@ -35,7 +35,9 @@ bool ReadParameter(CParameter* parameter) {
     if (!parameter)
         return false;
     const bool read = parameter->ReadFromDrive();
-    if (!read)
+    if (read)
+        LossMemory::NoteAnswer();
+    else
         ShowLastError(parameter);
     return read;
 }
@@ -44,7 +46,9 @@ bool WriteParameter(CParameter* parameter) {
     if (!parameter)
         return false;
     const bool written = parameter->WriteToDrive(0);
-    if (!written)
+    if (written)
+        LossMemory::NoteAnswer();
+    else
         ShowLastError(parameter);
     return written;
 }

@@ -32,7 +32,7 @@ bool WriteParameter(CParameter* parameter);
 bool SetAndWriteParameter(CParameterGroup* root, quint16 reg, quint16 word);
 
 /// Shows the library's last error of a node in an error box, inside a FailurePass when that ends; nothing when its text
-/// is empty or for null.
+/// is empty, when a LossMemory has its reason, or for null.
 void ShowLastError(const CParameterSet* parameter);
 
 /// "Parameter REPLACE not found from drive..." and its like: string `message` with REPLACE replaced.

@@ -76,6 +76,9 @@ void CUpdatePass::Announce() const {
 
 void CUpdatePass::TakeTurn() {
     const QPointer<CUpdatePass> self(this);
+    // Longer than this, which may go in its own turn.
+    const std::shared_ptr<LossMemory> memory = m_told;
+    const LossMemory::Scope told(*memory);
     // While a motor turns nobody could be told of a failure: the link is the run's.
     const bool goesOn = (m_whileMotorTurns || !AreBoxesHeld()) && DoNext();
     if (!self)

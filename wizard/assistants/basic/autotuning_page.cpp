@@ -5,6 +5,7 @@
 #include "hostlib/tolvbo32/parameter_group.h"
 #include "wizard/motor/make_safe.h"
 #include "wizard/motor/motor_run.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/start_condition.h"
 #include "wizard/platform/control_text.h"
@@ -92,6 +93,8 @@ void CAutotuningPage::OnButtonStart() {
     if (m_running || IsMotorUnderControl())
         return;
     const QScopedValueRollback<bool> running(m_running, true);
+    LossMemory memory;
+    const LossMemory::Scope told(memory);
     // Before the question: whoever leaves the page behind it does not want the run.
     std::optional<CMotorRun> run;
     if (CHostDrive* drive = GetDrive())

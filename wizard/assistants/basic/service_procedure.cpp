@@ -3,6 +3,7 @@
 #include "wizard/diagnosis/diagnosis_dialog.h"
 #include "wizard/diagnosis/fault_record.h"
 #include "wizard/motor/motor_run.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/message_box.h"
 #include "wizard/platform/resources.h"
@@ -13,6 +14,17 @@ namespace {
 
 constexpr int kFailureText = 243;
 constexpr int kStartDeniedText = 574;
+
+/// False, having said why, when the record could not be read.
+bool ReadRecord(CHostDrive* drive, MessageIcon icon) {
+    SetDiagnosisDrive(drive);
+    QString message;
+    if (ReadFaultRecord(message))
+        return true;
+    if (!message.isEmpty() && !LossMemory::IsLost())
+        ShowMessageBox(message, icon);
+    return false;
+}
 
 } // namespace
 
@@ -36,21 +48,16 @@ void ShowRunFailure(const CSheetWizard* sheet) {
 }
 
 void ReadFaultAfterRun(CHostDrive* drive, QWidget* diagnosisButton) {
-    SetDiagnosisDrive(drive);
-    QString message;
-    if (ReadFaultRecord(message)) {
-        if (HasActiveFaultCode())
-            EnableControl(diagnosisButton, true);
-    } else if (!message.isEmpty()) {
-        ShowMessageBox(message, MessageIcon::None);
-    }
+    if (ReadRecord(drive, MessageIcon::None) && HasActiveFaultCode())
+        EnableControl(diagnosisButton, true);
 }
 
 void ShowDiagnosis(CHostDrive* drive, MessageIcon icon) {
-    SetDiagnosisDrive(drive);
-    QString message;
-    if (!ReadFaultRecord(message) && !message.isEmpty())
-        ShowMessageBox(message, icon);
+    {
+        LossMemory memory;
+        const LossMemory::Scope told(memory);
+        ReadRecord(drive, icon);
+    }
     CDiagnosisDialog().DoModal();
 }
 

@@ -7,6 +7,7 @@
 #include "wizard/diagnosis/fault_record.h"
 #include "wizard/motor/make_safe.h"
 #include "wizard/motor/motor_run.h"
+#include "wizard/params/failure_pass.h"
 #include "wizard/params/parameter_access.h"
 #include "wizard/params/start_condition.h"
 #include "wizard/platform/control_text.h"
@@ -94,6 +95,8 @@ void CTabPageAuto::OnButtonStart() {
         FinishFineTuning();
     if (m_phase != Phase::Idle || IsMotorUnderControl() || !m_page.GetHostDrive())
         return;
+    LossMemory memory;
+    const LossMemory::Scope told(memory);
     // Before the question: whoever leaves the page behind it does not want the run.
     CMotorRun run(*m_page.GetHostDrive(), m_serviceMode);
     const QScopedValueRollback<CMotorRun*> current(m_run, &run);
