@@ -7,7 +7,6 @@ namespace {
 constexpr quint16 kIdle = control::kIdle;
 constexpr quint16 kOn = kIdle | control::kOn;
 constexpr quint16 kRun = kOn | control::kRun;
-constexpr quint16 kCoast = kRun & ~control::kNoCoastStop;
 constexpr quint16 kQuick = kRun & ~control::kNoQuickStop;
 
 /// One change of the inputs, and where the drive comes to rest.
