@@ -1,5 +1,5 @@
 // Linked into a program whose start-up is measured: prints the time from START (nanoseconds of the epoch, in the
-// environment) to the first painted window and the resident memory then, and ends the process.
+// environment) to the first painted window, the resident memory then and the window's size, and ends the process.
 #include <QCoreApplication>
 #include <QEvent>
 #include <QWidget>
@@ -31,16 +31,18 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         // A window that its children cover is not painted itself.
         if (event->type() == QEvent::Paint && watched->isWidgetType())
-            QMetaObject::invokeMethod(this, &CFirstPaint::Report, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [this, size = static_cast<QWidget*>(watched)->window()->size()] { Report(size); },
+                Qt::QueuedConnection);
         return false;
     }
 
 private:
-    void Report() {
+    void Report(QSize window) {
         const auto now = std::chrono::system_clock::now().time_since_epoch();
         const long long start = std::atoll(qgetenv("START").constData());
         const long long passed = std::chrono::duration_cast<std::chrono::nanoseconds>(now).count() - start;
-        std::printf("%lld %ld\n", passed / 1000, ResidentKilobytes());
+        std::printf("%lld %ld %d %d\n", passed / 1000, ResidentKilobytes(), window.width(), window.height());
         std::fflush(stdout);
         std::_Exit(0);
     }

@@ -35,7 +35,7 @@ bool CDriveLink::IsResting() const {
 void CDriveLink::Pass(qint64 milliseconds, qint64 now) {
     m_ends[1].drive.AdvanceTo(now);
     const bool up = IsUp();
-    for (const std::size_t i : {0, 1}) {
+    for (const std::size_t i : {std::size_t{0}, std::size_t{1}}) {
         End& from = m_ends[i];
         End& to = m_ends[1 - i];
         const CRegisterFile& registers = from.drive.GetRegisters();

@@ -18,8 +18,7 @@ constexpr quint16 kPotentiometer = 6;
 constexpr quint16 kConstant = 7;
 
 // 12.01
-constexpr quint16 kOneEach = 1;
-constexpr quint16 kBinary = 2;
+constexpr quint16 kBinary = 2; // 1: an input for each speed
 
 } // namespace
 

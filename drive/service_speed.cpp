@@ -20,11 +20,10 @@ constexpr double kWindowLow = 0.5; ///< and is measured between these
 constexpr double kWindowHigh = 0.75;
 constexpr double kRunUp = 3; ///< to the first speed [s]
 constexpr int kRepeats = 3;
-constexpr double kSpread = 0.1;     ///< between the repeats, of the mean
-constexpr double kMostGain = 650;   ///< that 24.03 can hold
-constexpr double kMostTime = 6500;  ///< that 24.09 can hold [ms]
-constexpr double kMostInertia = 65; ///< that 99.09 can hold [kg*m2]
-constexpr double kSwing = 30;       ///< one way may take [s]
+constexpr double kSpread = 0.1;    ///< between the repeats, of the mean
+constexpr double kMostGain = 650;  ///< that 24.03 can hold
+constexpr double kMostTime = 6500; ///< that 24.09 can hold [ms]
+constexpr double kSwing = 30;      ///< one way may take [s]
 
 /// Slope of a straight line through measured speeds, and the mean current with it.
 class CSlope {

@@ -7,7 +7,9 @@
 namespace krt550 {
 namespace {
 
-constexpr qint64 kSoonMs = 1;
+/// After the first paint: what is still to be done until the window can be worked with goes first.
+constexpr qint64 kSoonMs = 100;
+constexpr qint64 kShortestPauseMs = 1;
 /// What a turn may take before it begins no other piece.
 constexpr qint64 kLongestMs = 10;
 /// When to look again whether the line is free.
@@ -42,7 +44,7 @@ void CAsFound::TakeTurn() {
         return m_timer.StartOnce(kLookAgainMs);
     while (!reading.IsOver() && m_recorder.Now() - begin < kLongestMs)
         reading.ReadPiece();
-    m_timer.StartOnce(reading.IsOver() ? kOpenMs : std::max(m_recorder.Now() - begin, kSoonMs));
+    m_timer.StartOnce(reading.IsOver() ? kOpenMs : std::max(m_recorder.Now() - begin, kShortestPauseMs));
 }
 
 void CAsFound::Finish() {

@@ -144,7 +144,8 @@ void CPropertySheet::EndDialog(int result) {
 void CPropertySheet::DestroyPages() {
     m_closing = true;
     std::vector<CPropertyPage*> pages = m_pages;
-    std::ranges::stable_partition(pages, [this](const CPropertyPage* page) { return page == GetActivePage(); });
+    std::stable_partition(pages.begin(), pages.end(),
+                          [this](const CPropertyPage* page) { return page == GetActivePage(); });
     for (CPropertyPage* page : pages) {
         if (!page->IsCreated())
             continue;
