@@ -7,10 +7,6 @@
 set -eu
 build="${1:-build}"
 export QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}"
-<<<<<<< HEAD
-programs="empty-dialog:startup_empty_dialog one-word-dialog:startup_empty_dialog:Start krt550tool:startup_krt550tool:--wizard"
-=======
->>>>>>> fbf7b01c0e7cdcf69fdab9b030645c95210bba7e
 XDG_DATA_HOME=$(mktemp -d) # the program records its sessions
 export XDG_DATA_HOME
 trap 'rm -r "$XDG_DATA_HOME"' EXIT
@@ -24,9 +20,10 @@ run() { # name:program[:argument...], and what runs it
     unset IFS
     START=$(date +%s%N) "$@" 2>/dev/null | tail -n 1 | sed "s/^/${what%%:*} /"
 }
-size=$(run krt550tool:startup_krt550tool env | cut -d ' ' -f 4- | tr ' ' :)
+wizard=krt550tool:startup_krt550tool:--wizard
+size=$(run $wizard env | cut -d ' ' -f 4- | tr ' ' :)
 programs="empty-dialog:startup_empty_dialog one-word-dialog:startup_empty_dialog:Start"
-programs="$programs one-word-window:startup_empty_dialog:Start:$size krt550tool:startup_krt550tool"
+programs="$programs one-word-window:startup_empty_dialog:Start:$size $wizard"
 
 for _ in $(seq 40); do
     for what in $programs; do
