@@ -174,10 +174,10 @@ protected:
         }
     }
 
-    CSteppedClock m_clock; // or a slow machine would come to an update too early
-    ClockScope m_clockScope{m_clock};
     CModuleResources m_resources;
     ResourceScope m_scope{m_resources};
+    CSteppedClock m_clock; // or a busy machine would come to the cyclic update
+    ClockScope m_clockScope{m_clock};
     MessageBoxes m_boxes;
 };
 
