@@ -174,8 +174,6 @@ protected:
         }
     }
 
-    CSteppedClock m_clock; // or a slow machine would come to an update too early
-    ClockScope m_clockScope{m_clock};
     CModuleResources m_resources;
     ResourceScope m_scope{m_resources};
     MessageBoxes m_boxes;

@@ -1,4 +1,4 @@
-// What inputs are tied to, what a person may change about it, and what is written then.
+// What inputs are tied to, and what a person may change about it.
 #include "tests/wiring/wiring_files.h"
 
 #include "hostlib/tolvbo32/parameter.h"
@@ -31,6 +31,7 @@ protected:
                      picker.Name(item) + ' ';
         return lines.trimmed();
     }
+
     CModuleResources m_resources;
     ResourceScope m_scope{m_resources};
     WiringDrive m_drive;
