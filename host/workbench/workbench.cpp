@@ -66,6 +66,7 @@ void CWorkbench::MakeMenus() {
     drive->addSeparator();
     m_wizard = drive->addAction(QStringLiteral("Commissioning &wizard..."), QKeySequence(QStringLiteral("Ctrl+W")),
                                 this, [this] { OpenWizard(); });
+    drive->addAction(QStringLiteral("&Stop the motor\tEsc"), this, [this] { m_stop.Press(); });
     drive->addSeparator();
     drive->addAction(QStringLiteral("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), this, [this] { close(); });
     m_viewMenu = menuBar()->addMenu(QStringLiteral("&View"));
