@@ -61,17 +61,28 @@ void CTrendChart::ZoomValues(double factor) {
 
 void CTrendChart::MoveCursor(double share) {
     m_cursor = std::clamp(share, 0.0, 1.0);
-    ShowCursor();
+    DrawCursor();
 }
 
-void CTrendChart::ShowCursor() {
-    const double time = m_times.lower + *m_cursor * m_times.size();
-    const QString heading = QCPAxisTickerDateTime::keyToDateTime(time).toString(QStringLiteral("hh:mm:ss.zzz"));
+std::optional<double> CTrendChart::CursorTime() const {
+    return m_cursor ? std::optional(m_times.lower + *m_cursor * m_times.size()) : std::nullopt;
+}
+
+void CTrendChart::ShowValues(std::optional<double> cursor) {
     QStringList values;
     for (const auto& strip : m_strips)
-        values.append(strip->ShowCursor(time, strip == m_strips.front() ? heading : QString()));
-    if (QAccessible::isActive())
-        setAccessibleDescription(heading + QLatin1String(": ") + values.join(QLatin1String(", ")));
+        values.append(strip->ShowValues(cursor, strip == m_strips.front()));
+    if (cursor && QAccessible::isActive())
+        setAccessibleDescription(QStringLiteral("%1: %2").arg(
+            QCPAxisTickerDateTime::keyToDateTime(*cursor).toString(QStringLiteral("hh:mm:ss.zzz")),
+            values.join(QLatin1String(", "))));
+}
+
+/// Without the curves, which stand where they are.
+void CTrendChart::DrawCursor() {
+    ShowValues(CursorTime());
+    layer(QStringLiteral("legend"))->replot();
+    layer(QStringLiteral("overlay"))->replot();
 }
 
 void CTrendChart::wheelEvent(QWheelEvent* event) {
@@ -97,14 +108,11 @@ void CTrendChart::mouseMoveEvent(QMouseEvent* event) {
         return;
     }
     MoveCursor(share);
-    layer(QStringLiteral("overlay"))->replot();
 }
 
 void CTrendChart::leaveEvent(QEvent*) {
     m_cursor.reset();
-    for (const auto& strip : m_strips)
-        strip->HideCursor();
-    layer(QStringLiteral("overlay"))->replot();
+    DrawCursor();
 }
 
 } // namespace krt550

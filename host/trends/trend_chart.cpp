@@ -36,9 +36,10 @@ CTrendChart::CTrendChart(CTrendHistory& history, QWidget* parent) : QCustomPlot(
     setAutoAddPlottableToLegend(false);
     setPlottingHint(QCP::phFastPolylines);
     setNoAntialiasingOnDrag(true);
-    m_ticker->setTickCount(6);
+    layer(QStringLiteral("legend"))->setMode(QCPLayer::lmBuffered);
     plotLayout()->setMargins({6, 4, 2, 4});
     m_frames.callOnTimeout(this, [this] { Draw(); });
+    connect(this, &QCustomPlot::afterLayout, this, [this] { OnLayout(); });
     connect(this, &QCustomPlot::mouseDoubleClick, this, [this] { Follow(); });
     Rebuild();
 }
@@ -56,8 +57,6 @@ void CTrendChart::Rebuild() {
         for (const auto& strip : m_strips)
             strip->ShowTimes(strip == m_strips.back());
     }
-    updateGeometry();
-    setMinimumHeight(minimumSizeHint().height());
     MoveTo(m_isFollowing ? QCPRange(m_history.End() - m_window, m_history.End()) : m_times);
 }
 
@@ -115,13 +114,11 @@ void CTrendChart::ShowTimes(const QCPRange& times) {
     for (const auto& strip : m_strips) {
         strip->Times().setRange(times);
         strip->FitValues(times);
-        strip->ShowPresentValues();
     }
     if (!m_strips.empty())
         m_strips.back()->Times().setLabel(
             QCPAxisTickerDateTime::keyToDateTime(times.upper).toString(QStringLiteral("yyyy-MM-dd")));
-    if (m_cursor)
-        ShowCursor();
+    ShowValues(CursorTime());
 }
 
 /// A person has moved or zoomed one strip.
@@ -153,11 +150,9 @@ void CTrendChart::SetFrameTime() {
 }
 
 QPixmap CTrendChart::Picture() {
-    for (const auto& strip : m_strips)
-        strip->HideCursor();
+    ShowValues(std::nullopt);
     const QPixmap picture = toPixmap(width(), height(), kPictureScale);
-    if (m_cursor)
-        ShowCursor();
+    ShowValues(CursorTime());
     return picture;
 }
 
@@ -180,13 +175,22 @@ void CTrendChart::hideEvent(QHideEvent* event) {
 
 void CTrendChart::resizeEvent(QResizeEvent* event) {
     SetFrameTime();
-    for (const auto& strip : m_strips)
-        strip->ShowPresentValues();
+    ShowValues(CursorTime());
     QCustomPlot::resizeEvent(event);
 }
 
+/// As narrow as one likes; as high as its strips need, once they have been laid out.
 QSize CTrendChart::minimumSizeHint() const {
-    return plotLayout()->minimumOuterSizeHint();
+    return {1, plotLayout()->minimumOuterSizeHint().height()};
+}
+
+void CTrendChart::OnLayout() {
+    setMinimumHeight(minimumSizeHint().height());
+    const int label = fontMetrics().horizontalAdvance(m_ticker->dateTimeFormat());
+    m_ticker->setTickCount(std::clamp(width() * 2 / (3 * label), 2, 8));
+    const auto fitted = std::ranges::count_if(m_strips, [](const auto& strip) { return strip->FitMarks(); });
+    if (fitted > 0)
+        replot(rpQueuedReplot);
 }
 
 void CTrendChart::paintEvent(QPaintEvent* event) {

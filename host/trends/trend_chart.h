@@ -64,7 +64,10 @@ private:
     void ZoomTimes(double factor);
     void ZoomValues(double factor);
     void MoveCursor(double share);
-    void ShowCursor();
+    void ShowValues(std::optional<double> cursor);
+    std::optional<double> CursorTime() const;
+    void DrawCursor();
+    void OnLayout();
     void SetFrameTime();
     QSize minimumSizeHint() const override;
 

@@ -38,7 +38,7 @@ constexpr WindowDef kWindows[] = {{60, "60 s"},    {120, "2 min"},   {300, "5 mi
 
 CTrendPanel::CTrendPanel(QWidget* parent)
     : QWidget(parent), m_chosen(kDefaultSignals), m_directory(QDir::homePath()), m_chart(new CTrendChart(m_history)),
-      m_list(new CSignalList), m_text(new QLabel) {
+      m_list(new CSignalList), m_parts(new QSplitter), m_text(new QLabel) {
     auto* bar = new QToolBar;
     MakeToolBar(*bar);
     auto* scroll = new QScrollArea;
@@ -47,11 +47,10 @@ CTrendPanel::CTrendPanel(QWidget* parent)
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    auto* splitter = new QSplitter;
-    splitter->addWidget(scroll);
-    splitter->addWidget(m_list);
-    splitter->setStretchFactor(0, 1);
-    splitter->setChildrenCollapsible(false);
+    m_parts->addWidget(scroll);
+    m_parts->addWidget(m_list);
+    m_parts->setStretchFactor(0, 1);
+    m_parts->setChildrenCollapsible(false);
     m_list->hide();
     m_text->setWordWrap(true);
     m_text->setTextFormat(Qt::PlainText);
@@ -61,7 +60,7 @@ CTrendPanel::CTrendPanel(QWidget* parent)
     layout->setContentsMargins(4, 0, 4, 4);
     layout->setSpacing(2);
     layout->addWidget(bar);
-    layout->addWidget(splitter, 1);
+    layout->addWidget(m_parts, 1);
     layout->addWidget(m_text);
     m_list->onTick = [this](quint16 reg, bool isChosen) { return Tick(reg, isChosen); };
     m_chart->onFollowing = [this] {
@@ -78,6 +77,12 @@ CTrendPanel::CTrendPanel(QWidget* parent)
 CTrendPanel::~CTrendPanel() {
     // It draws from members, which go before a child would.
     delete m_chart;
+}
+
+/// The list of signals stands where there is more room.
+void CTrendPanel::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    m_parts->setOrientation(width() < height() ? Qt::Vertical : Qt::Horizontal);
 }
 
 QAction* CTrendPanel::AddAction(QToolBar& bar, const char* text, const char* toolTip) {

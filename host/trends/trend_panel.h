@@ -11,6 +11,7 @@ class QAction;
 class QComboBox;
 class QLabel;
 class QSettings;
+class QSplitter;
 class QToolBar;
 
 namespace krt550 {
@@ -44,6 +45,9 @@ public:
     const CTrendHistory& History() const { return m_history; }
     CTrendChart& Chart() { return *m_chart; }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     QAction* AddAction(QToolBar& bar, const char* text, const char* toolTip);
     void MakeToolBar(QToolBar& bar);
@@ -64,6 +68,7 @@ private:
     QString m_directory; ///< of the last file
     CTrendChart* m_chart;
     CSignalList* m_list;
+    QSplitter* m_parts;
     QLabel* m_text;
     QComboBox* m_window = nullptr;
     QAction* m_pause = nullptr;

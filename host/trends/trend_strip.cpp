@@ -15,7 +15,7 @@ namespace {
 constexpr double kLeastSteps = 10;
 constexpr double kMargin = 0.1;    ///< above and below the curves, as a share of what they span
 constexpr double kLeastFill = 0.4; ///< an axis that the curves fill less is fitted anew
-constexpr int kLeastLines = 4;     ///< height of a strip, in lines of text: room for the cursor's
+constexpr int kLeastLines = 4;     ///< height of a strip, in lines of text
 
 } // namespace
 
@@ -36,12 +36,13 @@ CTrendStrip::CTrendStrip(QCustomPlot& plot, QCPMarginGroup& margins, const Trend
     m_place->setMarginGroup(QCP::msLeft | QCP::msRight, &margins);
     m_place->setRangeDrag(Qt::Horizontal);
     m_place->setMinimumMargins({0, 2, 12, 2});
+    m_place->setMinimumSize(80, kLeastLines * plot.fontMetrics().height());
     for (const QCPAxis::AxisType side : {QCPAxis::atTop, QCPAxis::atRight}) {
         m_place->axis(side)->setVisible(true);
         m_place->axis(side)->setTicks(false);
         m_place->axis(side)->setTickLabels(false);
     }
-    Times().setNumberFormat(QStringLiteral("g"));
+    Values().setNumberFormat(QStringLiteral("g"));
     Values().setLabel(signal.parameter.unit);
     MakeCursor();
     SetColors(plot.palette());
@@ -58,8 +59,6 @@ void CTrendStrip::Add(const TrendSignal& signal) {
     graph->setPen(QPen(CurveColor(m_plot.palette(), signal.color), 1.4));
     graph->addToLegend(m_legend);
     m_curves.push_back({&signal, graph});
-    const int lines = std::max(kLeastLines, int(m_curves.size()) + 2);
-    m_place->setMinimumSize(80, lines * m_plot.fontMetrics().height());
 }
 
 void CTrendStrip::ShowTimes(bool isShown) {
@@ -94,44 +93,82 @@ void CTrendStrip::SetColors(const QPalette& palette) {
     m_line->setPen(QPen(text, 1));
     QColor veil = base;
     veil.setAlpha(215);
-    m_text->setBrush(veil);
-    m_text->setColor(text);
+    m_time->setBrush(veil);
+    m_time->setColor(text);
 }
 
 void CTrendStrip::MakeCursor() {
     m_line = new QCPItemLine(&m_plot);
-    m_text = new QCPItemText(&m_plot);
-    for (QCPItemPosition* position : {m_line->start, m_line->end, m_text->position}) {
+    m_time = new QCPItemText(&m_plot);
+    for (QCPItemPosition* position : {m_line->start, m_line->end, m_time->position}) {
         position->setTypeX(QCPItemPosition::ptPlotCoords);
         position->setTypeY(QCPItemPosition::ptAxisRectRatio);
         position->setAxes(&Times(), &Values());
         position->setAxisRect(m_place);
     }
-    for (QCPAbstractItem* item : std::initializer_list<QCPAbstractItem*>{m_line, m_text}) {
+    for (QCPAbstractItem* item : std::initializer_list<QCPAbstractItem*>{m_line, m_time}) {
         item->setLayer(QStringLiteral("overlay"));
         item->setClipToAxisRect(false);
         item->setVisible(false);
     }
-    m_text->setFont(m_plot.font());
-    m_text->setTextAlignment(Qt::AlignLeft);
-    m_text->setPadding({6, 2, 6, 2});
+    m_time->setFont(m_plot.font());
+    m_time->setTextAlignment(Qt::AlignLeft);
+    m_time->setPadding({6, 2, 6, 2});
 }
 
-void CTrendStrip::ShowPresentValues() {
+QString CTrendStrip::ShowValues(std::optional<double> cursor, bool isFirst) {
+    const auto textOf = [](const TrendSignal& signal, std::optional<double> value) {
+        return value ? signal.TextOf(*value) : QStringLiteral("no value");
+    };
     int widest = 1;
+    QStringList there;
     for (const Curve& curve : m_curves) {
-        const auto value = CTrendHistory::LastValue(*curve.signal);
-        curve.graph->setName(QStringLiteral("%1: %2").arg(
-            curve.signal->parameter.displayName(), value ? curve.signal->TextOf(*value) : QStringLiteral("no value")));
-        widest = std::max(widest, m_plot.fontMetrics().horizontalAdvance(curve.graph->name()));
+        const QString& name = curve.signal->parameter.displayName();
+        const QString now = textOf(*curve.signal, CTrendHistory::LastValue(*curve.signal));
+        const QString present = QStringLiteral("%1: %2").arg(name, now);
+        const QString atCursor = QStringLiteral(" (cursor: %1)");
+        // The cursor's value has its room whether it is there or not, so that columns do not come and go with it.
+        widest = std::max(widest, m_plot.fontMetrics().horizontalAdvance(present + atCursor.arg(now)));
+        if (cursor)
+            there.append(textOf(*curve.signal, CTrendHistory::ValueAt(*curve.signal, *cursor)));
+        curve.graph->setName(cursor ? present + atCursor.arg(there.last()) : present);
+        if (cursor)
+            there.last().prepend(name + QLatin1Char(' '));
     }
-    // Room for a few more digits, so that columns do not come and go with the values.
-    widest += 40 + m_plot.fontMetrics().averageCharWidth() * 4;
-    const int columns = std::clamp(m_plot.width() / widest, 1, int(m_curves.size()));
-    if (columns != m_legend->wrap()) {
-        m_legend->setWrap(columns);
-        m_legend->setFillOrder(QCPLegend::foColumnsFirst);
-    }
+    SetColumns(widest);
+    PlaceCursor(cursor, isFirst);
+    return there.join(QLatin1String(", "));
+}
+
+void CTrendStrip::SetColumns(int widest) {
+    // Icon, margins, and room for more digits.
+    const int width = widest + 30 + m_plot.fontMetrics().averageCharWidth() * 4;
+    const int columns = std::clamp(m_plot.width() / width, 1, int(m_curves.size()));
+    if (columns == m_legend->wrap())
+        return;
+    m_legend->setWrap(columns);
+    m_legend->setFillOrder(QCPLegend::foColumnsFirst);
+}
+
+void CTrendStrip::PlaceCursor(std::optional<double> time, bool isFirst) {
+    m_line->setVisible(time.has_value());
+    m_time->setVisible(time && isFirst);
+    if (!time)
+        return;
+    m_line->start->setCoords(*time, 0);
+    m_line->end->setCoords(*time, 1);
+    m_time->position->setCoords(*time, 0.03);
+    const bool isLeft = Times().range().center() > *time;
+    m_time->setPositionAlignment(Qt::AlignTop | (isLeft ? Qt::AlignLeft : Qt::AlignRight));
+    m_time->setText(QCPAxisTickerDateTime::keyToDateTime(*time).toString(QStringLiteral("hh:mm:ss.zzz")));
+}
+
+bool CTrendStrip::FitMarks() {
+    const int count = std::clamp(m_place->height() / (2 * m_plot.fontMetrics().height()), 2, 6);
+    if (count == Values().ticker()->tickCount())
+        return false;
+    Values().ticker()->setTickCount(count);
+    return true;
 }
 
 void CTrendStrip::FitValues(const QCPRange& times) {
@@ -156,30 +193,6 @@ void CTrendStrip::FitValues(const QCPRange& times) {
         return;
     const double half = span * (0.5 + kMargin);
     Values().setRange(all.center() - half, all.center() + half);
-}
-
-QString CTrendStrip::ShowCursor(double time, const QString& heading) {
-    QStringList lines;
-    for (const Curve& curve : m_curves) {
-        const auto value = CTrendHistory::ValueAt(*curve.signal, time);
-        lines.append(curve.signal->parameter.name + QLatin1String(": ") +
-                     (value ? curve.signal->TextOf(*value) : QStringLiteral("no value")));
-    }
-    const QString values = lines.join(QLatin1Char('\n'));
-    const bool isLeft = Times().range().center() > time;
-    m_line->start->setCoords(time, 0);
-    m_line->end->setCoords(time, 1);
-    m_text->position->setCoords(time, 0.03);
-    m_text->setPositionAlignment(Qt::AlignTop | (isLeft ? Qt::AlignLeft : Qt::AlignRight));
-    m_text->setText(heading.isEmpty() ? values : heading + QLatin1Char('\n') + values);
-    m_line->setVisible(true);
-    m_text->setVisible(true);
-    return lines.join(QLatin1String(", "));
-}
-
-void CTrendStrip::HideCursor() {
-    m_line->setVisible(false);
-    m_text->setVisible(false);
 }
 
 } // namespace krt550

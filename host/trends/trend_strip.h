@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 class QCPAxis;
@@ -38,16 +39,15 @@ public:
     QCPAxis& Times() const;
     QCPAxis& Values() const;
 
-    /// Names the curves, with unit and present value, in as many columns as fit.
-    void ShowPresentValues();
+    /// Names the curves, with unit and present value, in as many columns as fit. With a cursor also the values there,
+    /// which it returns for reading aloud; the first strip says what time it is at.
+    QString ShowValues(std::optional<double> cursor, bool isFirst);
+    /// No more marks on the axis than have room. True when that has changed something.
+    bool FitMarks();
     /// Fits the axis to what is to be seen. It stays as it is while that fits and fills it well enough.
     void FitValues(const QCPRange& times);
     /// A person has chosen the range of values: it stays until told otherwise.
     void SetFits(bool fits) { m_fits = fits; }
-
-    /// Shows a line at a time, and the values there beside it below `heading`; returns them as text for reading aloud.
-    QString ShowCursor(double time, const QString& heading);
-    void HideCursor();
 
 private:
     struct Curve {
@@ -57,12 +57,14 @@ private:
 
     void SetColors(const QPalette& palette);
     void MakeCursor();
+    void PlaceCursor(std::optional<double> time, bool isFirst);
+    void SetColumns(int widest);
 
     QCustomPlot& m_plot;
     QCPLegend* m_legend;
     QCPAxisRect* m_place;
     QCPItemLine* m_line;
-    QCPItemText* m_text;
+    QCPItemText* m_time;
     std::vector<Curve> m_curves;
     bool m_fits = true;
 };

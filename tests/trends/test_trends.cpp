@@ -1,8 +1,11 @@
+#include "host/trends/trend_chart.h"
 #include "host/trends/trend_export.h"
 #include "host/trends/trend_panel.h"
 #include "hostlib/tolvbo32/clock.h"
 #include "tests/support/batching_link.h"
 #include "tests/support/fake_drive.h"
+
+#include <QTest>
 
 namespace krt550 {
 namespace {
@@ -152,6 +155,54 @@ TEST_F(Trends, ThePanelRemembersSignalsAndWindowAndKeepsItsCurves) {
     panel.SaveState(settings);
     EXPECT_EQ(settings.value(QStringLiteral("trends/signals")).toStringList(), chosen);
     EXPECT_EQ(settings.value(QStringLiteral("trends/window")).toInt(), 600);
+}
+
+TEST_F(Trends, APersonsHandLetsThePictureStandUntilItIsToFollowAgain) {
+    CTrendPanel panel;
+    panel.resize(600, 400);
+    panel.show();
+    panel.SetDrive(&link, kSignals);
+    Pass(60000);
+    CTrendChart& chart = panel.Chart();
+    const QPoint middle = chart.rect().center() - QPoint(0, 100);
+    const QPoint there = middle + QPoint(100, 40);
+    const auto drag = [&](Qt::KeyboardModifiers with) {
+        QTest::mousePress(&chart, Qt::LeftButton, with, middle);
+        QMouseEvent move(QEvent::MouseMove, there, chart.mapToGlobal(there), Qt::NoButton, Qt::LeftButton, with);
+        QCoreApplication::sendEvent(&chart, &move);
+        QTest::mouseRelease(&chart, Qt::LeftButton, with, there);
+    };
+    struct Hand {
+        const char* name;
+        std::function<void()> act;
+        double longest; ///< what is then shown [s]
+    };
+    const Hand hands[] = {{"pause", [&] { QTest::keyClick(&chart, Qt::Key_Space); }, 60},
+                          {"zoom by key", [&] { QTest::keyClick(&chart, Qt::Key_Plus); }, 50},
+                          {"move by key", [&] { QTest::keyClick(&chart, Qt::Key_Left, Qt::ControlModifier); }, 60},
+                          {"zoom of values", [&] { QTest::keyClick(&chart, Qt::Key_Minus, Qt::ControlModifier); }, 60},
+                          {"wheel",
+                           [&] {
+                               QWheelEvent wheel(middle, chart.mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
+                                                 Qt::NoModifier, Qt::NoScrollPhase, false);
+                               QCoreApplication::sendEvent(&chart, &wheel);
+                           },
+                           59},
+                          {"drag", [&] { drag(Qt::NoModifier); }, 60},
+                          {"frame", [&] { drag(Qt::ShiftModifier); }, 15}};
+    for (const Hand& hand : hands) {
+        hand.act();
+        const QCPRange shown = chart.ShownTimes();
+        EXPECT_FALSE(chart.IsFollowing()) << hand.name;
+        EXPECT_LE(shown.size(), hand.longest + 1e-3) << hand.name;
+        Pass(1000);
+        EXPECT_TRUE(shown == chart.ShownTimes()) << hand.name;
+        QTest::keyClick(&chart, Qt::Key_End);
+        EXPECT_TRUE(chart.IsFollowing()) << hand.name;
+        EXPECT_EQ(chart.ShownTimes().upper, panel.History().End()) << hand.name;
+        EXPECT_NEAR(chart.ShownTimes().size(), 60, 1e-3) << hand.name;
+    }
+    panel.SetDrive(nullptr, {});
 }
 
 } // namespace
