@@ -1,11 +1,21 @@
 #include "host/parameters/choice_box.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 
 namespace krt550 {
 
 CChoiceBox::CChoiceBox(QWidget* parent) : QComboBox(parent) {
     connect(this, &QComboBox::activated, this, [this] { m_isChosen = true; });
+    view()->installEventFilter(this);
+}
+
+/// Esc closes the list, and is no shortcut of the window behind it.
+bool CChoiceBox::eventFilter(QObject* watched, QEvent* event) {
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (isOverride && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        event->accept();
+    return QComboBox::eventFilter(watched, event);
 }
 
 /// Once the view has put it in its place.

@@ -17,6 +17,7 @@ public:
     std::function<void()> onLeft;
 
     void hidePopup() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -159,7 +159,7 @@ QVariant CParameterModel::data(const QModelIndex& index, int role) const {
     if (const int group = GroupOf(index); group >= 0) {
         if (role == Qt::DisplayRole && column == ParameterColumn::Register)
             return QString::number(group);
-        if (role == Qt::DisplayRole && column == ParameterColumn::Name)
+        if ((role == Qt::DisplayRole || role == Qt::ToolTipRole) && column == ParameterColumn::Name)
             return m_groups[static_cast<std::size_t>(index.row())].name;
         return {};
     }
@@ -186,7 +186,7 @@ QVariant CParameterModel::ValueData(const ParameterRow& row, int role) const {
     if (role == Qt::EditRole)
         return row.word ? QVariant(int{*row.word}) : QVariant();
     if (role == Qt::ForegroundRole && !row.isFresh)
-        return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+        return QGuiApplication::palette().placeholderText();
     if (role == Qt::FontRole && (row.DiffersFromDefault() || row.DiffersFromConnected())) {
         QFont font = QGuiApplication::font();
         font.setBold(row.DiffersFromDefault());

@@ -38,6 +38,7 @@ CParameterPanel::CParameterPanel(QString textFile, QWidget* parent)
       m_count(new QLabel(this)), m_state(MakeLine(this, "linkState")), m_message(MakeLine(this, "message")) {
     m_view->setItemDelegate(m_editor);
     m_view->onRefused = [this](int row) { Refused(row); };
+    m_editor->onOpened = [this] { Tell({}); };
     m_editor->onLeft = [this](const ParameterRow& row, const QString& typed) {
         Tell(QStringLiteral("%1: \"%2\" was not written. Enter writes what is typed.")
                  .arg(row.description.displayName(), typed));
@@ -86,6 +87,7 @@ void CParameterPanel::SetShared(bool isShared) {
         return;
     m_editor->Leave();
     m_isShared = isShared;
+    Tell({});
     m_refresh.SetResting(isShared);
     ShowState();
 }
@@ -141,21 +143,24 @@ bool CParameterPanel::Write(int row, quint16 word) {
     const ParameterDescription& parameter = m_model.GetRow(row).description;
     const bool isWritten = m_link->WriteWord(parameter.reg, word);
     if (isWritten)
-        Tell({});
+        m_model.TakeWord(row, word);
     else
         Tell(QStringLiteral("%1 was not written: %2").arg(parameter.displayName(), m_link->LastErrorText()));
-    if (isWritten)
-        m_model.TakeWord(row, word);
-    m_refresh.ReadBack(
-        row, [=, this](bool isRead) { WasReadBack(row, isWritten ? word : quint16{0}, isRead && isWritten); });
+    m_refresh.ReadBack(row, [this, row, word, isWritten](bool isRead) {
+        if (isRead)
+            WasReadBack(row, word, isWritten);
+    });
     return isWritten;
 }
 
-void CParameterPanel::WasReadBack(int row, quint16 written, bool isRead) {
+/// A drive may make something else of a value; and of a write whose answer was lost nobody knows before.
+void CParameterPanel::WasReadBack(int row, quint16 wanted, bool isWritten) {
     const ParameterRow& read = m_model.GetRow(row);
-    if (isRead && read.word != written)
-        Tell(QStringLiteral("%1: the drive has made %2 of it.")
-                 .arg(read.description.displayName(), CellText(read.description, *read.word)));
+    const QString name = read.description.displayName();
+    if (isWritten && read.word != wanted)
+        Tell(QStringLiteral("%1: the drive has made %2 of it.").arg(name, CellText(read.description, *read.word)));
+    if (!isWritten && read.word == wanted)
+        Tell(m_message->text() + QStringLiteral(" The drive has it all the same."));
 }
 
 } // namespace krt550

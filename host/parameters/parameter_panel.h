@@ -42,6 +42,7 @@ protected:
 private:
     QWidget* MakeFilters();
     void MakeColumns();
+    void GoToFound();
     void BindKeys();
     void ApplyConditions();
     void ShowCount();
@@ -49,7 +50,7 @@ private:
     void Tell(const QString& text);
     void Refused(int row);
     bool Write(int row, quint16 word);
-    void WasReadBack(int row, quint16 written, bool isRead);
+    void WasReadBack(int row, quint16 wanted, bool isWritten);
     std::optional<std::vector<int>> GetSeenRows() const;
 
     QString m_textFile;

@@ -21,7 +21,7 @@ namespace {
 const QString kSettings = QStringLiteral("parameters");
 
 /// Widths of the columns in characters.
-constexpr int kColumnWidths[kParameterColumns] = {11, 42, 22, 8, 11, 11, 22};
+constexpr int kColumnWidths[kParameterColumns] = {9, 38, 20, 8, 11, 11, 16};
 
 QCheckBox* MakeCheck(QWidget* parent, const char* name, const char* text, const char* toolTip) {
     auto* check = new QCheckBox(QLatin1String(text), parent);
@@ -39,16 +39,16 @@ QWidget* CParameterPanel::MakeFilters() {
     m_search->setAccessibleName(QStringLiteral("Search"));
     m_search->setPlaceholderText(QStringLiteral("Number, name or text (Ctrl+F)"));
     m_search->setClearButtonEnabled(true);
-    m_fromDefault = MakeCheck(filters, "changedFromDefault", "Changed from &default",
+    m_fromDefault = MakeCheck(filters, "changedFromDefault", "Changed from d&efault",
                               "Only what differs from the default. Such values are bold.");
-    m_sinceConnect = MakeCheck(filters, "changedSinceConnect", "Changed since c&onnect",
+    m_sinceConnect = MakeCheck(filters, "changedSinceConnect", "Changed since co&nnect",
                                "Only what differs from when the drive was connected. Such values are italic.");
-    m_readOnlyHidden = MakeCheck(filters, "readOnlyHidden", "&Hide read-only", "Only what can be edited.");
-    m_grouped = MakeCheck(filters, "grouped", "In &groups", "Below their groups, or as one table.");
+    m_readOnlyHidden = MakeCheck(filters, "readOnlyHidden", "Hide &read-only", "Only what can be edited.");
+    m_grouped = MakeCheck(filters, "grouped", "In grou&ps", "Below their groups, or as one table.");
     m_grouped->setChecked(true);
     auto* columns = new QToolButton(filters);
     columns->setObjectName(QStringLiteral("columns"));
-    columns->setText(QStringLiteral("Col&umns"));
+    columns->setText(QStringLiteral("Colu&mns"));
     columns->setPopupMode(QToolButton::InstantPopup);
     columns->setFocusPolicy(Qt::StrongFocus);
     m_columns = new QMenu(columns);
@@ -65,6 +65,10 @@ QWidget* CParameterPanel::MakeFilters() {
     layout->addWidget(m_grouped, 2, 1);
     layout->addWidget(columns, 2, 3, Qt::AlignRight);
     layout->setColumnStretch(2, 1);
+    QWidget* last = m_search;
+    for (QWidget* next :
+         std::initializer_list<QWidget*>{m_fromDefault, m_sinceConnect, m_readOnlyHidden, m_grouped, columns, m_view})
+        setTabOrder(std::exchange(last, next), next);
 
     connect(m_search, &QLineEdit::textChanged, this, [this] { ApplyConditions(); });
     for (const QCheckBox* check : {m_fromDefault, m_sinceConnect, m_readOnlyHidden})
@@ -86,7 +90,9 @@ void CParameterPanel::MakeColumns() {
     connect(&header, &QWidget::customContextMenuRequested, this,
             [this, &header](const QPoint& at) { m_columns->popup(header.mapToGlobal(at)); });
     for (int column = 0; column < kParameterColumns; ++column) {
-        m_view->setColumnWidth(column, kColumnWidths[column] * m_view->fontMetrics().averageCharWidth());
+        const int indentation = column == 0 ? 2 * m_view->indentation() : 0;
+        const int width = kColumnWidths[column] * m_view->fontMetrics().averageCharWidth();
+        m_view->setColumnWidth(column, width + indentation);
         // Without number and value nobody could tell what is edited.
         if (column == static_cast<int>(ParameterColumn::Register) || column == static_cast<int>(ParameterColumn::Value))
             continue;
@@ -106,9 +112,17 @@ void CParameterPanel::BindKeys() {
         m_search->setFocus(Qt::ShortcutFocusReason);
         m_search->selectAll();
     });
-    // From the search on to what it has found.
-    connect(m_search, &QLineEdit::returnPressed, m_view, [this] { m_view->setFocus(Qt::OtherFocusReason); });
+    connect(m_search, &QLineEdit::returnPressed, this, [this] { GoToFound(); });
     setFocusProxy(m_search);
+}
+
+/// From the search to the first of what it has found.
+void CParameterPanel::GoToFound() {
+    QModelIndex index = m_filter.index(0, 0);
+    if (const QModelIndex below = m_filter.index(0, 0, index); m_view->isExpanded(index) && below.isValid())
+        index = below;
+    m_view->setCurrentIndex(index);
+    m_view->setFocus(Qt::OtherFocusReason);
 }
 
 void CParameterPanel::SaveState(QSettings& settings) const {

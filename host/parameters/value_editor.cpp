@@ -44,6 +44,8 @@ QWidget* CValueEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&
     m_editor->setAutoFillBackground(true);
     if (m_note)
         m_editor->setAccessibleDescription(m_note->text());
+    if (onOpened)
+        onOpened();
     return m_editor;
 }
 
@@ -73,6 +75,8 @@ QWidget* CValueEditor::MakeChoice(QWidget* parent, const ParameterRow& row) cons
     for (const auto& [value, text] : row.description.values)
         if (text != kExcludedValue)
             box->addItem(text, int{value});
+    if (row.word) // for one that is not offered
+        box->setPlaceholderText(CellText(row.description, *row.word));
     box->setCurrentIndex(row.word ? box->findData(int{*row.word}) : -1);
     auto* self = const_cast<CValueEditor*>(this);
     box->onChosen = [self, box] { self->Commit(*box); };
@@ -94,6 +98,11 @@ void CValueEditor::setModelData(QWidget* editor, QAbstractItemModel* model, cons
         return;
     if (const std::optional<quint16> word = WordOfTypedText(m_rowOf(index).description, typed, error))
         model->setData(index, int{*word});
+}
+
+/// A little air between the lines.
+QSize CValueEditor::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 3);
 }
 
 /// As high and wide as it needs to be; the rows are lower than a drop-down.
@@ -126,22 +135,23 @@ void CValueEditor::ShowNote(const QString& text, bool isError) const {
     PlaceNote();
 }
 
-/// Below the editor, or above where there is no room.
+/// Below the editor, or above where there is no room; nowhere while that is scrolled out of sight.
 void CValueEditor::PlaceNote() const {
     if (!m_note || !m_editor || m_editor->size().isEmpty())
         return;
+    const QRect room = m_editor->parentWidget()->geometry();
+    const QRect editor = m_editor->geometry().translated(room.topLeft());
     const QFontMetrics metrics = m_note->fontMetrics();
     const int frame = 2 * (m_note->margin() + m_note->frameWidth()) + metrics.averageCharWidth();
-    const int widest = std::min(m_view->width(), metrics.averageCharWidth() * 50);
+    const int widest = std::min(room.width(), metrics.averageCharWidth() * 50);
     const int width = std::min(widest, metrics.horizontalAdvance(m_note->text()) + frame);
-    const QSize size(width, m_note->heightForWidth(width));
-    const QPoint corner = m_editor->mapTo(m_view, QPoint(0, 0));
-    int top = corner.y() + m_editor->height();
-    if (top + size.height() > m_view->height())
-        top = std::max(0, corner.y() - size.height());
-    const int left = std::max(0, std::min(corner.x(), m_view->width() - size.width()));
-    m_note->setGeometry(QRect(QPoint(left, top), size));
-    m_note->show();
+    QRect place(editor.left(), editor.bottom() + 1, width, m_note->heightForWidth(width));
+    if (place.bottom() > room.bottom())
+        place.moveBottom(editor.top() - 1);
+    if (place.right() > room.right())
+        place.moveRight(room.right());
+    m_note->setGeometry(place);
+    m_note->setVisible(room.intersects(editor));
     m_note->raise();
 }
 

@@ -19,6 +19,8 @@ public:
     /// `rowOf` gives the parameter of an index. The parent is the view.
     CValueEditor(std::function<const ParameterRow&(const QModelIndex&)> rowOf, QWidget* view);
 
+    /// Called when an editor opens.
+    std::function<void()> onOpened;
     /// Called when an editor is left with something typed that was not written.
     std::function<void(const ParameterRow& row, const QString& typed)> onLeft;
 
@@ -28,6 +30,7 @@ public:
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
