@@ -1,7 +1,7 @@
 #include "host/backup/backup_file.h"
 
 #include "host/backup/keeping.h"
-#include "host/backup/typed_value.h"
+#include "hostlib/tolvbo32/typed_value.h"
 #include "hostlib/tolvbo32/value_codec.h"
 
 #include <QRegularExpression>
@@ -48,7 +48,7 @@ QString FieldOf(const ParameterDescription& parameter, const ParameterValues& va
     // What the drive's description does not know could not be read back.
     QString error;
     const QString text = ShownText(parameter, *word);
-    return WordOfTyped(parameter, text, error) == word ? text : QLatin1String(kUnusable) + text;
+    return WordOfTypedText(parameter, text, error) == word ? text : QLatin1String(kUnusable) + text;
 }
 
 /// Lines of a backup, one after the other.
@@ -131,7 +131,7 @@ QString CBackupReader::TakeValue(const QStringList& fields) {
         return {};
     }
     QString error;
-    if (const std::optional<quint16> word = WordOfTyped(*parameter, fields[2], error))
+    if (const std::optional<quint16> word = WordOfTypedText(*parameter, fields[2], error))
         m_values.values.push_back({*reg, *word});
     return error;
 }

@@ -1,9 +1,9 @@
 #include "host/backup/comparison.h"
 #include "host/backup/keeping.h"
-#include "host/backup/typed_value.h"
 #include "host/commands/command.h"
 #include "host/commands/command_drive.h"
 #include "host/tool.h"
+#include "hostlib/tolvbo32/typed_value.h"
 
 #include <algorithm>
 #include <climits>
@@ -15,7 +15,8 @@ constexpr CommandOption kOptions[] = {
     kDriveOption,
     kParametersOption,
     kMacrosOption,
-    {"act", nullptr, "takes registers too whose values are no settings but commands, such as 7.01, 99.06 and 99.07"}};
+    {"act", nullptr,
+     "takes registers too whose values are no settings but commands, such as 7.01 and 99.07; those are not read back"}};
 constexpr CommandUsage kUsage = {
     "set REGISTER=VALUE ...",
     "Writes parameters of the drive, in this order, and reads each back. A register is written 99.06 or 9906; a value\n"
@@ -37,7 +38,7 @@ QString Check(const ParameterDescription& parameter, const QString& text, bool m
         return QStringLiteral("Parameter %1 is no setting: %2; --act writes it.").arg(parameter.displayName(), error);
     if (std::ranges::find(values, parameter.reg, &ParameterValue::reg) != values.end())
         return QStringLiteral("Parameter %1 stands there twice.").arg(parameter.displayName());
-    if (const std::optional<quint16> word = WordOfTyped(parameter, text, error)) {
+    if (const std::optional<quint16> word = WordOfTypedText(parameter, text, error)) {
         values.push_back({parameter.reg, *word});
         return {};
     }
@@ -50,7 +51,12 @@ QString Write(CParameterLink& link, const ParameterDescription& parameter, quint
     if (!link.ReadWord(parameter.reg, held))
         return link.LastErrorText();
     text = ChangeText({parameter.reg, held, word}, std::span(&parameter, 1));
-    if (!link.WriteWord(parameter.reg, word) || !link.ReadWord(parameter.reg, held))
+    if (!link.WriteWord(parameter.reg, word))
+        return link.LastErrorText();
+    // A drive that has done what it was told may have taken the command back.
+    if (KeepingOf(parameter) == Keeping::Left)
+        return {};
+    if (!link.ReadWord(parameter.reg, held))
         return link.LastErrorText();
     return held == word ? QString() : QStringLiteral("the drive holds %1 afterwards").arg(ValueText(parameter, held));
 }

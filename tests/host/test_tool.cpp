@@ -51,7 +51,7 @@ TEST(Tool, RefusesWrongOptionsAndFilesInOneLine) {
         {"list moon", "no group, parameter or name with \"moon\""},
         {"set 1.04=3", "is read-only"},
         {"set 99.02=2400 99.02=240", "out of range. It must lie between 5 and 2000 V"},
-        {"set 99.02=12.5", "\"12.5\" has more than 0 decimals"},
+        {"set 99.02=12.5", "\"12.5\" cannot be used. Please input a whole number"},
         {"set 10.01=9", "is not one of its values"},
         {"set 99.06=1", "it starts a service mode; --act writes it"},
         {"backup ~/good.play", "good.play is there already"},
