@@ -26,8 +26,9 @@ CConnectDialog::CConnectDialog(const QStringList& recent, const QString& warning
     layout->addWidget(m_error, 1);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     m_connect = buttons->addButton(QStringLiteral("&Connect"), QDialogButtonBox::AcceptRole);
-    m_connect->setDefault(true);
     layout->addWidget(buttons);
+    m_connect->setDefault(true);
+    m_form->setFocus();
     connect(buttons, &QDialogButtonBox::accepted, this, &CConnectDialog::Try);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     Tell(warning);

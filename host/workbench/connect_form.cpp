@@ -78,6 +78,7 @@ CConnectForm::CConnectForm(const QStringList& recent, QWidget* parent)
     layout->addLayout(kind);
     layout->addWidget(m_pages);
     layout->setContentsMargins(0, 0, 0, 0);
+    setFocusProxy(m_kind);
     for (QWidget* page : {MakeSimulated(), MakeTcp(), MakeSerial()}) {
         page->layout()->setContentsMargins(0, 0, 0, 0);
         m_pages->addWidget(page);

@@ -137,8 +137,9 @@ QDockWidget* CWorkbench::AddDock(const char* name, const QString& title, QWidget
 }
 
 void CWorkbench::RestorePlaces() {
-    resize(screen()->availableSize().boundedTo(
-        QSize(fontMetrics().averageCharWidth() * 200, fontMetrics().lineSpacing() * 50)));
+    const QSize frame(0, 3 * fontMetrics().lineSpacing()); // it is not known yet
+    resize((screen()->availableSize() - frame)
+               .boundedTo(QSize(fontMetrics().averageCharWidth() * 200, fontMetrics().lineSpacing() * 50)));
     restoreGeometry(m_settings.value(QLatin1String(kGeometryKey)).toByteArray());
     restoreState(m_settings.value(QLatin1String(kPlacesKey)).toByteArray(), kPlacesVersion);
     m_trends->RestoreState(m_settings);
