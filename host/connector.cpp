@@ -10,7 +10,7 @@ namespace krt550 {
 std::unique_ptr<CConnectedDrive> CConnector::Connect(const QString& name, QString& error, bool& isWrong) {
     isWrong = true;
     error.clear();
-    std::unique_ptr<CConnection> connection = Make(name, error);
+    std::unique_ptr<CConnection> connection = ConnectDrive(name, m_files, m_options.wizardDirectory, error);
     if (!connection)
         return nullptr;
     std::unique_ptr<CRecordWriter> record = OpenRecord(name, error);
@@ -20,13 +20,6 @@ std::unique_ptr<CConnectedDrive> CConnector::Connect(const QString& name, QStrin
     if (!connection->Open(error))
         return nullptr;
     return std::make_unique<CConnectedDrive>(std::move(connection), m_log, std::move(record), m_complain);
-}
-
-std::unique_ptr<CConnection> CConnector::Make(const QString& name, QString& error) {
-    QStringList errors;
-    auto files = ReadDriveFiles(m_options.parameterFile, m_options.macroFile, errors);
-    error = errors.join(QLatin1Char('\n'));
-    return files ? ConnectDrive(name, *std::move(files), m_options.wizardDirectory, error) : nullptr;
 }
 
 /// A record that was asked for has to be there; the one that is kept anyway holds nobody up.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drive/named_drive.h"
 #include "host/connected_drive.h"
 #include "host/options.h"
 
@@ -10,19 +11,19 @@ class CConnector {
 public:
     using Complain = std::function<void(const QString&)>;
 
-    /// `log` is borrowed. `complain` gets lines for the person at the terminal.
-    CConnector(ToolOptions options, CCallLog& log, Complain complain)
-        : m_options(std::move(options)), m_log(log), m_complain(std::move(complain)) {}
+    /// `files` are those of the options; `log` is borrowed. `complain` gets lines for the person at the terminal.
+    CConnector(ToolOptions options, DriveFiles files, CCallLog& log, Complain complain)
+        : m_options(std::move(options)), m_files(std::move(files)), m_log(log), m_complain(std::move(complain)) {}
 
     /// The drive that has answered; null, and the reason in `error`, when there is none. `isWrong` tells apart a wrong
     /// name or an unusable file from a drive that is not there. Waits as long as the line's tries last.
     std::unique_ptr<CConnectedDrive> Connect(const QString& name, QString& error, bool& isWrong);
 
 private:
-    std::unique_ptr<CConnection> Make(const QString& name, QString& error);
     std::unique_ptr<CRecordWriter> OpenRecord(const QString& drive, QString& error);
 
     ToolOptions m_options;
+    DriveFiles m_files;
     CCallLog& m_log;
     Complain m_complain;
 };

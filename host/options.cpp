@@ -110,8 +110,8 @@ QString HelpText() {
         "A log line holds, separated by tabs: time [ms], call, register, value (the raw word), outcome.\n\n"
         "However the program ends, it stops a motor under its control first and waits until it stands.\n\n"
         "Commands, each with its own --help (krt550tool COMMAND ...):\n%2\n"
-        "Exit status: 0 the wizard ran and the play did what it says; 1 a play failed, the wizard did not run,\n"
-        "the run was interrupted, or its log or record has gaps; 2 a wrong option, or a file that cannot be read or "
+        "Exit status: 0 it ran and the play did what it says; 1 a play failed, the wizard did not run, the run was\n"
+        "interrupted, a stop was not confirmed, or log or record has gaps; 2 a wrong option, or a file that cannot be read or "
         "written.\n\n");
     return parser.helpText() + text.arg(NamedDriveHelp(), CommandHelp()) + PlayHelpText();
 }

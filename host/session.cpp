@@ -1,6 +1,5 @@
 #include "host/session.h"
 
-#include "drive/named_drive.h"
 #include "host/play/parser.h"
 #include "host/tool.h"
 #include "hostlib/tolvbo32/scaled_clock.h"
@@ -30,7 +29,7 @@ int CSession::Run(const Work& work) {
         return kExitUsage;
     m_callLog.emplace(m_log ? [this](const QByteArray& line) { m_log->Write(line); } : CCallLog::Output(),
                       m_script.has_value());
-    m_connector.emplace(m_options, *m_callLog, [this](const QString& text) { Complain(text); });
+    m_connector.emplace(m_options, *std::move(m_files), *m_callLog, [this](const QString& text) { Complain(text); });
     return work(*this);
 }
 
@@ -47,7 +46,7 @@ bool CSession::Prepare() {
     if (!QDir(m_options.wizardDirectory).exists())
         return Complain(
             QStringLiteral("wizard directory %1: there is no such directory").arg(m_options.wizardDirectory));
-    if (!ReadScript())
+    if (!ReadScript() || !ReadFiles())
         return false;
     if (!m_module.Load(m_options.moduleFile, error))
         return Complain(error);
@@ -59,6 +58,12 @@ bool CSession::ReadScript() {
     if (!m_options.playFile.isEmpty())
         m_script = ReadPlayFile(m_options.playFile, errors);
     return errors.isEmpty() || Complain(errors.join(QLatin1Char('\n')));
+}
+
+bool CSession::ReadFiles() {
+    QStringList errors;
+    m_files = ReadDriveFiles(m_options.parameterFile, m_options.macroFile, errors);
+    return m_files || Complain(errors.join(QLatin1Char('\n')));
 }
 
 bool CSession::OpenLog() {

@@ -43,6 +43,7 @@ public:
 private:
     bool Prepare();
     bool ReadScript();
+    bool ReadFiles();
     bool OpenLog();
     std::unique_ptr<CClock> MakeClock() const;
 
@@ -53,6 +54,7 @@ private:
     std::optional<CLineWriter> m_logFile;
     CLineWriter* m_log = nullptr; ///< one of the two above; null without a log
     std::optional<PlayScript> m_script;
+    std::optional<DriveFiles> m_files; ///< until they are handed on
     CWizardModule m_module;
     std::optional<CCallLog> m_callLog;
     std::optional<CConnector> m_connector;

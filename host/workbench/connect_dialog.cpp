@@ -2,9 +2,7 @@
 
 #include "host/workbench/connect_form.h"
 
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFormLayout>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -14,21 +12,10 @@ namespace krt550 {
 
 CConnectDialog::CConnectDialog(const QStringList& recent, const QString& warning, TryConnect tryConnect,
                                QWidget* parent)
-    : QDialog(parent), m_tryConnect(std::move(tryConnect)), m_form(new CConnectForm), m_error(new QLabel),
+    : QDialog(parent), m_tryConnect(std::move(tryConnect)), m_form(new CConnectForm(recent)), m_error(new QLabel),
       m_connect(nullptr) {
     setWindowTitle(QStringLiteral("Connect a drive"));
     auto* layout = new QVBoxLayout(this);
-    if (!recent.isEmpty()) {
-        auto* list = new QComboBox;
-        list->addItems(recent);
-        list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        list->setMinimumContentsLength(30);
-        auto* row = new QFormLayout;
-        row->addRow(QStringLiteral("&Recent"), list);
-        layout->addLayout(row);
-        connect(list, &QComboBox::textActivated, this, [this](const QString& name) { m_form->SetName(name); });
-        m_form->SetName(recent.first());
-    }
     layout->addWidget(m_form);
     m_error->setWordWrap(true);
     m_error->setTextFormat(Qt::PlainText);
@@ -39,8 +26,9 @@ CConnectDialog::CConnectDialog(const QStringList& recent, const QString& warning
     layout->addWidget(m_error, 1);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     m_connect = buttons->addButton(QStringLiteral("&Connect"), QDialogButtonBox::AcceptRole);
-    m_connect->setDefault(true);
     layout->addWidget(buttons);
+    m_connect->setDefault(true);
+    m_form->setFocus();
     connect(buttons, &QDialogButtonBox::accepted, this, &CConnectDialog::Try);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     Tell(warning);
@@ -66,6 +54,11 @@ void CConnectDialog::Try() {
     if (error.isEmpty())
         return accept();
     Tell(error);
+}
+
+void CConnectDialog::reject() {
+    if (!m_isTrying)
+        QDialog::reject();
 }
 
 void CConnectDialog::Tell(const QString& error) {

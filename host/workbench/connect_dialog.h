@@ -4,7 +4,6 @@
 
 #include <functional>
 
-class QComboBox;
 class QLabel;
 class QPushButton;
 
@@ -20,6 +19,9 @@ public:
 
     /// `recent` are names that were connected before, the last one first; `warning` is shown from the start.
     CConnectDialog(const QStringList& recent, const QString& warning, TryConnect tryConnect, QWidget* parent);
+
+    /// Not while a drive is being connected.
+    void reject() override;
 
 private:
     void Try();

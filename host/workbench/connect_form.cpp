@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QStackedWidget>
@@ -62,19 +63,36 @@ QString WithUnit(const QString& name, int unit) {
 
 } // namespace
 
-CConnectForm::CConnectForm(QWidget* parent)
+CConnectForm::CConnectForm(const QStringList& recent, QWidget* parent)
     : QWidget(parent), m_kind(MakeList(kKinds, kKinds[Simulated])), m_pages(new QStackedWidget) {
     auto* layout = new QVBoxLayout(this);
     auto* kind = new QFormLayout;
+    auto* list = new QComboBox;
+    list->addItems(recent);
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(30);
+    connect(list, &QComboBox::textActivated, this, &CConnectForm::SetName);
+    kind->addRow(QStringLiteral("&Recent"), list);
+    list->setEnabled(!recent.isEmpty());
     kind->addRow(QStringLiteral("&Drive"), m_kind);
     layout->addLayout(kind);
     layout->addWidget(m_pages);
     layout->setContentsMargins(0, 0, 0, 0);
+    setFocusProxy(m_kind);
     for (QWidget* page : {MakeSimulated(), MakeTcp(), MakeSerial()}) {
         page->layout()->setContentsMargins(0, 0, 0, 0);
         m_pages->addWidget(page);
     }
     connect(m_kind, &QComboBox::currentIndexChanged, m_pages, &QStackedWidget::setCurrentIndex);
+    // The fields of all pages begin at the same place.
+    const QList<QLabel*> labels = findChildren<QLabel*>();
+    int widest = 0;
+    for (const QLabel* label : labels)
+        widest = std::max(widest, label->sizeHint().width());
+    for (QLabel* label : labels)
+        label->setMinimumWidth(widest);
+    if (!recent.isEmpty())
+        SetName(recent.first());
 }
 
 QWidget* CConnectForm::MakeSimulated() {

@@ -12,7 +12,8 @@ namespace krt550 {
 /// Where a drive is, as fields to fill in; as a name it is what --drive takes.
 class CConnectForm : public QWidget {
 public:
-    explicit CConnectForm(QWidget* parent = nullptr);
+    /// `recent` are names to choose from, the last one first; the fields begin with that.
+    explicit CConnectForm(const QStringList& recent, QWidget* parent = nullptr);
 
     /// Empty, and what is missing in `error`, when the fields name no drive.
     QString Name(QString& error) const;

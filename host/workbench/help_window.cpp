@@ -7,9 +7,15 @@
 #include <QShortcut>
 #include <QTextBrowser>
 
+/// The linker leaves out what nobody names.
+static void KeepResource() {
+    Q_INIT_RESOURCE(workbench);
+}
+
 namespace krt550 {
 
 void ShowWorkbenchHelp(QWidget* owner) {
+    KeepResource();
     const QString name = QStringLiteral("workbenchHelp");
     auto* window = owner->findChild<QTextBrowser*>(name, Qt::FindDirectChildrenOnly);
     if (!window) {

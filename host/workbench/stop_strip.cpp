@@ -15,8 +15,8 @@
 namespace krt550 {
 namespace {
 
-constexpr int kTextCharacters = 36;
-constexpr int kTextLines = 3;
+constexpr int kTextCharacters = 46;
+constexpr int kTextLines = 2;
 
 } // namespace
 
@@ -65,17 +65,20 @@ void CStopStrip::closeEvent(QCloseEvent* event) {
     event->ignore();
 }
 
-/// Above the window, or at the upper edge of the screen where there is no room. Frames are not known before windows
-/// are shown, and those of all windows are alike.
+/// Above the window, else below it, else at the upper edge of the screen. Frames are not known before windows are
+/// shown, and those of all windows are alike.
 void CStopStrip::Place(const QWindow& modal) {
     adjustSize();
     const QRect screen = modal.screen()->availableGeometry();
+    const QRect other = modal.geometry();
     const QMargins frame = m_owner.windowHandle() ? m_owner.windowHandle()->frameMargins() : QMargins();
-    const int height = sizeHint().height() + frame.top() + frame.bottom();
-    const int left = modal.geometry().right() - sizeHint().width() - frame.right();
-    const int top = modal.geometry().top() - frame.top() - height;
-    move(std::clamp(left, screen.left(), std::max(screen.left(), screen.right() - sizeHint().width())),
-         std::max(top, screen.top()));
+    const int whole = sizeHint().height() + frame.top() + frame.bottom();
+    const int above = other.top() - frame.top() - whole;
+    const int below = other.bottom() + frame.bottom();
+    const int first = screen.top() + frame.top();
+    const int top = above >= first ? above : below + whole <= screen.bottom() ? below : first;
+    const int left = other.right() - sizeHint().width() - frame.right();
+    move(std::clamp(left, screen.left(), std::max(screen.left(), screen.right() - sizeHint().width())), top);
 }
 
 } // namespace krt550

@@ -36,8 +36,8 @@ CTuningDialog::CTuningDialog(CConnectedDrive& drive, std::vector<ParameterDescri
     auto* buttons = new QDialogButtonBox;
     m_keep = buttons->addButton(QStringLiteral("&Keep"), QDialogButtonBox::RejectRole);
     m_restoreButton = buttons->addButton(QStringLiteral("&Restore marked"), QDialogButtonBox::ActionRole);
-    m_keep->setDefault(true);
     layout->addWidget(buttons);
+    m_keep->setDefault(true);
     connect(m_keep, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_restoreButton, &QPushButton::clicked, this, [this] { Restore(); });
     m_keep->setFocus();

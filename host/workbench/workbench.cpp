@@ -66,6 +66,7 @@ void CWorkbench::MakeMenus() {
     drive->addSeparator();
     m_wizard = drive->addAction(QStringLiteral("Commissioning &wizard..."), QKeySequence(QStringLiteral("Ctrl+W")),
                                 this, [this] { OpenWizard(); });
+    drive->addAction(QStringLiteral("&Stop the motor\tEsc"), this, [this] { m_stop.Press(); });
     drive->addSeparator();
     drive->addAction(QStringLiteral("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), this, [this] { close(); });
     m_viewMenu = menuBar()->addMenu(QStringLiteral("&View"));
@@ -136,8 +137,9 @@ QDockWidget* CWorkbench::AddDock(const char* name, const QString& title, QWidget
 }
 
 void CWorkbench::RestorePlaces() {
-    resize(screen()->availableSize().boundedTo(
-        QSize(fontMetrics().averageCharWidth() * 200, fontMetrics().lineSpacing() * 50)));
+    const QSize frame(0, 3 * fontMetrics().lineSpacing()); // it is not known yet
+    resize((screen()->availableSize() - frame)
+               .boundedTo(QSize(fontMetrics().averageCharWidth() * 200, fontMetrics().lineSpacing() * 50)));
     restoreGeometry(m_settings.value(QLatin1String(kGeometryKey)).toByteArray());
     restoreState(m_settings.value(QLatin1String(kPlacesKey)).toByteArray(), kPlacesVersion);
     m_trends->RestoreState(m_settings);

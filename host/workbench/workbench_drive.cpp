@@ -113,18 +113,18 @@ void CWorkbench::LeaveStep() {
 }
 
 void CWorkbench::Part() {
-    const std::unique_ptr<CConnectedDrive> drive = std::move(m_drive);
+    std::unique_ptr<CConnectedDrive> drive = std::move(m_drive);
     HandOut();
     statusBar()->clearMessage();
     const bool isSafe = drive->LastStop().HandBack();
     const bool isRecorded = drive->End();
     m_hasGoneWell = m_hasGoneWell && isSafe && isRecorded;
+    drive.reset();
     if (!isSafe && !m_endsFromOutside)
         QMessageBox::warning(this, QStringLiteral("Not stopped for certain"),
                              QStringLiteral("The drive did not confirm the stop, or did not take local control back. "
                                             "Use the E-stop if the motor turns.\n\nA drive that does not hear this "
                                             "program any more stops by itself after the time in 30.29."));
-    drive->Closing().End();
 }
 
 void CWorkbench::OpenWizard() {

@@ -7,6 +7,7 @@ class ToolRun {
 public:
     ToolRun() {
         m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        m_environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_directory.path());
         process.setProgram(QStringLiteral(KRT550_BINARY_DIR "/bin/krt550tool"));
     }
     /// One that is still at work is ended the hard way.

@@ -166,8 +166,9 @@ TEST_F(Workbench, LeavesNoTurningMotor) {
 }
 
 TEST_F(Workbench, AsksForADriveInWords) {
-    CConnectForm form;
+    CConnectForm form({QStringLiteral("modbus-tcp:there:5")});
     QString error;
+    EXPECT_EQ(form.Name(error), QLatin1String("modbus-tcp:there:5"));
     for (const char* name : {"sim:S3,feedback=tacho", "modbus-tcp:10.0.0.7:1502,unit=3", "modbus-tcp:[::1]:502",
                              "modbus-rtu:/dev/ttyUSB1,57600,8N2,unit=9"}) {
         form.SetName(QString::fromLatin1(name));
