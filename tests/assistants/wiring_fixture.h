@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hostlib/tolvbo32/clock.h"
 #include "tests/support/fake_drive.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/robot.h"
@@ -175,6 +176,8 @@ protected:
 
     CModuleResources m_resources;
     ResourceScope m_scope{m_resources};
+    CSteppedClock m_clock; // or a busy machine would come to the cyclic update
+    ClockScope m_clockScope{m_clock};
     MessageBoxes m_boxes;
 };
 

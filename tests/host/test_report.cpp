@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QRegularExpression>
+#include <QTest>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -68,6 +69,8 @@ TEST_F(Report, TellsOfAProgramThatWasKilled) {
                                                           "wait 600 within 600\n"));
     m_tool.Start(QStringLiteral("--speed 10 --play ~/a.play --record ~/r"));
     ASSERT_TRUE(m_tool.WaitForOutput(QStringLiteral("Now")));
+    // The record has the write before it is sent; what came of it goes to the disk a little later.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Html().contains(QLatin1String(">250</td>")); }, 60'000));
     kill(pid_t(m_tool.process.processId()), SIGKILL);
     m_tool.process.waitForFinished();
     const QString html = Html();

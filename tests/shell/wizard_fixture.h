@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hostlib/tolvbo32/clock.h"
 #include "tests/support/fake_drive.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/robot.h"
@@ -49,6 +50,8 @@ protected:
     }
 
     FakeDrive m_drive;
+    CSteppedClock m_clock; // or a busy machine would come to the cyclic update
+    ClockScope m_clockScope{m_clock};
     MessageBoxes m_boxes;
 };
 

@@ -115,7 +115,8 @@ void Robot::LetPass(qint64 milliseconds) {
 }
 
 void Robot::WhenInFront(int layout, const std::function<void()>& act) {
-    QTimer::singleShot(1, qApp, [=] {
+    // In the time of the wizard: while the wall's went by, an idle wizard would already be further.
+    CClock::Current().SetAlarm(1, [=] {
         if (Layout() == layout) {
             Front()->activateWindow();
             act();
