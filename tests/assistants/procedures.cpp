@@ -129,7 +129,7 @@ void EditAnalogueInputs() {
 
 void EditAnalogueOutputs() {
     InTerminalDialog(TerminalKind::AnalogueOutput, 140,
-                     [] { EnterIfThere(ChannelId(1, kChannelChoice), "104 Speed"); });
+                     [] { EnterIfThere(ChannelId(1, kChannelChoice), "104 Speed actual"); });
 }
 
 const Procedure kProcedures[] = {

@@ -25,7 +25,7 @@ struct Procedure {
 inline constexpr const char* kConnectionTexts =
     "DI\t1005\t1\t2\t3\t4\t5\t6\t7\t8\t0\tOn\nDI\t1006\t1\t2\t3\t4\t5\t6\t7\t8\t0\tRun\n"
     "AI\t1101\t201\t1\t2\t3\t4\t0\tReference\nAI\t2503\t208\t1\t2\t3\t4\t0\tTorque\n"
-    "DO\t801\t2\tRunning\nAO\t104\tSpeed\nMACRODEPPAR\t1\t1101\t2201\n";
+    "DO\t801\t2\tRunning\nAO\t104\tSpeed actual\nMACRODEPPAR\t1\t1101\t2201\n";
 
 std::span<const Procedure> AllProcedures();
 

@@ -1,32 +1,9 @@
 #include "tests/assistants/safety_watch.h"
 
-#include "hostlib/tolvbo32/clock.h"
-#include "wizard/motor/make_safe.h"
-#include "wizard/resources/control_ids.h"
-
 namespace krt550 {
 namespace {
 
 constexpr int kLooksToStand = 2;
-const QString kAlarms[] = {"The motor is running down.", "THE DRIVE DOES NOT CONFIRM THE STOP."};
-
-bool IsAlarm(const QString& text) {
-    return std::ranges::any_of(kAlarms, [&](const QString& alarm) { return text.startsWith(alarm); });
-}
-
-bool MakesMoreAlive(const QString& call) {
-    return call == "take local control" || call == "close contactor" || call == "start motor" ||
-           (call.startsWith("write 9906=") && call != "write 9906=0") ||
-           (call.startsWith("write 4507=") && call != "write 4507=0");
-}
-
-} // namespace
-
-bool TellsOfLoss(const QString& text) {
-    return text.contains("simulated failure") || text.contains("did not answer");
-}
-
-namespace {
 
 /// What a macro, a selector of the procedures' texts or a setting of a terminal stands in.
 bool IsConnection(quint16 reg) {
@@ -38,7 +15,10 @@ bool IsConnection(quint16 reg) {
 } // namespace
 
 WatchedDrive::WatchedDrive() {
-    onCall = [this](const QString& call) { Judge(call); };
+    onCall = [this](const QString& call) {
+        JudgeConnections(call);
+        JudgeCall(call, words[9906] != 0);
+    };
 }
 
 void WatchedDrive::HoldConnections(const std::vector<std::pair<quint16, quint16>>& wanted) {
@@ -64,26 +44,6 @@ void WatchedDrive::JudgeConnections(const QString& call) {
         violations.append(call + " loses a connection");
     if (call == "write 9907=1" && words[9908] == m_loadedMacro)
         violations.append("the macro is loaded that was loaded before");
-}
-
-void WatchedDrive::Judge(const QString& call) {
-    JudgeConnections(call);
-    if (m_endAsked && MakesMoreAlive(call))
-        violations.append(call + " after the end was asked for");
-    if (call == "start motor" && !m_confirmed)
-        violations.append("started without a confirmation");
-    if (call == "start motor") // whoever has agreed to turn the motor by hand may start it again
-        m_confirmed = m_confirmed && words[9906] == 0;
-    if (call == "release local control" && m_turning)
-        violations.append("local control given back over a turning motor");
-    const bool confirms = call == "stop motor" || call == "open contactor" || call == "refresh";
-    if (IsMotorStopping() && m_turning && m_looksLeft >= 0 && !confirms)
-        violations.append(call + " while the stop waits to be confirmed");
-}
-
-void WatchedDrive::SeeBox(const QString& text) {
-    if (m_turning && !IsAlarm(text))
-        violations.append("a box over a turning motor: " + text);
 }
 
 QStringList WatchedDrive::Remains() const {
@@ -115,47 +75,8 @@ void WatchedDrive::Happened(const QString& call) {
         m_turning = false;
     if (call == "start motor")
         m_looksLeft = -1;
+    m_toldToStop = m_looksLeft >= 0;
     statusWord = m_turning ? 0 : kStatusStopped;
-}
-
-BoxClerk::BoxClerk(WatchedDrive& drive) : m_drive(drive) {
-    qApp->installEventFilter(this);
-}
-
-/// Whatever one click, or one key, sets off tells of a drive that does not answer once.
-void BoxClerk::CountLosses(const QObject* watched, QEvent::Type event) {
-    const auto* widget = qobject_cast<const QWidget*>(watched);
-    const auto* box = widget ? qobject_cast<const QMessageBox*>(widget->window()) : nullptr;
-    if (box == widget && box && event == QEvent::Show && TellsOfLoss(box->text()) && m_losses++ > 0)
-        m_drive.violations.append("told again: " + box->text());
-    const bool isAct = event == QEvent::MouseButtonPress || event == QEvent::KeyPress || event == QEvent::Close;
-    if (widget && !box && isAct)
-        m_losses = 0;
-}
-
-bool BoxClerk::eventFilter(QObject* watched, QEvent* event) {
-    CountLosses(watched, event->type());
-    const auto* notice = qobject_cast<QLabel*>(watched);
-    if (notice && event->type() == QEvent::Paint && notice->objectName().toInt() == kIdNotice &&
-        !notice->text().isEmpty() && !texts.contains(notice->text()))
-        texts.append(notice->text());
-    auto* box = qobject_cast<QMessageBox*>(watched);
-    if (!box || event->type() != QEvent::Show)
-        return false;
-    texts.append(box->text());
-    m_drive.SeeBox(box->text());
-    const auto answer = [this, box = QPointer<QMessageBox>(box)] {
-        if (!box || !box->isVisible() || (instead && instead(*box)))
-            return;
-        if (box->standardButtons().testFlag(QMessageBox::Cancel))
-            m_drive.Confirm();
-        box->button(QMessageBox::Ok)->click();
-    };
-    if (patienceMs > 0)
-        CClock::Current().SetAlarm(patienceMs, answer);
-    else
-        QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
-    return false;
 }
 
 } // namespace krt550

@@ -144,8 +144,8 @@ TEST_F(LinkPages, WhatAWordPointsToFailsAfterAWrite) {
         m_drive->unreadable = {705};
         m_drive->unwritable = {9002};
         m_boxes.Expect("Error while uploading pointed parameter (705)").WithIcon(QMessageBox::Critical);
-        m_boxes.Expect("Reading parameter 7.05 Digital outputs from fieldbus failed: simulated failure");
-        m_boxes.Expect("Writing parameter 90.02 Receive dataset 1 value 2 failed: simulated failure");
+        m_boxes.Expect("Reading parameter 7.05 Digital outputs from fieldbus failed: simulated failure\n\n"
+                       "The same happened with:\n9002 Receive dataset 1 value 2 (writing)");
         Robot::Choose(PointerId(1, kPointerChoice), "Digital outputs from fieldbus");
         Robot::Choose(PointerId(2, kPointerChoice), "Not connected");
         EXPECT_EQ(ApplyAndTakeWrites(), (QStringList{"write 9001=705", "write 9002=0"}));

@@ -3,6 +3,7 @@
 #include "hostlib/tolvbo32/parameter_group.h"
 #include "wizard/params/parameter_access.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -14,11 +15,12 @@ namespace {
 
 constexpr int kNamesShown = 12;
 
-/// Failures that differ in nothing but the parameter.
+/// Failures for the same reason.
 struct Cause {
-    QString key;
+    QString reason;
     QString text; ///< of the first one
     QStringList parameters;
+    QStringList lines; ///< the same, as they are shown
 };
 
 int g_passes = 0;
@@ -29,30 +31,31 @@ QString NameOf(const CParameterSet& parameter) {
     return RegisterText(parameter) + QLatin1Char(' ') + parameter.GetName();
 }
 
-/// The library's text without what names the parameter.
-QString CauseOf(const CParameterSet& parameter, QString text) {
+/// The library's text without what names the parameter, and from where it says why reading or writing failed.
+QString ReasonOf(const CParameterSet& parameter, QString text) {
+    static const QString verdict = QStringLiteral(" failed: ");
+    if (const auto end = text.indexOf(verdict); end >= 0)
+        text.remove(0, end + verdict.size());
     const CParameterGroup* parent = parameter.GetParent();
     const QString group = parent ? parent->GetIndex() : QString();
     for (const QString& name :
          {parameter.GetName(), group + QLatin1Char('.') + parameter.GetIndex(), group + parameter.GetIndex()})
-        if (!name.isEmpty())
-            text.replace(name, QString());
+        if (!name.isEmpty()) // as a word: a port may hold the same digits
+            text.remove(QRegularExpression(QStringLiteral("(?<!\\w)%1(?!\\w)").arg(QRegularExpression::escape(name))));
     return text;
 }
 
-/// What a cause says behind whether the parameter was read or written.
-QString ReasonOf(const QString& cause) {
-    static const QString verdict = QStringLiteral(" failed: ");
-    const auto end = cause.indexOf(verdict);
-    return end < 0 ? cause : cause.mid(end + verdict.size());
+/// What the library has tried: the word that its text begins with.
+QString AttemptOf(const QString& text) {
+    return text.section(QLatin1Char(' '), 0, 0).toLower();
 }
 
 void Tell(const Cause& cause) {
     QString text = cause.text;
-    if (cause.parameters.size() > 1) {
-        text += QLatin1String("\n\nThe same happened with:\n") +
-                cause.parameters.mid(1, kNamesShown).join(QLatin1Char('\n'));
-        if (const auto further = cause.parameters.size() - 1 - kNamesShown; further > 0)
+    if (cause.lines.size() > 1) {
+        text +=
+            QLatin1String("\n\nThe same happened with:\n") + cause.lines.mid(1, kNamesShown).join(QLatin1Char('\n'));
+        if (const auto further = cause.lines.size() - 1 - kNamesShown; further > 0)
             text += QStringLiteral("\nand %1 more").arg(further);
     }
     ShowMessageBox(text, MessageIcon::Stop);
@@ -73,17 +76,21 @@ FailurePass::~FailurePass() {
 }
 
 bool FailurePass::Take(const CParameterSet& parameter, const QString& text) {
-    const QString key = CauseOf(parameter, text);
-    auto cause = std::ranges::find(g_causes, key, &Cause::key);
+    const QString reason = ReasonOf(parameter, text);
+    auto cause = std::ranges::find(g_causes, reason, &Cause::reason);
     if (cause == g_causes.end()) {
-        if (LossMemory::Knows(ReasonOf(key)))
+        if (LossMemory::Knows(reason))
             return true;
         if (g_passes == 0)
             return false;
-        cause = g_causes.insert(cause, {key, text, {}});
+        cause = g_causes.insert(cause, {reason, text, {}, {}});
     }
-    if (const QString name = NameOf(parameter); !cause->parameters.contains(name))
-        cause->parameters.append(name);
+    const QString name = NameOf(parameter);
+    if (cause->parameters.contains(name))
+        return true;
+    const QString attempt = AttemptOf(text);
+    cause->parameters.append(name);
+    cause->lines.append(attempt == AttemptOf(cause->text) ? name : QStringLiteral("%1 (%2)").arg(name, attempt));
     return true;
 }
 

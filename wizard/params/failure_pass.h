@@ -10,8 +10,8 @@ namespace krt550 {
 class CParameterSet;
 
 /// One load or one apply of a window. What a drive refuses meanwhile (ShowLastError) is told when the outermost pass
-/// ends: each cause in one box, with the names of all parameters that it hit, so that a lost link is one box and not
-/// one a row. Any other box that repeats the text of an earlier one of the pass is not shown again.
+/// ends: each reason in one box, with the names of all parameters that it hit, read or written, so that a lost link is
+/// one box and not one a row. Any other box that repeats the text of an earlier one of the pass is not shown again.
 class FailurePass {
 public:
     FailurePass();

@@ -52,8 +52,7 @@ CDialogDIDOSettings::CDialogDIDOSettings() : CDialog(141) {
     Handle(DigitalId(DigitalGroup::Outputs, kDigitalView), ControlEvent::Clicked, [this] { ToggleView(); });
     Handle(kIdApply, ControlEvent::Clicked, [this] {
         const CWaitCursor wait;
-        LossMemory memory;
-        const LossMemory::Scope told(memory);
+        const FailurePass pass;
         Write();
         Load();
     });
