@@ -196,5 +196,24 @@ TEST_F(SpecialPages, FieldExciterShowsWhetherItsNodeAnswers) {
     });
 }
 
+TEST_F(SpecialPages, FieldExciterFollowsTheLink) {
+    m_prepare = [](FakeDrive& drive) {
+        drive.words[9912] = drive.words[406] = 2;
+        drive.words[419] = 0x10;
+    };
+    OnPage(kFieldExciter, [this] {
+        EXPECT_EQ(LinkStatus(), "OK");
+        m_drive->words[419] = 0;
+        LetAnUpdatePass();
+        EXPECT_EQ(LinkStatus(), "Fault");
+        Robot::Type(192, "5");
+        m_drive->words[418] = 0x10;
+        LetAnUpdatePass();
+        EXPECT_EQ(LinkStatus(), "Fault") << "goes by what the drive has, not by what is typed";
+        Robot::Press(kApply);
+        EXPECT_EQ(LinkStatus(), "OK");
+    });
+}
+
 } // namespace
 } // namespace krt550
