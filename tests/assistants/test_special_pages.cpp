@@ -141,6 +141,8 @@ TEST_F(SpecialPages, EStopFollowsTheDriveBesideWhatIsTyped) {
         EXPECT_EQ(HintsOfEStop(), "20.00|20.00|s|||") << "until it is applied";
         Robot::Press(kApply);
         EXPECT_EQ(HintsOfEStop(), "- |||||");
+        LetAnUpdatePass();
+        EXPECT_EQ(HintsOfEStop(), "- |||||") << "after an update";
         Robot::Choose(624, "Ramp");
         Robot::Press(kApply);
         EXPECT_EQ(HintsOfEStop(), "20.00|20.00|s|||");
