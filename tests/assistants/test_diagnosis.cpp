@@ -124,6 +124,13 @@ TEST_F(Diagnosis, FetchesTheRecordAndEndsTheServiceMode) {
         EXPECT_EQ(m_drive.TakeLog(), (QStringList{"read fault buffer", "write 9906=0"}));
         EXPECT_EQ(GetFaultRecord().size(), 74) << "whatever arrived is kept";
     }
+    QString any;
+    for (const int size : {21, 22}) {
+        m_drive.faultRecord = QByteArray(size, 1);
+        m_boxes.Expect("Writing parameter 99.06 Service mode failed: simulated failure");
+        ReadFaultRecord(any);
+        EXPECT_EQ(HasActiveFaultCode(), size == 22);
+    }
     SetDiagnosisDrive(nullptr);
     QString message = "as it was";
     EXPECT_FALSE(ReadFaultRecord(message));

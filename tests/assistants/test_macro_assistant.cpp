@@ -176,6 +176,23 @@ TEST_F(MacroAssistant, LoadsNoMacroWhileTheMotorMayTurn) {
     });
 }
 
+// That 99.08 names no macro that is not loaded is the fault matrix's, too.
+TEST_F(MacroAssistant, TriesAgainWhatCouldNotBeLoaded) {
+    OpenMacro([&] {
+        Robot::Choose(kMacro, "Jogging");
+        m_drive.unwritable = {9907};
+        m_drive.TakeLog();
+        m_boxes.Expect("Writing parameter 99.07*");
+        Robot::Press(kIdNext);
+        m_boxes.Verify();
+        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 9908=4", "write 9907=1", "write 9908=0"}));
+        EXPECT_TRUE(Robot::Text(kMacro) == "Jogging" && IsAllUnknown());
+        m_drive.unwritable.clear();
+        Robot::Press(kIdNext);
+        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 9908=4", "write 9907=1"}));
+    });
+}
+
 TEST_F(MacroAssistant, TheTerminalsAloneAreChangedInTheirDialogsOnly) {
     OpenTerminals([&] {
         m_drive.TakeLog();

@@ -141,6 +141,8 @@ TEST_F(SpecialPages, EStopFollowsTheDriveBesideWhatIsTyped) {
         EXPECT_EQ(HintsOfEStop(), "20.00|20.00|s|||") << "until it is applied";
         Robot::Press(kApply);
         EXPECT_EQ(HintsOfEStop(), "- |||||");
+        LetAnUpdatePass();
+        EXPECT_EQ(HintsOfEStop(), "- |||||") << "after an update";
         Robot::Choose(624, "Ramp");
         Robot::Press(kApply);
         EXPECT_EQ(HintsOfEStop(), "20.00|20.00|s|||");
@@ -193,6 +195,25 @@ TEST_F(SpecialPages, FieldExciterShowsWhetherItsNodeAnswers) {
             Reenter();
             EXPECT_EQ(LinkStatus(), c.status) << c.node << ", types " << c.detected << ' ' << c.used;
         }
+    });
+}
+
+TEST_F(SpecialPages, FieldExciterFollowsTheLink) {
+    m_prepare = [](FakeDrive& drive) {
+        drive.words[9912] = drive.words[406] = 2;
+        drive.words[419] = 0x10;
+    };
+    OnPage(kFieldExciter, [this] {
+        EXPECT_EQ(LinkStatus(), "OK");
+        m_drive->words[419] = 0;
+        LetAnUpdatePass();
+        EXPECT_EQ(LinkStatus(), "Fault");
+        Robot::Type(192, "5");
+        m_drive->words[418] = 0x10;
+        LetAnUpdatePass();
+        EXPECT_EQ(LinkStatus(), "Fault") << "goes by what the drive has, not by what is typed";
+        Robot::Press(kApply);
+        EXPECT_EQ(LinkStatus(), "OK");
     });
 }
 
