@@ -132,7 +132,7 @@ TEST_F(Workbench, EscapeAndTheStripStopFromEverywhere) {
                 if (window->isVisible() && window->title() == QLatin1String("Stop the motor"))
                     strip = window;
             ASSERT_TRUE(strip);
-            QTest::mousePress(strip, Qt::LeftButton, {}, {30, strip->height() / 2});
+            QTest::mousePress(strip, Qt::LeftButton, {}, {strip->width() / 2, strip->height() / 3});
             ExpectStopFirst();
             WaitUntil([&] { return Stands(bench); });
             EXPECT_EQ(hand.ReleaseControl(), QString());
