@@ -83,8 +83,9 @@ void UpdatePlan::AddRows(const CWindow& window, TextSource source) {
         QWidget* control = window.GetDlgItem(controlId);
         if (!control)
             continue;
-        const auto known = std::ranges::find_if(
-            items, [&](const Item& item) { return item.parameter == parameter && item.source == source; });
+        const auto known = std::ranges::find_if(items, [source, row = parameter](const Item& item) {
+            return item.parameter == row && item.source == source;
+        });
         if (known == items.end())
             items.push_back({.parameter = parameter, .controls = {control}, .source = source});
         else
