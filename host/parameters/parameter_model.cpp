@@ -202,6 +202,13 @@ QVariant CParameterModel::headerData(int section, Qt::Orientation orientation, i
     return QString::fromLatin1(kHeaders[section]);
 }
 
+QString CParameterModel::WhyNotEdited(int row) const {
+    const ParameterDescription& parameter = GetRow(row).description;
+    if (parameter.readOnly)
+        return QStringLiteral("the drive shows it only");
+    return whatItCommands ? whatItCommands(parameter) : QString();
+}
+
 Qt::ItemFlags CParameterModel::flags(const QModelIndex& index) const {
     if (!index.isValid())
         return {};
@@ -211,7 +218,7 @@ Qt::ItemFlags CParameterModel::flags(const QModelIndex& index) const {
         return flags;
     flags |= Qt::ItemNeverHasChildren;
     const bool isValue = index.column() == static_cast<int>(ParameterColumn::Value);
-    if (isEditable && isValue && !GetRow(row).description.readOnly)
+    if (isEditable && isValue && WhyNotEdited(row).isEmpty())
         flags |= Qt::ItemIsEditable;
     return flags;
 }

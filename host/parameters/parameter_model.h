@@ -42,6 +42,10 @@ public:
     std::function<bool(int row, quint16 word)> onWrite;
     /// Whether anything may be edited.
     bool isEditable = false;
+    /// What a parameter makes the drive do that is a command and no setting; empty for a setting.
+    std::function<QString(const ParameterDescription&)> whatItCommands;
+    /// Why nobody may edit a parameter here; empty for one that may be edited.
+    QString WhyNotEdited(int row) const;
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& index) const override;

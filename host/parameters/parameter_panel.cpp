@@ -133,9 +133,8 @@ void CParameterPanel::Tell(const QString& text) {
 }
 
 void CParameterPanel::Refused(int row) {
-    const ParameterDescription& parameter = m_model.GetRow(row).description;
-    if (parameter.readOnly)
-        Tell(QStringLiteral("%1 cannot be edited: the drive shows it only.").arg(parameter.displayName()));
+    if (const QString why = m_model.WhyNotEdited(row); !why.isEmpty())
+        Tell(QStringLiteral("%1 cannot be edited: %2.").arg(m_model.GetRow(row).description.displayName(), why));
 }
 
 /// One write; what the drive then holds is read in the next turn.

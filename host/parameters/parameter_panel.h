@@ -29,6 +29,11 @@ public:
     /// Borrowed; null: not connected, also before a link ends. Reads everything in the background, one read a turn of
     /// the event loop. The first value of each parameter is what it was when the drive was connected.
     void SetDrive(CParameterLink* link, std::vector<ParameterDescription> parameters);
+    /// Parameters that make the drive do something are not written from the list: whoever finds them by a search does
+    /// not have the motor in mind. `whatItCommands` says what one does, and nothing of a setting.
+    void SetCommands(std::function<QString(const ParameterDescription&)> whatItCommands) {
+        m_model.whatItCommands = std::move(whatItCommands);
+    }
     /// Somebody else works on the line and on the parameters (the wizard): nothing is read or written here until it
     /// ends, then all is read again.
     void SetShared(bool isShared);

@@ -21,7 +21,7 @@ namespace {
 const QString kSettings = QStringLiteral("parameters");
 
 /// Widths of the columns in characters.
-constexpr int kColumnWidths[kParameterColumns] = {9, 38, 20, 8, 11, 11, 16};
+constexpr int kColumnWidths[kParameterColumns] = {9, 46, 26, 8, 11, 11, 16};
 
 QCheckBox* MakeCheck(QWidget* parent, const char* name, const char* text, const char* toolTip) {
     auto* check = new QCheckBox(QLatin1String(text), parent);
@@ -107,7 +107,7 @@ void CParameterPanel::MakeColumns() {
 
 void CParameterPanel::BindKeys() {
     auto* find = new QShortcut(QKeySequence::Find, this);
-    find->setContext(Qt::WidgetWithChildrenShortcut);
+    find->setContext(Qt::WindowShortcut); // from the other panels, too, while this one is seen
     connect(find, &QShortcut::activated, this, [this] {
         m_search->setFocus(Qt::ShortcutFocusReason);
         m_search->selectAll();

@@ -1,6 +1,7 @@
 // What stands where in the main window.
 #include "host/workbench/workbench.h"
 
+#include "host/backup/keeping.h"
 #include "host/connected_drive.h"
 #include "host/parameters/parameter_panel.h"
 #include "host/session.h"
@@ -103,6 +104,10 @@ void CWorkbench::MakePanels() {
     m_trends = new CTrendPanel;
     QDockWidget* trends = AddDock("trends", QStringLiteral("Trends"), m_trends, Qt::RightDockWidgetArea);
     m_parameterPanel = new CParameterPanel(m_session.Options().wizardDirectory + QLatin1String("/Wzkrt550.txt"));
+    m_parameterPanel->SetCommands([](const ParameterDescription& parameter) {
+        QString reason;
+        return KeepingOf(parameter, &reason) == Keeping::Left ? reason : QString();
+    });
     QDockWidget* parameters =
         AddDock("parameters", QStringLiteral("Parameters"), m_parameterPanel, Qt::RightDockWidgetArea);
     tabifyDockWidget(trends, parameters);

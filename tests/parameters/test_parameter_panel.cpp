@@ -148,6 +148,11 @@ TEST_F(ParameterPanel, WritesWhatIsGoodAndDiffersOnce) {
     EXPECT_EQ(Writes(), QStringList("write 9802=3"));
     EXPECT_EQ(Edit("1.04"), &View());
     EXPECT_EQ(Line("message"), "1.04 Speed actual cannot be edited: the drive shows it only.");
+    m_panel.SetCommands([](const ParameterDescription& parameter) {
+        return parameter.reg == 701 ? QStringLiteral("a command") : QString();
+    });
+    EXPECT_EQ(Edit("7.01"), &View());
+    EXPECT_TRUE(Line("message").endsWith("cannot be edited: a command."));
 }
 
 // What the drive has made of a value is read back, also when it has refused it.
