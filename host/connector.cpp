@@ -7,13 +7,28 @@
 
 namespace krt550 {
 
+std::unique_ptr<CRecordWriter> OpenRecord(const QString& path, const QString& drive,
+                                          const std::function<void(const QString&)>& complain, QString& error) {
+    const QDateTime now = QDateTime::currentDateTime();
+    QString reason;
+    auto record = std::make_unique<CRecordWriter>(complain);
+    if (record->Open(path,
+                     {.drive = drive,
+                      .program = VersionText().trimmed(),
+                      .started = now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs)},
+                     reason))
+        return record;
+    error = QStringLiteral("record %1: cannot be written: %2").arg(path, reason);
+    return nullptr;
+}
+
 std::unique_ptr<CConnectedDrive> CConnector::Connect(const QString& name, QString& error, bool& isWrong) {
     isWrong = true;
     error.clear();
     std::unique_ptr<CConnection> connection = ConnectDrive(name, m_files, m_options.wizardDirectory, error);
     if (!connection)
         return nullptr;
-    std::unique_ptr<CRecordWriter> record = OpenRecord(name, error);
+    std::unique_ptr<CRecordWriter> record = RecordOf(name, error);
     if (!error.isEmpty())
         return nullptr;
     isWrong = false;
@@ -23,26 +38,18 @@ std::unique_ptr<CConnectedDrive> CConnector::Connect(const QString& name, QStrin
 }
 
 /// A record that was asked for has to be there; the one that is kept anyway holds nobody up.
-std::unique_ptr<CRecordWriter> CConnector::OpenRecord(const QString& drive, QString& error) {
+std::unique_ptr<CRecordWriter> CConnector::RecordOf(const QString& drive, QString& error) {
     const bool asked = !m_options.recordFile.isEmpty();
     if (m_options.recordFile == QLatin1String("none") || (!asked && !m_options.playFile.isEmpty()))
         return nullptr;
-    const QDateTime now = QDateTime::currentDateTime();
-    const QString path = asked ? m_options.recordFile : RecordPlace(drive, now.date());
-    QString reason;
-    auto record = std::make_unique<CRecordWriter>(m_complain);
-    if (record->Open(path,
-                     {.drive = drive,
-                      .program = VersionText().trimmed(),
-                      .started = now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs)},
-                     reason))
-        return record;
-    const QString complaint = QStringLiteral("record %1: cannot be written: %2").arg(path, reason);
-    if (asked)
+    const QString path = asked ? m_options.recordFile : RecordPlace(drive, QDate::currentDate());
+    QString complaint;
+    auto record = OpenRecord(path, drive, m_complain, complaint);
+    if (!record && asked)
         error = complaint;
-    else
+    else if (!record)
         m_complain(complaint);
-    return nullptr;
+    return record;
 }
 
 } // namespace krt550

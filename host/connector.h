@@ -6,6 +6,10 @@
 
 namespace krt550 {
 
+/// A record for a session with the drive of that name; null, and the reason in `error`, when it cannot be opened.
+std::unique_ptr<CRecordWriter> OpenRecord(const QString& path, const QString& drive,
+                                          const std::function<void(const QString&)>& complain, QString& error);
+
 /// Connects drives by their names, with the files, the log and the record that the options of this run say.
 class CConnector {
 public:
@@ -20,7 +24,7 @@ public:
     std::unique_ptr<CConnectedDrive> Connect(const QString& name, QString& error, bool& isWrong);
 
 private:
-    std::unique_ptr<CRecordWriter> OpenRecord(const QString& drive, QString& error);
+    std::unique_ptr<CRecordWriter> RecordOf(const QString& drive, QString& error);
 
     ToolOptions m_options;
     DriveFiles m_files;

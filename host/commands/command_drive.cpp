@@ -3,6 +3,7 @@
 #include "drive/named_drive.h"
 #include "host/backup/comparison.h"
 #include "host/connect_drive.h"
+#include "host/connector.h"
 #include "host/tool.h"
 #include "hostlib/tolvbo32/drive_description.h"
 #include "hostlib/tolvbo32/parameter_tree.h"
@@ -43,6 +44,28 @@ std::optional<int> CCommandDrive::Connect() {
     if (Drive().GetParameterRoot(&root) && root)
         m_parameters = DescriptionsIn(*root);
     return std::nullopt;
+}
+
+std::optional<int> CCommandDrive::ConnectRecorded() {
+    const QString path = m_line.Value(kRecordOption.name);
+    QString error;
+    if (!path.isEmpty())
+        m_record = OpenRecord(
+            path, Name(), [this](const QString& text) { m_line.Complain(text, 0); }, error);
+    if (!error.isEmpty())
+        return m_line.Complain(error, kExitUsage);
+    if (const auto end = Connect())
+        return end;
+    if (m_record)
+        m_recording.emplace(m_record.get(), m_connection->GetDrive(), m_connection->GetLink());
+    return std::nullopt;
+}
+
+int CCommandDrive::End(int status) {
+    if (!m_recording)
+        return status;
+    m_recording->End();
+    return status == 0 && m_record->HasGaps() ? kExitFailure : status;
 }
 
 QString CCommandDrive::Name() const {

@@ -12,8 +12,11 @@
 namespace krt550 {
 namespace {
 
-constexpr CommandOption kOptions[] = {
-    kDriveOption, kParametersOption, kMacrosOption, {"yes", nullptr, "writes without asking, for scripts"}};
+constexpr CommandOption kOptions[] = {kDriveOption,
+                                      kParametersOption,
+                                      kMacrosOption,
+                                      kRecordOption,
+                                      {"yes", nullptr, "writes without asking, for scripts"}};
 constexpr CommandUsage kUsage = {
     "restore FILE",
     "Writes the settings of a backup into the drive: shows what differs, asks, writes and reads back. It writes only\n"
@@ -73,7 +76,7 @@ int RunRestoreCommand(const QStringList& arguments) {
     const auto backup = ReadBackupFile(file, drive.Described(), errors);
     if (!backup)
         return line.Complain(errors.join(QLatin1Char('\n')), kExitUsage);
-    if (const auto end = drive.Connect())
+    if (const auto end = drive.ConnectRecorded())
         return *end;
     CRestore restore(drive.Drive(), drive.Link(), drive.Parameters());
     if (!restore.Plan(backup->values, errors))
@@ -93,7 +96,7 @@ int RunRestoreCommand(const QStringList& arguments) {
         return line.Complain(reason, kExitFailure);
     if (!line.Has("yes") && !Agrees(drive, restore.GetValues().size()))
         return line.Complain(QStringLiteral("nothing was written"), kExitFailure);
-    return Run(drive, line, restore);
+    return drive.End(Run(drive, line, restore));
 }
 
 } // namespace krt550

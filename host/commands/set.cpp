@@ -15,6 +15,7 @@ constexpr CommandOption kOptions[] = {
     kDriveOption,
     kParametersOption,
     kMacrosOption,
+    kRecordOption,
     {"act", nullptr,
      "takes registers too whose values are no settings but commands, such as 7.01 and 99.07; those are not read back"}};
 constexpr CommandUsage kUsage = {
@@ -87,7 +88,7 @@ int RunSetCommand(const QStringList& arguments) {
     if (const auto end = line.GetEnd())
         return *end;
     CCommandDrive drive(line);
-    if (const auto end = drive.Connect())
+    if (const auto end = drive.ConnectRecorded())
         return *end;
     QStringList registers;
     QStringList texts;
@@ -104,7 +105,7 @@ int RunSetCommand(const QStringList& arguments) {
         if (const QString problem = Check((*parameters)[i], texts[qsizetype(i)], line.Has("act"), values);
             !problem.isEmpty())
             status = line.Complain(problem, kExitUsage);
-    return status == 0 ? WriteAll(drive, line, *parameters, values) : status;
+    return status == 0 ? drive.End(WriteAll(drive, line, *parameters, values)) : status;
 }
 
 } // namespace krt550

@@ -25,7 +25,7 @@ QString ButtonTexts(const QMessageBox& box) {
 } // namespace
 
 CWindowWatch::CWindowWatch(CRecorder& recorder) : m_recorder(recorder) {
-    qApp->installEventFilter(this);
+    QCoreApplication::instance()->installEventFilter(this); // a command has no windows
 }
 
 bool CWindowWatch::eventFilter(QObject* object, QEvent* event) {

@@ -61,7 +61,12 @@ class Backup:
         changes = run(self.tool, self.drive, 1, "compare", self.file)
         if "12.05 Constant speed 2: 875 rpm -> -12 rpm\n" not in changes or changes.count(" -> ") < 15:
             sys.exit(f"the demonstration has changed no more than this:\n{changes}")
-        run(self.tool, self.drive, 0, "restore", self.file, "--yes")
+        record = self.file + ".record"
+        run(self.tool, self.drive, 0, "restore", self.file, "--yes", "--record", record)
+        written = subprocess.run([self.tool, "record", "--json", record], text=True, stdout=subprocess.PIPE).stdout
+        session, = json.loads(written)
+        if session["writes"] != changes.count(" -> ") or not session["ended"] or session["gaps"]:
+            sys.exit(f"{changes.count(' -> ')} values were put back, the record has: {session}")
         run(self.tool, self.drive, 0, "compare", self.file)
         left = settings(self.tool, self.drive)
         if left != self.found:
