@@ -12,7 +12,8 @@ inline QColor CurveColor(const QPalette& palette, std::size_t place) {
     static constexpr QRgb kOnLight[] = {0x1f5fa8, 0xb3402a, 0x2c7a4b, 0x6b4fa0, 0x8a6100, 0x007380, 0xa8327d, 0x555555};
     static constexpr QRgb kOnDark[] = {0x6cb2ff, 0xff8c6e, 0x70d094, 0xbda4f5, 0xe2bb4e, 0x4dd2de, 0xf28ccb, 0xc0c0c0};
     const bool isDark = palette.color(QPalette::Base).lightness() < 128;
-    return QColor::fromRgb((isDark ? kOnDark : kOnLight)[place % std::size(kOnLight)]);
+    const auto& colors = isDark ? kOnDark : kOnLight;
+    return QColor::fromRgb(colors[place % std::size(colors)]);
 }
 
 /// Between two colours; `share` of the second, 0 to 1.
