@@ -75,6 +75,13 @@ TEST_F(IndexRow, KeepsNameAndNumberTogether) {
         {"typed with a name", [this] { Type("0"); }, "Nothing|0|?|?", {"write 1501=0"}},
         {"typed without one", [this] { Type("105"); }, "Other|105|?|?", {"write 1501=105"}},
         {"typed with a sign", [this] { Type("-104"); }, "Other|-104|?|?", {"write 1501=65432"}},
+        {"held with a sign",
+         [this] {
+             m_drive.words[1501] = quint16(-104);
+             EXPECT_TRUE(m_row.Bind(&m_drive.Root(), CWizardTextStore::Instance().GetAOList(), m_errors));
+         },
+         "Other|-104||",
+         {}},
         {"Other is no choice", [this] { Choose("Other"); }, "104 Speed|104||", {}, kOtherHint},
         {"a choice, then Other",
          [this] {
