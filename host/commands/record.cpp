@@ -1,7 +1,8 @@
 #include "host/backup/parameter_values.h"
 #include "host/commands/command.h"
 #include "host/commands/command_drive.h"
-#include "host/report/record_reader.h"
+#include "host/part.h"
+#include "host/report/report_door.h"
 #include "host/report/session_time.h"
 #include "host/tool.h"
 #include "hostlib/tolvbo32/value_codec.h"
@@ -102,7 +103,8 @@ int RunRecordCommand(const QStringList& arguments) {
     if (const auto end = line.GetEnd())
         return *end;
     QString error;
-    const auto sessions = ReadRecord(line.GetArguments().first(), error);
+    auto* const door = LoadPart<decltype(krt550_report)>("report", error);
+    const auto sessions = door ? door()->readRecord(line.GetArguments().first(), error) : std::nullopt;
     if (!sessions)
         return line.Complain(error, kExitUsage);
     QJsonArray array;
