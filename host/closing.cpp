@@ -10,7 +10,7 @@ namespace krt550 {
 namespace {
 
 constexpr qint64 kCloseAgainMs = 10;
-constexpr qint64 kPatienceMs = 10'000;
+constexpr qint64 kStandstillPatienceMs = 10'000;
 
 } // namespace
 
@@ -33,7 +33,7 @@ void CClosing::Step() {
         if (!m_stop.Stop())
             m_restsSince = now;
     }
-    if (now - m_restsSince > kPatienceMs) {
+    if (now - m_restsSince > kStandstillPatienceMs) {
         m_complain(QStringLiteral("the wizard does not close; the program ends without it"));
         m_stop.Finish();
         std::_Exit(kExitFailure);

@@ -1,18 +1,29 @@
 #include "host/connector.h"
 
 #include "host/connect_drive.h"
+#include "host/part.h"
 #include "host/record/record_place.h"
 
 #include <QDateTime>
 
 namespace krt550 {
+namespace {
+
+/// Behind the first paint, in the thread of the record.
+std::unique_ptr<CRecordStore> MakeStore(QString& error) {
+    auto* const make = LoadPart<decltype(krt550_record)>("record", error);
+    return std::unique_ptr<CRecordStore>(make ? make() : nullptr);
+}
+
+} // namespace
 
 std::unique_ptr<CRecordWriter> OpenRecord(const QString& path, const QString& drive,
                                           const std::function<void(const QString&)>& complain, QString& error) {
     const QDateTime now = QDateTime::currentDateTime();
     QString reason;
-    auto record = std::make_unique<CRecordWriter>(complain);
-    if (record->Open(path,
+    auto record = std::make_unique<CRecordWriter>(MakeStore, complain);
+    if (HasPart("record", reason) &&
+        record->Open(path,
                      {.drive = drive,
                       .program = VersionText().trimmed(),
                       .started = now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs)},

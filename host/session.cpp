@@ -1,5 +1,7 @@
 #include "host/session.h"
 
+#include "host/hands/hands.h"
+#include "host/part.h"
 #include "host/play/parser.h"
 #include "host/tool.h"
 #include "hostlib/tolvbo32/scaled_clock.h"
@@ -54,10 +56,16 @@ bool CSession::Prepare() {
 }
 
 bool CSession::ReadScript() {
+    if (m_options.playFile.isEmpty())
+        return true;
     QStringList errors;
-    if (!m_options.playFile.isEmpty())
-        m_script = ReadPlayFile(m_options.playFile, errors);
-    return errors.isEmpty() || Complain(errors.join(QLatin1Char('\n')));
+    m_script = ReadPlayFile(m_options.playFile, errors);
+    if (!m_script)
+        return Complain(errors.join(QLatin1Char('\n')));
+    QString error;
+    if (auto* const hands = LoadPart<decltype(krt550_hands)>("hands", error))
+        m_hands = hands();
+    return m_hands || Complain(error);
 }
 
 bool CSession::ReadFiles() {

@@ -12,6 +12,8 @@
 
 namespace krt550 {
 
+struct Hands;
+
 /// What a run of the tool with options that make sense works with: its clock, its output, the module, the log, and
 /// whatever connects drives.
 class CSession {
@@ -34,6 +36,8 @@ public:
     bool HasLogFailed() const { return m_log && m_log->HasFailed(); }
     /// Null without a play.
     const PlayScript* Script() const { return m_script ? &*m_script : nullptr; }
+    /// What a play works the windows with; there is a script.
+    const Hands& PlayHands() const { return *m_hands; }
     void Print(const QString& text) { m_output.Write(text.toLocal8Bit()); }
     /// A line on standard error as it is.
     void PrintError(const QString& text) { m_errors.Write(text.toLocal8Bit()); }
@@ -54,6 +58,7 @@ private:
     std::optional<CLineWriter> m_logFile;
     CLineWriter* m_log = nullptr; ///< one of the two above; null without a log
     std::optional<PlayScript> m_script;
+    const Hands* m_hands = nullptr;    ///< null without a script
     std::optional<DriveFiles> m_files; ///< until they are handed on
     CWizardModule m_module;
     std::optional<CCallLog> m_callLog;

@@ -21,7 +21,7 @@ int RunWizardAlone(CSession& session) {
     CDriveStage stage(drive->Connection(), session.Log());
     std::optional<CPlayer> player;
     if (const PlayScript* script = session.Script()) {
-        player.emplace(*script, stage, drive->Closing(), session.Options().shotDirectory,
+        player.emplace(*script, stage, session.PlayHands(), drive->Closing(), session.Options().shotDirectory,
                        PlayOutput{[&session](const QString& line) { session.Print(line); },
                                   [&session](const QString& line) { session.PrintError(line); }});
         player->Begin();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QLibrary>
 #include <QString>
 
 namespace krt550 {
@@ -19,7 +18,6 @@ public:
 private:
     using RunWizardFunction = int (*)(CHostDrive*);
 
-    QLibrary m_library;
     RunWizardFunction m_runWizard = nullptr;
 };
 

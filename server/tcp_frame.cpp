@@ -8,8 +8,8 @@ namespace {
 // Transaction, protocol (0), number of bytes that follow, unit.
 constexpr qsizetype kHeader = 7;
 constexpr qsizetype kLengthEnds = 6;
-constexpr quint16 kShortest = 2; ///< unit and function code
-constexpr quint16 kLongest = 254;
+constexpr quint16 kShortestBody = 2; ///< unit and function code
+constexpr quint16 kLongestBody = 254;
 
 quint16 WordAt(const QByteArray& bytes, qsizetype at) {
     return qFromBigEndian<quint16>(bytes.constData() + at);
@@ -21,7 +21,7 @@ FrameStatus TakeTcpFrame(QByteArray& bytes, TcpFrame& frame) {
     if (bytes.size() < kLengthEnds)
         return FrameStatus::Unfinished;
     const quint16 length = WordAt(bytes, 4);
-    if (WordAt(bytes, 2) != 0 || length < kShortest || length > kLongest)
+    if (WordAt(bytes, 2) != 0 || length < kShortestBody || length > kLongestBody)
         return FrameStatus::Broken;
     if (bytes.size() < kLengthEnds + length)
         return FrameStatus::Unfinished;

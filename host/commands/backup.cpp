@@ -10,22 +10,22 @@
 namespace krt550 {
 namespace {
 
-constexpr CommandOption kOptions[] = {
+constexpr CommandOption kBackupOptions[] = {
     kDriveOption, kParametersOption, kMacrosOption, {"overwrite", nullptr, "replaces a file that is there already"}};
-constexpr CommandUsage kUsage = {
+constexpr CommandUsage kBackupUsage = {
     "backup FILE",
     "Writes all settings of the drive into a text file that people can read and compare, one line a parameter, and\n"
     "what says which drive it is. Signals and commands are left out. docs/backup.md describes the file.\n",
     "0 the backup is complete; 1 the drive does not answer (no file is written), or a value could not\n"
     "be read (its line says so); 2 a wrong option, or a file that is unusable or there already.",
-    kOptions,
+    kBackupOptions,
     1,
     1};
 
 } // namespace
 
 int RunBackupCommand(const QStringList& arguments) {
-    const CCommandLine line(kUsage, arguments);
+    const CCommandLine line(kBackupUsage, arguments);
     if (const auto end = line.GetEnd())
         return *end;
     const QString path = line.GetArguments().first();

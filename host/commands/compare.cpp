@@ -10,14 +10,14 @@
 namespace krt550 {
 namespace {
 
-constexpr CommandOption kOptions[] = {kDriveOption, kParametersOption, kMacrosOption, kJsonOption};
-constexpr CommandUsage kUsage = {
+constexpr CommandOption kCompareOptions[] = {kDriveOption, kParametersOption, kMacrosOption, kJsonOption};
+constexpr CommandUsage kCompareUsage = {
     "compare FILE [FILE2]",
     "Compares two backups, or a backup with the drive: a line for each parameter that differs, value in FILE -> value\n"
     "in FILE2 or in the drive. (not there) stands for a parameter that one side does not have.\n",
     "0 no difference; 1 there are differences; 2 a wrong option, an unusable file, a drive that does not\n"
     "answer, or a value that could not be read.",
-    kOptions,
+    kCompareOptions,
     1,
     2};
 constexpr int kDiffers = 1;
@@ -45,7 +45,7 @@ void PrintChanges(const std::vector<ValueChange>& changes, std::span<const Param
 } // namespace
 
 int RunCompareCommand(const QStringList& arguments) {
-    const CCommandLine line(kUsage, arguments);
+    const CCommandLine line(kCompareUsage, arguments);
     if (const auto end = line.GetEnd())
         return *end;
     const QStringList& files = line.GetArguments();

@@ -9,19 +9,19 @@
 namespace krt550 {
 namespace {
 
-constexpr CommandOption kOptions[] = {kDriveOption, kParametersOption, kMacrosOption, kJsonOption};
-constexpr CommandUsage kUsage = {"get REGISTER ...",
+constexpr CommandOption kGetOptions[] = {kDriveOption, kParametersOption, kMacrosOption, kJsonOption};
+constexpr CommandUsage kGetUsage = {"get REGISTER ...",
                                  "Reads parameters of the drive. A register is written 99.06 or 9906.\n",
                                  "0 all were read; 1 the drive does not answer, or a value could not be read;\n"
                                  "2 a wrong option, no such register, or an unusable file.",
-                                 kOptions,
+                                 kGetOptions,
                                  1,
                                  INT_MAX};
 
 } // namespace
 
 int RunGetCommand(const QStringList& arguments) {
-    const CCommandLine line(kUsage, arguments);
+    const CCommandLine line(kGetUsage, arguments);
     if (const auto end = line.GetEnd())
         return *end;
     CCommandDrive drive(line);

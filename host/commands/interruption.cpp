@@ -6,7 +6,7 @@
 namespace krt550 {
 namespace {
 
-constexpr int kEnding[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+constexpr int kInterrupting[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 std::atomic<bool> g_hasCome = false;
 
@@ -21,13 +21,13 @@ void Handle(int signal, void (*handler)(int)) {
 
 CInterruption::CInterruption() {
     g_hasCome = false;
-    for (const int signal : kEnding)
+    for (const int signal : kInterrupting)
         Handle(signal, [](int) { g_hasCome = true; });
     Handle(SIGPIPE, SIG_IGN);
 }
 
 CInterruption::~CInterruption() {
-    for (const int signal : kEnding)
+    for (const int signal : kInterrupting)
         Handle(signal, SIG_DFL);
     Handle(SIGPIPE, SIG_DFL);
 }

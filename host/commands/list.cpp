@@ -11,15 +11,15 @@
 namespace krt550 {
 namespace {
 
-constexpr CommandOption kOptions[] = {kDriveOption, kParametersOption, kMacrosOption, kJsonOption};
-constexpr CommandUsage kUsage = {
+constexpr CommandOption kListOptions[] = {kDriveOption, kParametersOption, kMacrosOption, kJsonOption};
+constexpr CommandUsage kListUsage = {
     "list [GROUP|REGISTER|TEXT]",
     "Lists the drive's parameters: register, name, value, limits, default and access (rw, or ro when the drive only\n"
     "shows it). GROUP is a number such as 43, REGISTER one such as 43.06 or 4306, and TEXT a part of a name. A single\n"
     "parameter is listed with the texts of its values.\n",
     "0 all was read; 1 the drive does not answer, or a value could not be read; 2 a wrong option,\n"
     "an unusable file, or nothing to list.",
-    kOptions,
+    kListOptions,
     0,
     1};
 
@@ -79,7 +79,7 @@ void PrintRows(const std::vector<ParameterDescription>& parameters, const Parame
 } // namespace
 
 int RunListCommand(const QStringList& arguments) {
-    const CCommandLine line(kUsage, arguments);
+    const CCommandLine line(kListUsage, arguments);
     if (const auto end = line.GetEnd())
         return *end;
     CCommandDrive drive(line);

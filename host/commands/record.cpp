@@ -1,7 +1,8 @@
 #include "host/backup/parameter_values.h"
 #include "host/commands/command.h"
 #include "host/commands/command_drive.h"
-#include "host/report/record_reader.h"
+#include "host/part.h"
+#include "host/report/report_door.h"
 #include "host/report/session_time.h"
 #include "host/tool.h"
 #include "hostlib/tolvbo32/value_codec.h"
@@ -13,13 +14,13 @@
 namespace krt550 {
 namespace {
 
-constexpr CommandOption kOptions[] = {kJsonOption};
-constexpr CommandUsage kUsage = {
+constexpr CommandOption kRecordOptions[] = {kJsonOption};
+constexpr CommandUsage kRecordUsage = {
     "record FILE",
     "Says what a record holds: its sessions, each with when, drive and program, how much happened in it, and its runs\n"
     "with their outcome. The record is not changed. docs/record.md describes the file.\n",
     "0 it is a record; 2 a wrong option, or a file that cannot be read or is no record.",
-    kOptions,
+    kRecordOptions,
     1,
     1};
 
@@ -98,11 +99,12 @@ QJsonObject SessionJson(const RecordedSession& session) {
 } // namespace
 
 int RunRecordCommand(const QStringList& arguments) {
-    const CCommandLine line(kUsage, arguments);
+    const CCommandLine line(kRecordUsage, arguments);
     if (const auto end = line.GetEnd())
         return *end;
     QString error;
-    const auto sessions = ReadRecord(line.GetArguments().first(), error);
+    auto* const door = LoadPart<decltype(krt550_report)>("report", error);
+    const auto sessions = door ? door()->readRecord(line.GetArguments().first(), error) : std::nullopt;
     if (!sessions)
         return line.Complain(error, kExitUsage);
     QJsonArray array;

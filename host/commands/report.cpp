@@ -1,5 +1,6 @@
-#include "host/report/report.h"
 #include "host/commands/command.h"
+#include "host/part.h"
+#include "host/report/report_door.h"
 #include "host/tool.h"
 
 #include <QCommandLineParser>
@@ -45,7 +46,9 @@ int RunReportCommand(const QStringList& arguments) {
     if (parser.positionalArguments().size() != 1 || output.isEmpty())
         return Complain(QStringLiteral("report: it is krt550tool report RECORD -o FILE.pdf or FILE.html"));
     QString error;
-    return WriteReport(parser.positionalArguments().first(), output, error) ? 0 : Complain(error);
+    auto* const door = LoadPart<decltype(krt550_report)>("report", error);
+    const bool well = door && door()->writeReport(parser.positionalArguments().first(), output, error);
+    return well ? 0 : Complain(error);
 }
 
 } // namespace krt550

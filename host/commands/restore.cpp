@@ -12,12 +12,12 @@
 namespace krt550 {
 namespace {
 
-constexpr CommandOption kOptions[] = {kDriveOption,
+constexpr CommandOption kRestoreOptions[] = {kDriveOption,
                                       kParametersOption,
                                       kMacrosOption,
                                       kRecordOption,
                                       {"yes", nullptr, "writes without asking, for scripts"}};
-constexpr CommandUsage kUsage = {
+constexpr CommandUsage kRestoreUsage = {
     "restore FILE",
     "Writes the settings of a backup into the drive: shows what differs, asks, writes and reads back. It writes only\n"
     "while the motor stands, the drive is switched off and no service mode runs. When one value is refused, or Ctrl+C\n"
@@ -25,7 +25,7 @@ constexpr CommandUsage kUsage = {
     "and the type code of the power part are never written.\n",
     "0 the drive holds the settings of the backup; 1 it does not: refused, not answering, not at rest, or\n"
     "not wanted; 2 a wrong option, an unusable file, or nobody to ask.",
-    kOptions,
+    kRestoreOptions,
     1,
     1};
 
@@ -63,7 +63,7 @@ int Run(CCommandDrive& drive, const CCommandLine& line, CRestore& restore) {
 } // namespace
 
 int RunRestoreCommand(const QStringList& arguments) {
-    const CCommandLine line(kUsage, arguments);
+    const CCommandLine line(kRestoreUsage, arguments);
     if (const auto end = line.GetEnd())
         return *end;
     if (!line.Has("yes") && !isatty(STDIN_FILENO))

@@ -11,21 +11,21 @@
 namespace krt550 {
 namespace {
 
-constexpr CommandOption kOptions[] = {
+constexpr CommandOption kSetOptions[] = {
     kDriveOption,
     kParametersOption,
     kMacrosOption,
     kRecordOption,
     {"act", nullptr,
      "takes registers too whose values are no settings but commands, such as 7.01 and 99.07; those are not read back"}};
-constexpr CommandUsage kUsage = {
+constexpr CommandUsage kSetUsage = {
     "set REGISTER=VALUE ...",
     "Writes parameters of the drive, in this order, and reads each back. A register is written 99.06 or 9906; a value\n"
     "is a number in shown units, a text of the parameter's value list, or the number of one. All are checked before\n"
     "the first is written; the first that the drive refuses ends it, and what was written before stays.\n",
     "0 all are written; 1 the drive does not answer or has refused a value; 2 a wrong option,\n"
     "no such register, no value of it, or an unusable file: nothing was written.",
-    kOptions,
+    kSetOptions,
     1,
     INT_MAX};
 
@@ -84,7 +84,7 @@ int WriteAll(CCommandDrive& drive, const CCommandLine& line, const std::vector<P
 } // namespace
 
 int RunSetCommand(const QStringList& arguments) {
-    const CCommandLine line(kUsage, arguments);
+    const CCommandLine line(kSetUsage, arguments);
     if (const auto end = line.GetEnd())
         return *end;
     CCommandDrive drive(line);

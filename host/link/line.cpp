@@ -7,9 +7,6 @@
 namespace krt550 {
 namespace {
 
-constexpr int kTries = 3;
-constexpr int kBusy = static_cast<int>(WireException::Busy);
-
 /// Something has come, be it only the answer to an earlier request.
 bool WasHeard(const WireReply& reply) {
     return reply.outcome != WireOutcome::Silent && reply.outcome != WireOutcome::NotConnected;

@@ -56,6 +56,9 @@ public:
     Clock::time_point LastTried() const { return m_tried; }
 
 private:
+    static constexpr int kTries = 3;
+    static constexpr int kBusy = static_cast<int>(WireException::Busy);
+
     using Request = std::function<WireReply()>;
 
     WireReply Attempt(const Request& request);

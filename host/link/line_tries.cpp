@@ -8,9 +8,7 @@
 namespace krt550 {
 namespace {
 
-constexpr int kTries = 3;
 constexpr auto kBusyPause = std::chrono::milliseconds(20);
-constexpr int kBusy = static_cast<int>(WireException::Busy);
 
 } // namespace
 

@@ -1,7 +1,7 @@
 #include "host/play/act.h"
 
 #include "host/hands/front_window.h"
-#include "host/hands/input.h"
+#include "host/hands/hands.h"
 #include "host/play/stage.h"
 
 #include <QAbstractButton>
@@ -37,54 +37,54 @@ QWidget* ControlToUse(const Arguments& arguments, QString& error) {
     return error.isEmpty() ? control : nullptr;
 }
 
-QString Press(int id) {
+QString Press(const Hands& hands, int id) {
     Arguments arguments;
     arguments.number = id;
     QString error;
     QWidget* control = ControlToUse(arguments, error);
-    return control ? Click(control) : error;
+    return control ? hands.click(control) : error;
 }
 
-QString Tick(int page, bool tick) {
+QString Tick(const Hands& hands, int page, bool tick) {
     const int id = kPageBoxes[page];
     if (page >= kFirstAdvancedPage && !FindControl(FrontWindow(), id))
-        if (const QString error = Press(kViewButton); !error.isEmpty())
+        if (const QString error = Press(hands, kViewButton); !error.isEmpty())
             return error;
     const auto* box = qobject_cast<QAbstractButton*>(FindControl(FrontWindow(), id));
     if (box && box->isChecked() == tick)
         return {};
-    return Press(id);
+    return Press(hands, id);
 }
 
-QString Set(const Arguments& arguments) {
+QString Set(const Hands& hands, const Arguments& arguments) {
     QString error;
     QWidget* control = ControlToUse(arguments, error);
     if (!control)
         return error;
     if (!control->inherits("QLineEdit") && !control->inherits("QTextEdit") && !control->inherits("QPlainTextEdit"))
         return QStringLiteral("%1 is no field to type into").arg(Describe(arguments));
-    return TypeAndLeave(control, arguments.text);
+    return hands.typeAndLeave(control, arguments.text);
 }
 
-QString Choose(const Arguments& arguments) {
+QString Choose(const Hands& hands, const Arguments& arguments) {
     QString error;
     QWidget* control = ControlToUse(arguments, error);
     auto* list = qobject_cast<QComboBox*>(control);
     if (control && !list)
         error = QStringLiteral("%1 has no list").arg(Describe(arguments));
-    return list ? PickEntry(list, arguments.text) : error;
+    return list ? hands.pickEntry(list, arguments.text) : error;
 }
 
-QString Menu(const Arguments& arguments) {
+QString Menu(const Hands& hands, const Arguments& arguments) {
     QString error;
     QWidget* control = ControlToUse(arguments, error);
-    return control ? PickFromMenu(control, arguments.text) : error;
+    return control ? hands.pickFromMenu(control, arguments.text) : error;
 }
 
-QString Key(const Arguments& arguments) {
+QString Key(const Hands& hands, const Arguments& arguments) {
     QString error;
     QWidget* control = ControlToUse(arguments, error);
-    return control ? PressKey(control, arguments.text) : error;
+    return control ? hands.pressKey(control, arguments.text) : error;
 }
 
 QMessageBox::StandardButton ButtonOf(BoxAnswer answer) {
@@ -101,21 +101,21 @@ QMessageBox::StandardButton ButtonOf(BoxAnswer answer) {
     return QMessageBox::Ok;
 }
 
-QString Answer(BoxAnswer answer) {
+QString Answer(const Hands& hands, BoxAnswer answer) {
     const QMessageBox* box = BoxInFront();
     QAbstractButton* button = box ? box->button(ButtonOf(answer)) : nullptr;
     if (!button)
         return QStringLiteral("there is no message box with such a button");
-    return Click(button);
+    return hands.click(button);
 }
 
-QString BringTabToFront(const QString& text) {
+QString BringTabToFront(const Hands& hands, const QString& text) {
     const QList<QTabBar*> bars = FrontWindow()->findChildren<QTabBar*>();
     QString error = QStringLiteral("there are no tabs on screen");
     for (QTabBar* tabs : bars) {
         if (!tabs->isVisible())
             continue;
-        error = ClickTab(tabs, text);
+        error = hands.clickTab(tabs, text);
         if (error.isEmpty())
             break;
     }
@@ -135,7 +135,7 @@ QString Measure(Arguments arguments, const ActingContext& context) {
         return QStringLiteral("nobody can measure %1 at the motor").arg(arguments.number);
     arguments.text = *text;
     context.print(QLatin1String("  measured: ") + *text);
-    return Set(arguments);
+    return Set(context.hands, arguments);
 }
 
 QString Compare(const Arguments& arguments, const ActingContext& context) {
@@ -160,27 +160,28 @@ QString Close(const Arguments& arguments) {
 
 QString Act(const PlayAction& action, const ActingContext& context) {
     const Arguments& arguments = action.arguments;
+    const Hands& hands = context.hands;
     const auto reg = static_cast<quint16>(arguments.number);
     switch (action.verb) {
     case Verb::Start:
-        return Press(kStartButton);
+        return Press(hands, kStartButton);
     case Verb::Tick:
     case Verb::Untick:
-        return Tick(arguments.number, action.verb == Verb::Tick);
+        return Tick(hands, arguments.number, action.verb == Verb::Tick);
     case Verb::Press:
-        return Press(arguments.number);
+        return Press(hands, arguments.number);
     case Verb::Set:
-        return Set(arguments);
+        return Set(hands, arguments);
     case Verb::Choose:
-        return Choose(arguments);
+        return Choose(hands, arguments);
     case Verb::Menu:
-        return Menu(arguments);
+        return Menu(hands, arguments);
     case Verb::Key:
-        return Key(arguments);
+        return Key(hands, arguments);
     case Verb::Answer:
-        return Answer(arguments.answer);
+        return Answer(hands, arguments.answer);
     case Verb::Tab:
-        return BringTabToFront(arguments.text);
+        return BringTabToFront(hands, arguments.text);
     case Verb::Shot:
         return Shoot(context.shotDirectory, arguments.text);
     case Verb::Drive:

@@ -7,10 +7,12 @@
 namespace krt550 {
 
 class CPlayStage;
+struct Hands;
 
 /// What actions need beside the windows. All is borrowed.
 struct ActingContext {
     CPlayStage& stage;
+    const Hands& hands;
     QString shotDirectory;
     std::function<void(const QString&)> print;
 };

@@ -23,9 +23,9 @@ QString Expectation(const PlayAction& action) {
 
 } // namespace
 
-CPlayer::CPlayer(PlayScript script, CPlayStage& stage, CClosing& closing, const QString& shotDirectory,
-                 PlayOutput output)
-    : m_script(std::move(script)), m_context{stage, shotDirectory, output.print}, m_output(std::move(output)),
+CPlayer::CPlayer(PlayScript script, CPlayStage& stage, const Hands& hands, CClosing& closing,
+                 const QString& shotDirectory, PlayOutput output)
+    : m_script(std::move(script)), m_context{stage, hands, shotDirectory, output.print}, m_output(std::move(output)),
       m_closing(closing), m_timer([this] { Step(); }) {}
 
 void CPlayer::Begin() {

@@ -23,8 +23,9 @@ struct PlayOutput {
 /// returns. A play is over when somebody else closes everything. All its waiting goes by the current clock.
 class CPlayer {
 public:
-    /// `stage` and `closing` are borrowed.
-    CPlayer(PlayScript script, CPlayStage& stage, CClosing& closing, const QString& shotDirectory, PlayOutput output);
+    /// `stage`, `hands` and `closing` are borrowed.
+    CPlayer(PlayScript script, CPlayStage& stage, const Hands& hands, CClosing& closing, const QString& shotDirectory,
+            PlayOutput output);
 
     /// Makes the first line due; to be called before the wizard opens its modal window.
     void Begin();

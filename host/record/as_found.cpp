@@ -8,10 +8,10 @@ namespace krt550 {
 namespace {
 
 /// After the first paint: what is still to be done until the window can be worked with goes first.
-constexpr qint64 kSoonMs = 100;
+constexpr qint64 kBehindPaintMs = 100;
 constexpr qint64 kShortestPauseMs = 1;
 /// What a turn may take before it begins no other piece.
-constexpr qint64 kLongestMs = 10;
+constexpr qint64 kLongestReadMs = 10;
 /// When to look again whether the line is free.
 constexpr qint64 kLookAgainMs = 10;
 /// By then the file is open, or there is something to tell.
@@ -21,7 +21,7 @@ constexpr qint64 kOpenMs = 1000;
 
 void CAsFound::BeginSoon() {
     if (!m_reading)
-        m_timer.StartOnce(kSoonMs);
+        m_timer.StartOnce(kBehindPaintMs);
 }
 
 CValueReading& CAsFound::Begun() {
@@ -42,7 +42,7 @@ void CAsFound::TakeTurn() {
         return;
     if (!m_story.IsLineFree())
         return m_timer.StartOnce(kLookAgainMs);
-    while (!reading.IsOver() && m_recorder.Now() - begin < kLongestMs)
+    while (!reading.IsOver() && m_recorder.Now() - begin < kLongestReadMs)
         reading.ReadPiece();
     m_timer.StartOnce(reading.IsOver() ? kOpenMs : std::max(m_recorder.Now() - begin, kShortestPauseMs));
 }

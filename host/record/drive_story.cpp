@@ -7,7 +7,6 @@
 namespace krt550 {
 namespace {
 
-constexpr quint16 kLastFaultCode = 910;
 
 void Collect(const CParameterGroup& group, std::vector<ParameterDescription>& parameters) {
     for (const std::unique_ptr<CParameterSet>& child : group.GetChildren()) {

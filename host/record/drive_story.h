@@ -11,6 +11,8 @@
 
 namespace krt550 {
 
+inline constexpr quint16 kLastFaultCode = 910;
+
 class CHostDrive;
 
 /// What is known of the drive's values, and what is done to them: turns the calls that pass the decorators into events.

@@ -2,22 +2,14 @@
 
 #include "host/record/record_schema.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QSqlError>
 #include <QUuid>
-#include <QtEndian>
 
 namespace krt550 {
 namespace {
 
 /// How long another program's transaction is waited for [ms].
 constexpr int kBusyMs = 5000;
-
-// Head of a database on the disk: the bytes of its numbers, and where they begin.
-constexpr qsizetype kHeadBytes = 100;
-constexpr qsizetype kVersionPlace = 60;
-constexpr qsizetype kApplicationPlace = 68;
 
 } // namespace
 
@@ -29,26 +21,7 @@ CRecordFile::~CRecordFile() {
         QSqlDatabase::removeDatabase(m_connection);
 }
 
-bool CRecordFile::IsPlainlyOurs(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered) || file.isSequential())
-        return false;
-    const QByteArray head = file.read(kHeadBytes);
-    const auto number = [&head](qsizetype place) { return qFromBigEndian<quint32>(head.constData() + place); };
-    return head.isEmpty()
-               ? QFileInfo(path).isFile()
-               : head.size() == kHeadBytes && head.startsWith("SQLite format 3") &&
-                     number(kVersionPlace) == kRecordVersion && number(kApplicationPlace) == kRecordApplicationId;
-}
-
 bool CRecordFile::Open(const QString& path, const RecordSession& session, QString& error) {
-    if (Begin(path, session, error))
-        return true;
-    m_unopened = error;
-    return false;
-}
-
-bool CRecordFile::Begin(const QString& path, const RecordSession& session, QString& error) {
     m_connection = QUuid::createUuid().toString();
     m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
     m_database.setDatabaseName(path);
@@ -111,8 +84,7 @@ bool CRecordFile::BeginSession(const RecordSession& session, QString& error) {
 }
 
 bool CRecordFile::Append(const std::vector<RecordRow>& rows, QString& error) {
-    error = m_unopened;
-    if (!error.isEmpty() || !Execute(QStringLiteral("BEGIN IMMEDIATE"), error))
+    if (!Execute(QStringLiteral("BEGIN IMMEDIATE"), error))
         return false;
     for (const RecordRow& row : rows)
         if (error.isEmpty())

@@ -1,6 +1,6 @@
 #include "host/record/record_writer.h"
 
-#include "host/record/record_file.h"
+#include "host/record/record_head.h"
 
 #include <QDateTime>
 
@@ -50,16 +50,16 @@ struct CRecordWriter::Shared {
         hasGaps = true;
     }
     std::vector<RecordRow> TakeRows();
-    void WriteRows(CRecordFile& file, std::vector<RecordRow> rows);
+    void WriteRows(CRecordStore* store, std::vector<RecordRow> rows);
 };
 
-CRecordWriter::CRecordWriter(std::function<void(const QString&)> complain)
-    : m_complain(std::move(complain)), m_shared(std::make_shared<Shared>()) {}
+CRecordWriter::CRecordWriter(RecordStoreMaker makeStore, std::function<void(const QString&)> complain)
+    : m_makeStore(std::move(makeStore)), m_complain(std::move(complain)), m_shared(std::make_shared<Shared>()) {}
 
 bool CRecordWriter::Open(const QString& path, const RecordSession& session, QString& error) {
     m_path = path;
     m_session = session;
-    if (CRecordFile::IsPlainlyOurs(path))
+    if (IsPlainlyRecord(path))
         return true;
     Start();
     std::unique_lock lock(m_shared->mutex);
@@ -72,7 +72,7 @@ bool CRecordWriter::Open(const QString& path, const RecordSession& session, QStr
 
 void CRecordWriter::Start() {
     if (!m_thread.joinable())
-        m_thread = std::thread(Write, m_shared, m_path, m_session);
+        m_thread = std::thread(Write, m_shared, m_makeStore, m_path, m_session);
 }
 
 CRecordWriter::~CRecordWriter() {
@@ -144,7 +144,8 @@ std::vector<RecordRow> CRecordWriter::Shared::TakeRows() {
     return std::exchange(queue, {});
 }
 
-void CRecordWriter::Shared::WriteRows(CRecordFile& file, std::vector<RecordRow> rows) {
+/// `store` is null for a record that could not be opened.
+void CRecordWriter::Shared::WriteRows(CRecordStore* store, std::vector<RecordRow> rows) {
     const auto count = qint64(rows.size());
     const qint64 missing = lost.exchange(0);
     if (missing > 0)
@@ -152,21 +153,23 @@ void CRecordWriter::Shared::WriteRows(CRecordFile& file, std::vector<RecordRow> 
                         {QDateTime::currentDateTime().toString(Qt::ISODateWithMs), missing,
                          trouble.isEmpty() ? QStringLiteral("too much at once") : trouble}});
     QString error;
-    const bool written = file.Append(rows, error);
+    const bool written = store && store->Append(rows, error);
     if (!written)
         Lose(count + missing);
     const std::unique_lock lock(mutex);
     if (!written)
-        trouble = error;
+        trouble = store ? error : *opened;
     done += quint64(count);
     advance.notify_all();
 }
 
-void CRecordWriter::Write(const std::shared_ptr<Shared>& shared, const QString& path, const RecordSession& session) {
+void CRecordWriter::Write(const std::shared_ptr<Shared>& shared, const RecordStoreMaker& makeStore, const QString& path,
+                          const RecordSession& session) {
     {
-        CRecordFile file;
         QString error;
-        file.Open(path, session, error);
+        std::unique_ptr<CRecordStore> store = makeStore(error);
+        if (store && !store->Open(path, session, error))
+            store.reset();
         {
             const std::unique_lock lock(shared->mutex);
             shared->opened = error;
@@ -176,7 +179,7 @@ void CRecordWriter::Write(const std::shared_ptr<Shared>& shared, const QString& 
             std::vector<RecordRow> rows = shared->TakeRows();
             const bool isLast = rows.empty();
             if (!isLast || shared->lost > 0)
-                shared->WriteRows(file, std::move(rows));
+                shared->WriteRows(store.get(), std::move(rows));
             if (isLast)
                 break;
         }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/record/record_row.h"
+#include "host/record/record_store.h"
 
 #include <QString>
 
@@ -18,15 +18,15 @@ namespace krt550 {
 /// for it.
 class CRecordWriter {
 public:
-    /// `complain` gets lines for the person at the terminal.
-    explicit CRecordWriter(std::function<void(const QString&)> complain);
+    /// `complain` gets lines for the person at the terminal. `makeStore` is called in the thread that writes.
+    CRecordWriter(RecordStoreMaker makeStore, std::function<void(const QString&)> complain);
     /// Writes what is left, for at most 5 s.
     ~CRecordWriter();
     CRecordWriter(const CRecordWriter&) = delete;
     CRecordWriter& operator=(const CRecordWriter&) = delete;
 
-    /// Takes a record for a session (see CRecordFile). False with `error` when it cannot be opened. One whose head says
-    /// that all is well, and a new one, is opened when it is started.
+    /// Takes a record for a session (see CRecordStore). False with `error` when it cannot be opened. One whose head
+    /// says that all is well, and a new one, is opened when it is started.
     bool Open(const QString& path, const RecordSession& session, QString& error);
 
     /// Opens the record; does nothing the second time. When it cannot be opened all the same, everything is missing.
@@ -50,10 +50,12 @@ public:
 private:
     struct Shared;
 
-    static void Write(const std::shared_ptr<Shared>& shared, const QString& path, const RecordSession& session);
+    static void Write(const std::shared_ptr<Shared>& shared, const RecordStoreMaker& makeStore, const QString& path,
+                      const RecordSession& session);
 
     QString Name() const { return QLatin1String("record ") + m_path; }
 
+    RecordStoreMaker m_makeStore;
     std::function<void(const QString&)> m_complain;
     QString m_path;
     RecordSession m_session;

@@ -12,7 +12,6 @@
 namespace krt550 {
 namespace {
 
-constexpr quint16 kLastFaultCode = 910;
 constexpr quint16 kDiagnosis = 911;
 constexpr quint32 kFaultRecordBytes = 39;
 /// Soon, but from the event loop.

@@ -15,7 +15,7 @@ constexpr double kLeastSpan = 0.5; ///< [s] that can be zoomed to
 constexpr int kLeastFrameMs = 100; ///< between two pictures
 constexpr int kLongestFrameMs = 1000;
 /// Time that is left to others, as a multiple of the time that a picture takes: screens differ in size.
-constexpr double kOthersShare = 12;
+constexpr double kOtherStripsShare = 12;
 constexpr double kPictureScale = 2;
 
 } // namespace
@@ -145,7 +145,7 @@ void CTrendChart::Draw() {
 /// A picture for each pixel that the curves move on.
 void CTrendChart::SetFrameTime() {
     const double pixel = m_times.size() * 1000 / std::max(width(), 1);
-    const double wanted = std::max(pixel, kOthersShare * replotTime(true));
+    const double wanted = std::max(pixel, kOtherStripsShare * replotTime(true));
     m_frames.setInterval(std::clamp(int(wanted), kLeastFrameMs, kLongestFrameMs));
 }
 

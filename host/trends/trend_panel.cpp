@@ -37,7 +37,7 @@ constexpr WindowDef kWindows[] = {{60, "60 s"},    {120, "2 min"},   {300, "5 mi
 } // namespace
 
 CTrendPanel::CTrendPanel(QWidget* parent)
-    : QWidget(parent), m_chosen(kDefaultSignals), m_directory(QDir::homePath()), m_chart(new CTrendChart(m_history)),
+    : CTrendDoor(parent), m_chosen(kDefaultSignals), m_directory(QDir::homePath()), m_chart(new CTrendChart(m_history)),
       m_list(new CSignalList), m_parts(new QSplitter), m_text(new QLabel) {
     auto* bar = new QToolBar;
     MakeToolBar(*bar);

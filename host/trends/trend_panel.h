@@ -1,42 +1,31 @@
 #pragma once
 
+#include "host/trends/trend_door.h"
 #include "host/trends/trend_history.h"
 #include "host/trends/trend_sampler.h"
-
-#include <QWidget>
-
-#include <vector>
 
 class QAction;
 class QComboBox;
 class QLabel;
-class QSettings;
 class QSplitter;
 class QToolBar;
 
 namespace krt550 {
 
-class CParameterLink;
 class CSignalList;
 class CTrendChart;
 
 /// Shows chosen signals of the drive over time, as they were sampled 20 times a second for the last hour at most.
 /// Samples as long as there is a drive, seen or not; opens no box.
-class CTrendPanel : public QWidget {
+class CTrendPanel : public CTrendDoor {
 public:
     explicit CTrendPanel(QWidget* parent = nullptr);
     ~CTrendPanel() override;
 
-    /// Borrowed, and still there when another one or null takes its place; null: no drive is connected any more, the
-    /// curves stay to be looked at. `parameters` are all of the drive's.
-    void SetDrive(CParameterLink* link, std::vector<ParameterDescription> parameters);
-    /// Somebody else works on the line (the wizard): samples are read one register at a time and nothing is announced.
-    void SetShared(bool isShared) { m_sampler.SetShared(isShared); }
-
-    /// The chosen signals and the window, under trends/.
-    void SaveState(QSettings& settings) const;
-    /// What is not there, or is no signal or window, stays as it is.
-    void RestoreState(QSettings& settings);
+    void SetDrive(CParameterLink* link, std::vector<ParameterDescription> parameters) override;
+    void SetShared(bool isShared) override { m_sampler.SetShared(isShared); }
+    void SaveState(QSettings& settings) const override;
+    void RestoreState(QSettings& settings) override;
 
     /// Write what is shown to a file, the next one beside it; whatever becomes of it is told in the panel.
     void ExportTable(const QString& path);

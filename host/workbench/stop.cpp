@@ -5,7 +5,7 @@
 namespace krt550 {
 namespace {
 
-constexpr qint64 kLookMs = 50;
+constexpr qint64 kStopLookMs = 50;
 
 } // namespace
 
@@ -22,7 +22,7 @@ void CStop::Press() {
     const bool isOver = m_drive->LastStop().Stop();
     if (m_drive->PlainDrive().IsLocalControlActive()) {
         if (!isOver)
-            m_timer.Start(kLookMs);
+            m_timer.Start(kStopLookMs);
         return Tell(isOver ? QStringLiteral("Stop: the motor stands")
                            : QStringLiteral("Stop is sent; waiting until the motor stands"));
     }

@@ -13,7 +13,7 @@
 namespace krt550 {
 namespace {
 
-constexpr qint64 kNextMs = 1;
+constexpr qint64 kNextReadMs = 1;
 
 } // namespace
 
@@ -86,12 +86,12 @@ void CTuningDialog::Restore() {
     m_restoreButton->setEnabled(false);
     m_table->setEnabled(false);
     Tell({QStringLiteral("Restoring ...")});
-    m_timer.StartOnce(kNextMs);
+    m_timer.StartOnce(kNextReadMs);
 }
 
 void CTuningDialog::Step() {
     if (m_restore->Step())
-        return m_timer.StartOnce(kNextMs);
+        return m_timer.StartOnce(kNextReadMs);
     Tell(m_restore->Describe());
     m_keep->setText(QStringLiteral("&Close"));
     m_keep->setEnabled(true);

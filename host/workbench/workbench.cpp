@@ -4,10 +4,11 @@
 #include "host/backup/keeping.h"
 #include "host/connected_drive.h"
 #include "host/parameters/parameter_panel.h"
+#include "host/part.h"
 #include "host/session.h"
-#include "host/trends/trend_panel.h"
 #include "host/workbench/drive_panel.h"
 #include "host/workbench/help_window.h"
+#include "host/workbench/no_trends.h"
 #include "host/workbench/stop_button.h"
 
 #include <QAction>
@@ -31,6 +32,12 @@ namespace {
 constexpr int kPlacesVersion = 1;
 constexpr const char* kGeometryKey = "window/geometry";
 constexpr const char* kPlacesKey = "window/places";
+
+CTrendDoor* MakeTrends() {
+    QString error;
+    auto* const make = LoadPart<decltype(krt550_trends)>("trends", error);
+    return make ? make() : new CNoTrends(error);
+}
 
 } // namespace
 
@@ -101,7 +108,7 @@ void CWorkbench::MakePanels() {
     scroll->setMinimumWidth(m_panel->minimumSizeHint().width() +
                             scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     QDockWidget* drive = AddDock("drive", QStringLiteral("Drive"), scroll, Qt::LeftDockWidgetArea);
-    m_trends = new CTrendPanel;
+    m_trends = MakeTrends();
     QDockWidget* trends = AddDock("trends", QStringLiteral("Trends"), m_trends, Qt::RightDockWidgetArea);
     m_parameterPanel = new CParameterPanel(m_session.Options().wizardDirectory + QLatin1String("/Wzkrt550.txt"));
     m_parameterPanel->SetCommands([](const ParameterDescription& parameter) {

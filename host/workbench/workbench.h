@@ -21,7 +21,7 @@ class CConnectedDrive;
 class CDrivePanel;
 class CParameterPanel;
 class CSession;
-class CTrendPanel;
+class CTrendDoor;
 
 /// The main window: one drive at a time, docks around it, and a Stop that reaches it from everywhere.
 class CWorkbench : public QMainWindow {
@@ -86,7 +86,7 @@ private:
     CDriveWatch m_watch;
     CClockTimer m_leaving{[this] { LeaveStep(); }};
     CDrivePanel* m_panel = nullptr;
-    CTrendPanel* m_trends = nullptr;
+    CTrendDoor* m_trends = nullptr;
     CParameterPanel* m_parameterPanel = nullptr;
     QMenu* m_viewMenu = nullptr;
     QLabel* m_link = nullptr;

@@ -3,7 +3,7 @@
 #include "host/link/wire_place.h"
 #include "host/parameters/parameter_panel.h"
 #include "host/session.h"
-#include "host/trends/trend_panel.h"
+#include "host/trends/trend_door.h"
 #include "host/workbench/connect_dialog.h"
 #include "host/workbench/drive_panel.h"
 #include "host/workbench/tuning_dialog.h"

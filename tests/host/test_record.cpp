@@ -1,4 +1,5 @@
 // What a session writes down: with the real file, seen through a connection of the test's own.
+#include "host/record/record_file.h"
 #include "host/record/record_writer.h"
 #include "host/record/recording.h"
 #include "hostlib/tolvbo32/clock.h"
@@ -82,7 +83,8 @@ protected:
     FakeDrive m_drive{ShippedParameters()};
     QStringList m_complaints;
     std::unique_ptr<CRecordWriter> m_writer =
-        std::make_unique<CRecordWriter>([this](const QString& text) { m_complaints.append(text); });
+        std::make_unique<CRecordWriter>([](QString&) { return std::make_unique<CRecordFile>(); },
+                                        [this](const QString& text) { m_complaints.append(text); });
     std::optional<CRecording> m_recording;
 };
 

@@ -78,6 +78,28 @@ TEST(Tool, RefusesWrongOptionsAndFilesInOneLine) {
     }
 }
 
+/// A copy that lies apart from the rest of the program.
+TEST(Tool, NamesThePartThatIsMissing) {
+    const struct {
+        const char* arguments;
+        const char* part;
+    } cases[] = {
+        {"--play ~/a.play --wizard-dir ~", "hands"},
+        {"report ~/a.record -o ~/a.pdf", "report"},
+        {"record ~/a.record", "report"},
+        {"set 43.06=0.25 --record ~/a.record --parameters " KRT550_SOURCE_DIR "/data/KRT550.parameters", "record"}};
+    for (const auto& c : cases) {
+        ToolRun tool;
+        tool.Write(QStringLiteral("a.play"), QStringLiteral("start\n"));
+        ASSERT_TRUE(QDir().mkpath(tool.Path(QStringLiteral("bin"))));
+        ASSERT_TRUE(QFile::copy(tool.process.program(), tool.Path(QStringLiteral("bin/krt550tool"))));
+        tool.process.setProgram(tool.Path(QStringLiteral("bin/krt550tool")));
+        EXPECT_EQ(tool.Run(QLatin1String(c.arguments)), 2) << c.arguments;
+        EXPECT_TRUE(tool.errors.contains(QStringLiteral("/parts/%1.so: there is no such file\n").arg(c.part)))
+            << tool.errors.toStdString();
+    }
+}
+
 TEST(Tool, NeedsNoDisplayForHelpAndPlays) {
     ToolRun tool;
     for (const char* variable : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})

@@ -11,7 +11,6 @@
 namespace krt550 {
 namespace {
 
-constexpr int kNotFoundMessage = 5;
 constexpr quint16 kServiceMode = 9906;
 constexpr quint16 kDiagnosis = 911;
 

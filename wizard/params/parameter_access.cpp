@@ -11,7 +11,6 @@
 namespace krt550 {
 namespace {
 
-constexpr int kNotFoundMessage = 5;
 
 } // namespace
 
@@ -99,6 +98,12 @@ bool ShowParameterValue(CParameter* parameter, QWidget* control) {
 void SetControlTextFromString(QWidget* control, int stringId, const QString& suffix) {
     if (const std::optional<QString> text = CResources::Current().GetString(stringId))
         SetControlText(control, *text + suffix);
+}
+
+void SetViewText(QWidget* button, bool isBasicView) {
+    constexpr int kAdvanced = 14;
+    constexpr int kBasic = 15;
+    SetControlTextFromString(button, isBasicView ? kAdvanced : kBasic);
 }
 
 } // namespace krt550

@@ -13,6 +13,9 @@ class CParameter;
 class CParameterGroup;
 class CParameterSet;
 
+inline constexpr int kNotFoundMessage = 5;      ///< the drive lacks parameter REPLACE
+inline constexpr int kNoValueListMessage = 229; ///< parameter REPLACE has no list of values
+
 /// Root of the drive's parameter tree; null without a drive, when the drive answers no, or without a root.
 CParameterGroup* GetParameterRoot(CHostDrive* drive);
 
@@ -51,5 +54,8 @@ bool ShowParameterValue(CParameter* parameter, QWidget* control);
 
 /// Sets the control's text to a string of the resources, followed by `suffix`; a missing string leaves the text.
 void SetControlTextFromString(QWidget* control, int stringId, const QString& suffix = {});
+
+/// Names the view that a view button leads to: the advanced one from the basic one, and back.
+void SetViewText(QWidget* button, bool isBasicView);
 
 } // namespace krt550

@@ -42,8 +42,6 @@ void ShowValueText(QWidget* control, const QString& text) {
 
 namespace {
 
-constexpr int kNotFoundMessage = 5;
-constexpr int kNoValueListMessage = 229;
 constexpr int kNumericTypes[] = {2, 3, 4, 5, 8, 10};
 const QLatin1String kExcludedEntry("#excl#");
 

@@ -17,7 +17,6 @@ constexpr int kPresetMenu = 10055;
 constexpr int kCommandPreset = 32773;
 constexpr int kCommandPresetAll = 32774;
 constexpr int kCommandSetAndApply = 32775;
-constexpr int kNoValueListMessage = 229;
 
 } // namespace
 

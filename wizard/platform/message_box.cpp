@@ -28,14 +28,14 @@ struct HeldBox {
     QString caption;
 };
 
-std::vector<BoxHold::Tell> g_holds; ///< the innermost one last
+std::vector<BoxHold::Tell> g_boxHolds; ///< the innermost one last
 std::vector<HeldBox> g_held;
 
 int g_onceScopes = 0;
 QSet<QString> g_shownOnce;
 
 void Hold(const QString& text, MessageIcon icon, const QString& caption) {
-    if (const BoxHold::Tell& tell = g_holds.back())
+    if (const BoxHold::Tell& tell = g_boxHolds.back())
         tell(text);
     else if (std::ranges::find(g_held, text, &HeldBox::text) == g_held.end())
         g_held.push_back({text, icon, caption});
@@ -68,7 +68,7 @@ void KeepLinesWhole(QMessageBox& box) {
 } // namespace
 
 bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons buttons, const QString& caption) {
-    if (!g_holds.empty()) {
+    if (!g_boxHolds.empty()) {
         if (buttons == MessageButtons::Ok)
             Hold(text, icon, caption);
         return false;
@@ -99,12 +99,12 @@ bool ShowMessageBox(const QString& text, MessageIcon icon, MessageButtons button
 }
 
 BoxHold::BoxHold(Tell tell) {
-    g_holds.push_back(std::move(tell));
+    g_boxHolds.push_back(std::move(tell));
 }
 
 BoxHold::~BoxHold() {
-    g_holds.pop_back();
-    if (g_holds.empty() && !g_held.empty())
+    g_boxHolds.pop_back();
+    if (g_boxHolds.empty() && !g_held.empty())
         QMetaObject::invokeMethod(qApp, ShowHeldBoxes, Qt::QueuedConnection);
 }
 
@@ -118,11 +118,11 @@ BoxOnce::~BoxOnce() {
 }
 
 bool AreBoxesHeld() {
-    return !g_holds.empty();
+    return !g_boxHolds.empty();
 }
 
 void ShowHeldBoxes() {
-    if (!g_holds.empty())
+    if (!g_boxHolds.empty())
         return;
     const std::vector<HeldBox> held = std::exchange(g_held, {});
     for (const HeldBox& box : held)

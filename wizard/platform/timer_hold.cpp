@@ -16,29 +16,29 @@ struct DueTimer {
     int handle;
 };
 
-int g_holds = 0;
+int g_timerHolds = 0;
 std::vector<DueTimer> g_due;
 
 } // namespace
 
 TimerHold::TimerHold() {
-    ++g_holds;
+    ++g_timerHolds;
 }
 
 TimerHold::~TimerHold() {
-    if (--g_holds > 0 || g_due.empty())
+    if (--g_timerHolds > 0 || g_due.empty())
         return;
     QMetaObject::invokeMethod(
         qApp,
         [] {
-            if (g_holds == 0)
+            if (g_timerHolds == 0)
                 ServeDueTimers([] { return true; });
         },
         Qt::QueuedConnection);
 }
 
 bool TimerHold::Keep(CWindow& window, int timerHandle) {
-    if (g_holds == 0)
+    if (g_timerHolds == 0)
         return false;
     const bool waits = std::ranges::any_of(
         g_due, [&](const DueTimer& due) { return due.window == &window && due.handle == timerHandle; });

@@ -1,21 +1,19 @@
 #include "wizard/resources/svg_image.h"
 
-#include <QPainter>
-#include <QSvgRenderer>
+#include <QImageReader>
 
 namespace krt550 {
 
 QImage DrawSvg(const QString& file, QSize size, qreal pixelRatio) {
-    QSvgRenderer renderer(file);
-    if (!renderer.isValid())
-        return {};
-    QSizeF shown = renderer.defaultSize();
+    // By Qt's plug-in for the format, so that only whoever draws waits for the library that does it.
+    QImageReader reader(file);
+    QSizeF shown = reader.size();
     if (!size.isEmpty())
         shown.scale(size, Qt::KeepAspectRatio);
-    QImage image((shown * pixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    renderer.render(&painter);
+    reader.setScaledSize((shown * pixelRatio).toSize());
+    QImage image = reader.read();
+    if (image.isNull())
+        qWarning("%s: cannot be drawn: %s", qPrintable(file), qPrintable(reader.errorString()));
     return image;
 }
 

@@ -14,8 +14,6 @@ namespace {
 constexpr int kIdStart = 158;
 constexpr int kIdBasicHeading = 162;
 constexpr int kIdView = 170;
-constexpr int kBasicText = 15;
-constexpr int kAdvancedText = 14;
 constexpr int kCloseText = 35;
 
 /// Check boxes in the order of the page indexes 1 to 16.
@@ -71,7 +69,7 @@ void CPageWizard::OnButtonStart() {
 }
 
 void CPageWizard::OnButtonAdvanced() {
-    SetControlTextFromString(GetDlgItem(kIdView), m_basicView ? kBasicText : kAdvancedText);
+    SetViewText(GetDlgItem(kIdView), !m_basicView);
     ShowAssistantBoxes(m_basicView);
     m_basicView = !m_basicView;
     UpdateNextButton();

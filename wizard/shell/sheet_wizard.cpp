@@ -16,7 +16,6 @@ namespace {
 /// Title strings in page-index order.
 constexpr int kTitles[kPageCount] = {2, 13, 37, 38, 39, 40, 41, 42, 274, 264, 271, 278, 282, 286, 292, 298, 303};
 
-constexpr int kWizardClosed = 8;
 constexpr int kUnappliedText = 2005;
 
 PageFactory& Factory() {

@@ -13,6 +13,7 @@ class CParameterGroup;
 class CWizardPropertyPage;
 
 inline constexpr int kPageCount = 17;
+inline constexpr int kWizardClosed = 8; ///< result of the sheet, and code of EndWizard
 
 /// Makes the page of an index (0 to 16).
 using PageFactory = std::function<std::unique_ptr<CWizardPropertyPage>(int index)>;

@@ -35,7 +35,6 @@ constexpr int kResetStrip = 10066;
 // Codes of CSheetWizard::EndWizard.
 constexpr int kChainFinished = 1;
 constexpr int kChainCancelled = 2;
-constexpr int kWizardClosed = 8;
 
 } // namespace
 

@@ -14,8 +14,6 @@
 namespace krt550 {
 namespace {
 
-constexpr int kAdvanced = 14;
-constexpr int kBasic = 15;
 
 QString UploadFailed() {
     return QStringLiteral("Error while uploading transmit/receive pointed parameter");
@@ -117,7 +115,7 @@ void CPointerRows::ShowView(bool basic) {
     for (Row& row : m_rows)
         row.index.ShowView(basic);
     ShowControl(m_window.GetDlgItem(kIdPointerHeading), !basic);
-    SetControlTextFromString(m_window.GetDlgItem(kIdPointerView), basic ? kAdvanced : kBasic);
+    SetViewText(m_window.GetDlgItem(kIdPointerView), basic);
 }
 
 } // namespace krt550

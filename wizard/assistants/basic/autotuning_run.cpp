@@ -16,10 +16,6 @@
 namespace krt550 {
 namespace {
 
-constexpr int kSettleMs = 200;
-constexpr int kCycleMs = 50;
-/// The drive gets one cycle more than this.
-constexpr int kCycles = 5000;
 
 } // namespace
 

@@ -5,7 +5,7 @@
 namespace krt550 {
 namespace {
 
-constexpr AutotuningPageDef kPage = {
+constexpr AutotuningPageDef kArmaturePage = {
     .helpTopic = u"4.htm",
     .variant = {.mode = 1, .confirmation = 369, .success = 240, .step = 4, .diagnosisIcon = MessageIcon::Exclamation},
     .rows = kArmatureRows,
@@ -13,6 +13,6 @@ constexpr AutotuningPageDef kPage = {
 
 } // namespace
 
-CPageAutotuningArmature::CPageAutotuningArmature() : CAutotuningPage(kPage) {}
+CPageAutotuningArmature::CPageAutotuningArmature() : CAutotuningPage(kArmaturePage) {}
 
 } // namespace krt550

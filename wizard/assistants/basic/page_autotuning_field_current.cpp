@@ -5,7 +5,7 @@
 namespace krt550 {
 namespace {
 
-constexpr AutotuningPageDef kPage = {
+constexpr AutotuningPageDef kFieldCurrentPage = {
     .helpTopic = u"3.htm",
     .variant = {.mode = 2, .confirmation = 369, .success = 245, .step = 3, .readsFaultRecord = false},
     .rows = kFieldCurrentRows,
@@ -14,6 +14,6 @@ constexpr AutotuningPageDef kPage = {
 
 } // namespace
 
-CPageAutotuningFieldCurrent::CPageAutotuningFieldCurrent() : CAutotuningPage(kPage) {}
+CPageAutotuningFieldCurrent::CPageAutotuningFieldCurrent() : CAutotuningPage(kFieldCurrentPage) {}
 
 } // namespace krt550

@@ -20,7 +20,7 @@
 namespace krt550 {
 namespace {
 
-constexpr AutotuningPageDef kPage = {
+constexpr AutotuningPageDef kSpeedControllerPage = {
     .helpTopic = u"6.htm",
     .variant = {.mode = 4, .confirmation = 370, .success = 249, .step = 6, .judgesFirst = true},
     .rows = kSpeedControllerRows,
@@ -66,7 +66,7 @@ void CTabPageSetFilters::ShowDriveValues() {
 }
 
 CPageAutotuningSpeedController::CPageAutotuningSpeedController()
-    : CAutotuningPage(kPage), m_sliderStep(kDefaultSliderStep) {
+    : CAutotuningPage(kSpeedControllerPage), m_sliderStep(kDefaultSliderStep) {
     CWizardTabSheet& tabs = UseTabs(kIdTabPlaceholder, kTabOffset);
     tabs.AddTab(m_general, LoadText(kGeneralLabel));
     tabs.AddTab(m_limits, LoadText(kLimitsLabel));

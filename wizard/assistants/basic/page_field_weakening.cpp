@@ -5,7 +5,7 @@
 namespace krt550 {
 namespace {
 
-constexpr AutotuningPageDef kPage = {
+constexpr AutotuningPageDef kFieldWeakeningPage = {
     .helpTopic = u"7.htm",
     .variant = {.mode = 3, .confirmation = 370, .success = 256, .step = 7, .readsOnceMore = false},
     .rows = kFieldWeakeningRows,
@@ -14,6 +14,6 @@ constexpr AutotuningPageDef kPage = {
 
 } // namespace
 
-CPageFieldWeakening::CPageFieldWeakening() : CAutotuningPage(kPage) {}
+CPageFieldWeakening::CPageFieldWeakening() : CAutotuningPage(kFieldWeakeningPage) {}
 
 } // namespace krt550

@@ -24,8 +24,6 @@ namespace {
 
 constexpr quint16 kApplicationRestore = 9907;
 constexpr int kMotorMayTurn = 2011;
-constexpr int kAdvancedCaption = 14;
-constexpr int kBasicCaption = 15;
 constexpr int kDependentGroup = 1;
 
 } // namespace
@@ -226,7 +224,7 @@ bool CPageMacroAssistant::LoadMacro(CParameterGroup* root) {
 void CPageMacroAssistant::ShowView() {
     if (!HasMacro())
         return;
-    SetControlTextFromString(GetDlgItem(kIdMacroView), m_basicView ? kAdvancedCaption : kBasicCaption);
+    SetViewText(GetDlgItem(kIdMacroView), m_basicView);
     for (int part = GroupId(kDependentGroup); part <= MaximumHeadingId(kDependentGroup); ++part)
         ShowControl(GetDlgItem(part), !m_basicView);
     for (std::size_t position = 1; position < GetRows().size(); ++position)

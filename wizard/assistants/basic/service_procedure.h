@@ -15,6 +15,10 @@ enum class MessageIcon;
 
 // What the autotuning runs and the speed feedback test have in common.
 
+inline constexpr int kSettleMs = 200; ///< from a service mode to the start
+inline constexpr int kCycleMs = 50;   ///< between two looks at a run
+inline constexpr int kCycles = 5000;  ///< the drive gets one more than this
+
 /// How a run ended.
 enum class Ending {
     Succeeded,

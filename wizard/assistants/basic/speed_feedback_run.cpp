@@ -20,11 +20,7 @@ namespace {
 
 constexpr quint16 kTestMode = 5;
 constexpr quint16 kTachoMode = 14;
-constexpr int kSettleMs = 200;
-constexpr int kCycleMs = 50;
 constexpr int kTachoSettleMs = 1000;
-/// The drive gets one cycle more than this.
-constexpr int kCycles = 5000;
 /// Progress [%] above which the drive has found its feedback, and above which it has ended the fine tuning itself.
 constexpr int kFound = 80;
 constexpr int kTuned = 100;

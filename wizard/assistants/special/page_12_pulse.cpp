@@ -9,7 +9,7 @@
 namespace krt550 {
 namespace {
 
-constexpr PageRows kPage{.layout = 139, .update = UpdateWhen::Always};
+constexpr PageRows k12PulsePage{.layout = 139, .update = UpdateWhen::Always};
 constexpr int kCommonTab = 353;
 constexpr int kProtectionsTab = 352;
 
@@ -20,7 +20,7 @@ void CTabPage12Pulse::ReportLoadErrors(const QString& errors) {
 }
 
 CPage12Pulse::CPage12Pulse()
-    : CRowPage(kPage, QStringLiteral("14.htm")), m_common(k12PulseCommonRows), m_protections(k12PulseProtectionRows) {
+    : CRowPage(k12PulsePage, QStringLiteral("14.htm")), m_common(k12PulseCommonRows), m_protections(k12PulseProtectionRows) {
     CWizardTabSheet& tabs = UseTabs(kId12PulseTabs);
     tabs.AddTab(m_common, LoadText(kCommonTab));
     tabs.AddTab(m_protections, LoadText(kProtectionsTab));

@@ -16,7 +16,7 @@
 namespace krt550 {
 namespace {
 
-constexpr AutotuningPageDef kPage = {
+constexpr AutotuningPageDef kReversalPage = {
     .helpTopic = u"11.htm",
     .variant = {.mode = 9,
                 .confirmation = 369,
@@ -28,12 +28,12 @@ constexpr AutotuningPageDef kPage = {
     .rows = kFieldReversalRows,
 };
 
-constexpr quint16 kUsedType = 9912;
+constexpr quint16 kExciterInUse = 9912;
 constexpr quint16 kFieldCurrents[] = {330, 129}; ///< reference and actual
 
 } // namespace
 
-CPageFieldReversal::CPageFieldReversal() : CAutotuningPage(kPage) {
+CPageFieldReversal::CPageFieldReversal() : CAutotuningPage(kReversalPage) {
     Handle(kIdFieldForward, ControlEvent::Clicked, [this] { OnButtonDirection(kForward); });
     Handle(kIdFieldReverse, ControlEvent::Clicked, [this] { OnButtonDirection(kReverse); });
     Handle(kIdFieldStop, ControlEvent::Clicked, [this] { OnButtonStop(); });
@@ -85,7 +85,7 @@ bool CPageFieldReversal::RefreshValues() {
         return true;
     if (!ShowParameterValue(m_detectedType, m_actualConverter))
         return false;
-    const CParameter* used = GetRows().Find(kUsedType)->GetParameter();
+    const CParameter* used = GetRows().Find(kExciterInUse)->GetParameter();
     if (m_detectedType->GetValue() == 0) {
         SetControlText(m_actualConverter, QString());
         m_actualConverter->SetLook(StaticLook::Neutral);

@@ -7,12 +7,12 @@
 namespace krt550 {
 namespace {
 
-constexpr PageRows kPage{.layout = 133, .update = UpdateWhen::Always};
+constexpr PageRows kProtectionPage{.layout = 133, .update = UpdateWhen::Always};
 
 } // namespace
 
 CPageProtectionAndLimit::CPageProtectionAndLimit()
-    : CRowPage(kPage, QStringLiteral("9.htm")), m_protections(kProtectionRows), m_limits(kLimitRows) {
+    : CRowPage(kProtectionPage, QStringLiteral("9.htm")), m_protections(kProtectionRows), m_limits(kLimitRows) {
     CWizardTabSheet& tabs = UseTabs(kIdProtectionTabs);
     tabs.AddTab(m_protections);
     tabs.AddTab(m_limits);

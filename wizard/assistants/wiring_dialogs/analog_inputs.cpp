@@ -14,20 +14,19 @@
 namespace krt550 {
 namespace {
 
-constexpr int kUpdateKey = 101;
+constexpr int kInputUpdateKey = 101;
 constexpr int kInputs = 4;
-constexpr quint16 kTerminals[kInputs] = {503, 504, 505, 506};
-constexpr quint16 kSpeedScaling = 229;
+constexpr quint16 kInputTerminals[kInputs] = {503, 504, 505, 506};
 constexpr int kMultipleConnections = 375;
 
 constexpr quint16 TerminalOf(int input) {
-    return kTerminals[input - 1];
+    return kInputTerminals[input - 1];
 }
 
 } // namespace
 
 CDialogAISettings::CDialogAISettings(QWidget* owner)
-    : CDialogAnalogSettings(kAnalogueInputRows, kUpdateKey, QStringLiteral("ai.htm"), owner) {
+    : CDialogAnalogSettings(kAnalogueInputRows, kInputUpdateKey, QStringLiteral("ai.htm"), owner) {
     for (int input = 1; input <= kInputs; ++input)
         Handle(ChannelId(input, kChannelEdit), ControlEvent::Clicked, [this, input] { PickConnections(input); });
 }
@@ -46,7 +45,7 @@ void CDialogAISettings::Empty() {
 }
 
 bool CDialogAISettings::HasActualValues() const {
-    return std::ranges::any_of(kTerminals, [this](quint16 reg) { return FindInTree(GetRoot(), reg); });
+    return std::ranges::any_of(kInputTerminals, [this](quint16 reg) { return FindInTree(GetRoot(), reg); });
 }
 
 /// Each selector is read once. What was picked is applied now, or forgotten.

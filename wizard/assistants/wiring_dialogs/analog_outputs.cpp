@@ -14,11 +14,8 @@
 namespace krt550 {
 namespace {
 
-constexpr int kUpdateKey = 102;
+constexpr int kOutputUpdateKey = 102;
 constexpr int kNothingToUpdate = 360;
-constexpr int kAdvanced = 14;
-constexpr int kBasic = 15;
-constexpr quint16 kSpeedScaling = 229;
 /// Rows of an output besides its index row, in the order in which they are bound and written.
 constexpr std::size_t kRowsPerOutput = 3;
 
@@ -32,7 +29,7 @@ constexpr int kOutputCount = static_cast<int>(std::size(kOutputs));
 } // namespace
 
 CDialogAOSettings::CDialogAOSettings(QWidget* owner)
-    : CDialogAnalogSettings(kAnalogueOutputRows, kUpdateKey, QStringLiteral("ao.htm"), owner) {
+    : CDialogAnalogSettings(kAnalogueOutputRows, kOutputUpdateKey, QStringLiteral("ao.htm"), owner) {
     for (int output = 1; output <= kOutputCount; ++output) {
         const auto [index, terminal] = kOutputs[output - 1];
         m_outputs.push_back({std::make_unique<CIndexRow>(*this, index,
@@ -60,7 +57,7 @@ void CDialogAOSettings::ShowView(int output, bool basic) {
     index->ShowView(basic);
     ShowControl(GetDlgItem(ChannelId(output, kChannelHeading)), !basic);
     QWidget* button = GetDlgItem(ChannelId(output, kChannelView));
-    SetControlTextFromString(button, basic ? kAdvanced : kBasic);
+    SetViewText(button, basic);
     button->setAccessibleName(QStringLiteral("%1 view of AO%2").arg(GetControlText(button)).arg(output));
 }
 

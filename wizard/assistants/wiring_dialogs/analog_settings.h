@@ -8,6 +8,8 @@
 
 namespace krt550 {
 
+inline constexpr quint16 kSpeedScaling = 229;
+
 /// The settings of the analogue inputs or outputs: rows that follow the drive, Apply, Close and Cancel. The dialog
 /// writes in its own Apply and Close only; what was typed is forgotten with Cancel.
 class CDialogAnalogSettings : public CDialog {

@@ -23,9 +23,7 @@
 namespace krt550 {
 namespace {
 
-constexpr int kUpdateKey = 101;
-constexpr int kAdvanced = 14;
-constexpr int kBasic = 15;
+constexpr int kDigitalUpdateKey = 101;
 const QString kWaiting = QStringLiteral("?"); ///< changed and not yet applied
 
 constexpr int InputId(int number, DigitalControl control) {
@@ -89,7 +87,7 @@ void CDialogDIDOSettings::ShowView() {
         output->ShowView(m_basic);
     for (const DigitalHeading heading : {kDigitalIndexHeading, kDigitalBitHeading})
         ShowControl(GetDlgItem(DigitalId(DigitalGroup::Outputs, heading)), !m_basic);
-    SetControlTextFromString(GetDlgItem(DigitalId(DigitalGroup::Outputs, kDigitalView)), m_basic ? kAdvanced : kBasic);
+    SetViewText(GetDlgItem(DigitalId(DigitalGroup::Outputs, kDigitalView)), m_basic);
 }
 
 void CDialogDIDOSettings::Load() {
@@ -104,7 +102,7 @@ void CDialogDIDOSettings::Load() {
     if (!errors.isEmpty())
         ShowMessageBox(errors, MessageIcon::Stop);
     if (m_timer == 0 && statesRead)
-        m_timer = StartParameterUpdate(*this, kUpdateKey);
+        m_timer = StartParameterUpdate(*this, kDigitalUpdateKey);
 }
 
 void CDialogDIDOSettings::LoadInputs() {
@@ -210,7 +208,7 @@ void CDialogDIDOSettings::Refresh() {
 }
 
 void CDialogDIDOSettings::OnTimer(int id) {
-    if (id == kUpdateKey)
+    if (id == kDigitalUpdateKey)
         Refresh();
     else
         CDialog::OnTimer(id);
