@@ -39,7 +39,7 @@ const std::map<QString, Setup> kSetups = {
     {"Step7", {{}, {{4401, 1}}}},
     {"FieldReversal", {{"Uf=40", "If=40", "Lf=0.5"}, {{4401, 2}, {4316, 1}, {4508, 3000}}}},
 };
-const std::set<std::string> kOnSerialLine = {"Macro", "TurnByHand", "Step3", "FieldReversal"};
+const std::set<std::string> kOnSerialLine = {"Macro", "TurnByHand", "Step3", "Step5Tacho", "FieldReversal"};
 
 /// Judges the calls of the wizard as they are logged: after they have done what they do.
 class CCallWatch : public SafetyRules {
