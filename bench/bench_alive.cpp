@@ -16,7 +16,7 @@ constexpr int kRuns = 8;
 constexpr int kPeriodMs = 300;
 
 /// A run, and when the click that is to end it may come.
-struct Run {
+struct TimedRun {
     const char* name;
     int box;            ///< of its page on the start page
     const char* begins; ///< the call from which on the click may come
@@ -24,7 +24,7 @@ struct Run {
     bool byHand = false;
 };
 
-const Run kAllRuns[] = {
+const TimedRun kAllRuns[] = {
     {"step 3", 165, "read 801", 80},
     {"step 4", 166, "read 801", 80},
     {"step 5, test", 167, "read 801", 80},
@@ -40,7 +40,7 @@ struct Reaction {
     double stop = -1;  ///< to StopMotor
 };
 
-Reaction React(const Run& run, int callMs, unsigned seed) {
+Reaction React(const TimedRun& run, int callMs, unsigned seed) {
     std::mt19937 random(seed);
     const double moment = std::uniform_real_distribution<>(0, 500 + 12.0 * callMs)(random);
     CLineDrive drive(callMs);
@@ -92,7 +92,7 @@ Reaction React(const Run& run, int callMs, unsigned seed) {
 void MeasureReactions(int callMs) {
     std::printf("  From the click on Cancel [ms], %d runs    9906 := 0         StopMotor      first of both\n", kRuns);
     std::printf("  %-32s    median  maximum  median  maximum  median  maximum\n", "");
-    for (const Run& run : kAllRuns) {
+    for (const TimedRun& run : kAllRuns) {
         std::vector<double> first;
         std::vector<double> mode;
         std::vector<double> stop;

@@ -6,8 +6,8 @@ namespace krt550 {
 namespace {
 
 /// What is known at the end of a session: what it has read then, or what follows from all that happened.
-Words LeftBy(const RecordedSession& session) {
-    Words left = session.asFound;
+RegisterWords LeftBy(const RecordedSession& session) {
+    RegisterWords left = session.asFound;
     for (const RecordedEvent& event : session.events) {
         const bool isChange = event.kind == QLatin1String("change");
         const bool isWrite = event.kind == QLatin1String("write") && event.ok.value_or(false);

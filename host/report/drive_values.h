@@ -32,8 +32,8 @@ public:
 
 private:
     std::map<quint16, ParameterDescription> m_parameters;
-    Words m_found;
-    Words m_left;
+    RegisterWords m_found;
+    RegisterWords m_left;
     bool m_areLeftRead = false;
 };
 

@@ -126,7 +126,7 @@ void CReader::ReadParameters(RecordedSession& session) {
 
 void CReader::ReadValues(RecordedSession& session) {
     ForEach(Of("SELECT moment, register, word FROM value WHERE session = %1", session), [&](const Row& row) {
-        Words& words = row(0).toString() == QLatin1String("as-left") ? session.asLeft : session.asFound;
+        RegisterWords& words = row(0).toString() == QLatin1String("as-left") ? session.asLeft : session.asFound;
         words[quint16(row(1).toUInt())] = quint16(row(2).toUInt());
     });
 }

@@ -43,7 +43,7 @@ struct RecordedGap {
     QString reason;
 };
 
-using Words = std::map<quint16, quint16>; ///< by register
+using RegisterWords = std::map<quint16, quint16>; ///< by register
 
 /// One run of the program.
 struct RecordedSession {
@@ -52,8 +52,8 @@ struct RecordedSession {
     QString drive;
     QString program;
     std::map<quint16, ParameterDescription> parameters;
-    Words asFound;
-    Words asLeft;
+    RegisterWords asFound;
+    RegisterWords asLeft;
     std::vector<RecordedEvent> events;
     std::map<qint64, std::vector<TracePoint>> traces; ///< by the number of the run's event
     std::vector<RecordedGap> gaps;

@@ -6,7 +6,7 @@ namespace {
 
 using test::WholeDrive;
 
-constexpr quint16 kTest = 5;
+constexpr quint16 kFeedbackTest = 5;
 constexpr quint16 kTuning = 14;
 
 void Stop(WholeDrive& drive) {
@@ -57,14 +57,14 @@ TEST_P(FeedbackTest, FindsWhatIsMounted) {
     drive.Disturb(shaft.defect);
     drive.SetValue(reg::kSpeedSource, shaft.chosen);
     // Also a test that fails goes past 80 %, so that nobody waits for it in vain.
-    drive.Begin(kTest, 81);
+    drive.Begin(kFeedbackTest, 81);
     EXPECT_EQ(drive.Value(reg::kDiagnosis), shaft.outcome);
     EXPECT_EQ(drive.Value(reg::kSpeedSource), shaft.found < 0 ? shaft.chosen : shaft.found);
     EXPECT_EQ(drive.Value(reg::kTachoRange), shaft.tachoRange);
     if (!shaft.outcome) {
         drive.Seconds(3);
         EXPECT_NEAR(drive.Drive().GetSpeed(), 1750, 90) << "turns until it is stopped";
-        EXPECT_EQ(drive.Value(reg::kServiceMode), kTest);
+        EXPECT_EQ(drive.Value(reg::kServiceMode), kFeedbackTest);
     }
     Stop(drive);
     EXPECT_EQ(drive.Value(reg::kServiceMode), 0);

@@ -14,6 +14,7 @@ namespace {
 constexpr int kIdStart = 158;
 constexpr int kIdBasicHeading = 162;
 constexpr int kIdView = 170;
+constexpr int kBasicHeading = 15;
 constexpr int kCloseText = 35;
 
 /// Check boxes in the order of the page indexes 1 to 16.
@@ -35,7 +36,7 @@ CPageWizard::CPageWizard() : CWizardPropertyPage(107, QStringLiteral("default.ht
 
 bool CPageWizard::OnInitDialog() {
     const bool result = CWizardPropertyPage::OnInitDialog();
-    SetControlTextFromString(GetDlgItem(kIdBasicHeading), kBasicText, QStringLiteral(":"));
+    SetControlTextFromString(GetDlgItem(kIdBasicHeading), kBasicHeading, QStringLiteral(":"));
     SetControlTextFromString(GetDlgItem(kIdCancelPage), kCloseText);
     for (const int button : {kIdApply, kIdBack, kIdNext})
         EnableControl(GetDlgItem(button), false);
