@@ -115,6 +115,14 @@ public:
         return static_cast<int>(Value(reg::kDiagnosis));
     }
 
+    /// Runs service modes that succeed, with a rest after each [s].
+    void TuneAll(std::initializer_list<quint16> modes, double rest) {
+        for (const quint16 mode : modes) {
+            ASSERT_EQ(Tune(mode), 0) << mode;
+            Seconds(rest);
+        }
+    }
+
 private:
     CSteppedClock m_clock;
     ClockScope m_scope{m_clock};
