@@ -1,9 +1,11 @@
-// The list of all parameters of a drive that has nearly every register there can be: opening it, and a keystroke in its
-// search, each up to the painted window.
+// A drive that has nearly every register there can be: loading its description; opening the list of all its parameters,
+// and a keystroke in its search, each up to the painted window.
 #include "host/parameters/parameter_panel.h"
+#include "hostlib/tolvbo32/drive_description.h"
 #include "hostlib/tolvbo32/parameter_link.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QCheckBox>
 #include <QLineEdit>
 
@@ -11,6 +13,29 @@
 
 namespace krt550 {
 namespace {
+
+std::vector<ParameterDescription> Read(QByteArray text) {
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    QStringList errors;
+    return ReadDriveDescription(buffer, QStringLiteral("drive"), errors).value();
+}
+
+QByteArray ManyParameters() {
+    QByteArray text("register\tname\tunit\tdata type\ttype\tdecimals\tminimum\tmaximum\tdefault\taccess\tvalues\n");
+    for (int reg = 100; reg < 65'100; ++reg)
+        text +=
+            QByteArray::number(reg) + "\tParameter " + QByteArray::number(reg) +
+            (reg % 4 ? "\tms\t8\t3\t1\t0.0\t6000.5\t12.5\trw\t\n" : "\t\t8\t4\t0\t0\t2\t1\trw\t0=Off;1=On;2=Both\n");
+    return text;
+}
+
+void LoadDriveDescription(benchmark::State& state) {
+    const QByteArray text = ManyParameters();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Read(text));
+}
+BENCHMARK(LoadDriveDescription)->Unit(benchmark::kMillisecond);
 
 /// Answers at once.
 class CZeroLink : public CParameterLink {
@@ -23,26 +48,13 @@ public:
     QString LastErrorText() const override { return {}; }
 };
 
-std::vector<ParameterDescription> ManyParameters() {
-    std::vector<ParameterDescription> parameters;
-    for (int reg = 100; reg < 65'100; ++reg) {
-        ParameterDescription parameter;
-        parameter.reg = static_cast<quint16>(reg);
-        parameter.name = QStringLiteral("Parameter %1").arg(reg);
-        if (reg % 4 == 0)
-            parameter.values = {{0, QStringLiteral("Off")}, {1, QStringLiteral("On")}, {2, QStringLiteral("Both")}};
-        parameters.push_back(parameter);
-    }
-    return parameters;
-}
-
 void Paint(QWidget& panel) {
     panel.repaint();
     benchmark::DoNotOptimize(panel.grab());
 }
 
 void OpenParameterList(benchmark::State& state) {
-    const std::vector<ParameterDescription> parameters = ManyParameters();
+    const std::vector<ParameterDescription> parameters = Read(ManyParameters());
     CZeroLink link;
     for (auto _ : state) {
         CParameterPanel panel(QStringLiteral(KRT550_SOURCE_DIR "/data/Wzkrt550.txt"));
@@ -58,7 +70,7 @@ void FilterParameterList(benchmark::State& state) {
     CZeroLink link;
     CParameterPanel panel(QStringLiteral(KRT550_SOURCE_DIR "/data/Wzkrt550.txt"));
     panel.show();
-    panel.SetDrive(&link, ManyParameters());
+    panel.SetDrive(&link, Read(ManyParameters()));
     panel.findChild<QCheckBox*>(QStringLiteral("grouped"))->setChecked(state.range(0) != 0);
     auto* search = panel.findChild<QLineEdit*>(QStringLiteral("search"));
     bool many = false;

@@ -1,12 +1,7 @@
 // measure_trends [SECONDS]: CPU time and memory of eight signals at 20 samples a second with an hour of history, drawn
 // over 60 s and over 1 h, and sampled with the chart hidden. In real time; every part takes SECONDS (30).
-// measure_trends --pictures DIR [WIDTH [REGISTER...]]: the panel on the simulated drive that is started and changes its
-// speed, as pictures.
-#include "drive/named_drive.h"
-#include "drive/registers.h"
 #include "host/trends/trend_chart.h"
 #include "host/trends/trend_history.h"
-#include "host/trends/trend_panel.h"
 #include "host/trends/trend_sampler.h"
 #include "hostlib/tolvbo32/clock.h"
 #include "hostlib/tolvbo32/parameter_link.h"
@@ -109,88 +104,12 @@ int Measure(double seconds) {
     return 0;
 }
 
-void PassTime(qint64 milliseconds) {
-    QEventLoop loop;
-    CClockTimer timer([&loop] { loop.quit(); });
-    timer.StartOnce(milliseconds);
-    loop.exec();
-}
-
-int TakePictures(const QString& directory, int width, const QStringList& registers) {
-    QStringList errors;
-    auto files = ReadDriveFiles(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), {}, errors);
-    if (!files) {
-        std::fprintf(stderr, "%s\n", qPrintable(errors.join(u'\n')));
-        return 2;
-    }
-    CSteppedClock clock;
-    const ClockScope scope(clock);
-    QString error;
-    const std::vector<ParameterDescription> parameters = files->parameters;
-    const auto drive = MakeNamedDrive(QStringLiteral("sim:S2"), std::move(*files), {}, error);
-    drive->GetDrive().GetRegisters().SetNumber(reg::kLocalSupervision, 0);
-    CTrendPanel panel;
-    panel.resize(width, 560);
-    if (!registers.isEmpty()) {
-        const QTemporaryDir place;
-        QSettings settings(place.filePath(QStringLiteral("chosen.ini")), QSettings::IniFormat);
-        settings.setValue(QStringLiteral("trends/signals"), registers);
-        panel.RestoreState(settings);
-    }
-    panel.show();
-    panel.SetDrive(&drive->GetLink(), parameters);
-    const auto shoot = [&](const char* name) {
-        panel.Chart().Draw();
-        panel.Chart().replot();
-        panel.grab().save(directory + QLatin1Char('/') + QLatin1String(name));
-    };
-    drive->TakeLocalControl();
-    drive->CloseContactor();
-    drive->SetReference(QStringLiteral("500"));
-    PassTime(3000);
-    drive->StartMotor();
-    PassTime(20000);
-    drive->SetReference(QStringLiteral("1500"));
-    PassTime(20000);
-    drive->SetFaultMode(QStringLiteral("no-answer"), error);
-    PassTime(4000);
-    drive->ClearFaultModes();
-    PassTime(3000);
-    drive->SetReference(QStringLiteral("-300"));
-    PassTime(12000);
-    shoot("60s.png");
-    for (int i = 0; i < 5; ++i)
-        QApplication::postEvent(&panel.Chart(), new QKeyEvent(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier));
-    panel.Chart().setFocus();
-    PassTime(100);
-    shoot("cursor.png");
-    for (auto* button : panel.findChildren<QToolButton*>())
-        if (button->text() == QLatin1String("Signals"))
-            button->click();
-    PassTime(100);
-    shoot("signals.png");
-    panel.ExportPicture(directory + QStringLiteral("/export.png"));
-    panel.ExportTable(directory + QStringLiteral("/export.csv"));
-    panel.ExportTable(QStringLiteral("/no/such/place.csv"));
-    for (int i = 0; i < 50; ++i) {
-        drive->SetReference(QString::number((i * 377) % 1500));
-        PassTime(60000);
-    }
-    panel.Chart().SetWindow(3600);
-    shoot("1h.png");
-    panel.SetDrive(nullptr, {});
-    return 0;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_NO_GLIB", "1"); // for the stepped clock
     QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() > 2 && arguments[1] == QLatin1String("--pictures"))
-        return TakePictures(arguments[2], arguments.value(3, QStringLiteral("900")).toInt(), arguments.mid(4));
     return Measure(arguments.size() > 1 ? arguments[1].toDouble() : 30);
 }

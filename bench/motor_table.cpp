@@ -1,22 +1,12 @@
-// Has the drive identify random motors of 1 to 300 kW, and one of them under wrong name plates, with a locked shaft and
-// without field; prints what it has found beside the truth, or why it has refused.
+// Has the drive identify random motors of 1 to 300 kW, and one under wrong name plates; prints what it has found beside
+// the truth, or why it has refused.
 //     motor_table [motors [seed]]
 // Exit status 1 when something is found wrong, or refused for a reason that is not so.
-#include "drive/motor_sets.h"
-#include "drive/registers.h"
-#include "drive/service_run.h"
-#include "drive/simulated_drive.h"
-#include "hostlib/tolvbo32/clock.h"
-#include "hostlib/tolvbo32/drive_description.h"
+// What tests include counts on it.
+#include "tests/support/precompiled.h"
 
-#include <algorithm>
-#include <cmath>
-#include <cstdio>
-#include <cstdlib>
-#include <functional>
-#include <numbers>
-#include <random>
-#include <string>
+#include "hostlib/tolvbo32/value_codec.h"
+#include "tests/drive/whole_drive.h"
 
 namespace krt550 {
 namespace {
@@ -61,77 +51,56 @@ private:
 };
 
 /// A drive with a motor and the person in front of it.
-class CTrial {
+class CTrial : public test::WholeDrive {
 public:
-    CTrial(const std::vector<ParameterDescription>& parameters, const MotorSet& motor)
-        : m_motor(motor), m_drive(parameters, &motor) {
-        Set(reg::kSpeedSource, 1);
-        Set(reg::kFieldMode, 1);
+    explicit CTrial(const MotorSet& motor) : WholeDrive(motor) {
+        SetValue(reg::kSpeedSource, 1);
+        SetValue(reg::kFieldMode, 1);
     }
 
-    CSimulatedDrive& Drive() { return m_drive; }
-    void Set(quint16 reg, double shown) { m_drive.GetRegisters().SetNumber(reg, shown); }
-    double Get(quint16 reg) const { return const_cast<CSimulatedDrive&>(m_drive).GetRegisters().GetNumber(reg, -1); }
-
-    quint16 Tune(quint16 mode) {
-        m_drive.ResetFault();
-        m_drive.TakeLocalControl();
-        m_drive.OpenContactor();
-        m_drive.WriteRegister(reg::kServiceMode, mode);
-        m_drive.CloseContactor();
-        m_drive.StartMotor();
-        for (int cycle = 0; cycle < 5001 && Get(reg::kServiceMode) != 0; ++cycle)
-            Wait(50);
-        m_drive.StopMotor();
-        m_drive.OpenContactor();
-        for (int i = 0; i < 6000 && !m_drive.IsStopped(); ++i)
-            Wait(50);
-        return static_cast<quint16>(Get(reg::kDiagnosis));
+    quint16 TuneAndRest(quint16 mode) {
+        Drive().ResetFault();
+        Drive().OpenContactor();
+        const int code = Tune(mode);
+        for (int i = 0; i < 6000 && !Drive().IsStopped(); ++i)
+            Seconds(0.05);
+        return static_cast<quint16>(code);
     }
 
     /// As the text of the refusal advises: more current, and the shaft held against it.
     quint16 TuneArmature() {
-        quint16 code = Tune(1);
+        quint16 code = TuneAndRest(1);
         if (code == diagnosis::kNotContinuous || code == diagnosis::kTurned) {
-            Set(reg::kCurrentLimit1, 150);
-            m_drive.GetMotor().SetLocked(true);
-            code = Tune(1);
-            m_drive.GetMotor().SetLocked(false);
-            Set(reg::kCurrentLimit1, 100);
+            SetValue(reg::kCurrentLimit1, 150);
+            Motor().SetLocked(true);
+            code = TuneAndRest(1);
+            Motor().SetLocked(false);
+            SetValue(reg::kCurrentLimit1, 100);
         }
         return code;
     }
 
     /// The refusal says what is the case.
-    bool IsRight(quint16 code) const {
+    bool IsRight(quint16 code) {
+        const MotorSet& motor = Drive().GetMotorSet();
         CSixPulseConverter converter;
-        converter.SetSupply(m_motor.mains, 50);
-        const double line = converter.DiscontinuousLimit(0.1, m_motor.la) / m_motor.current;
+        converter.SetSupply(motor.mains, 50);
+        const double line = converter.DiscontinuousLimit(0.1, motor.la) / motor.current;
         return (code == diagnosis::kNotContinuous && line > 0.6) ||
-               (code == diagnosis::kInductanceTooLarge && m_motor.la > 0.6) ||
-               (code == diagnosis::kInertiaTooLarge && m_motor.inertia > 60);
+               (code == diagnosis::kInductanceTooLarge && motor.la > 0.6) ||
+               (code == diagnosis::kInertiaTooLarge && motor.inertia > 60);
     }
 
-private:
-    void Wait(qint64 milliseconds) {
-        m_clock.Sleep(milliseconds);
-        m_drive.Poll();
-    }
-
-    CSteppedClock m_clock;
-    ClockScope m_scope{m_clock};
-    MotorSet m_motor;
-    CSimulatedDrive m_drive;
+    const ParameterDescription& Describe(quint16 reg) { return *Drive().GetRegisters().FindDescription(reg); }
 };
 
-const QString& ReasonText(const std::vector<ParameterDescription>& parameters, quint16 code) {
-    static const QString none = QStringLiteral("?");
-    const auto found = std::ranges::find(parameters, reg::kDiagnosis, &ParameterDescription::reg);
-    for (const auto& value : found->values)
-        if (value.first == code)
-            return value.second;
-    return none;
-}
+/// What is wrong on a name plate, and what the drive may say of it.
+struct Plate {
+    const char* name;
+    quint16 reg;
+    double factor;
+    std::set<quint16> reasons;
+};
 
 struct Result {
     const char* what;
@@ -145,24 +114,23 @@ constexpr Result kResults[] = {{"Tf", 2, reg::kFieldTime},
 
 class CTable {
 public:
-    explicit CTable(std::vector<ParameterDescription> parameters) : m_parameters(std::move(parameters)) {}
-
-    /// Tunes field, armature and speed; `right` tells which refusals are what is the case here.
-    void Row(const std::string& name, const MotorSet& motor, const std::function<void(CTrial&)>& prepare,
-             const std::function<bool(const CTrial&, quint16 mode, quint16 code)>& right) {
-        CTrial trial(m_parameters, motor);
-        prepare(trial);
+    /// Tunes field, armature and speed.
+    void Row(const std::string& name, const MotorSet& motor, const Plate* plate = nullptr) {
+        CTrial trial(motor);
+        if (plate)
+            trial.SetValue(plate->reg, trial.Value(plate->reg) * plate->factor);
         std::printf("%-34s", name.c_str());
         std::string refusals;
         bool allFound = true;
         for (const quint16 mode : {quint16{2}, quint16{1}, quint16{4}, quint16{3}}) {
-            const quint16 code = mode == 1 ? trial.TuneArmature() : trial.Tune(mode);
+            const quint16 code = mode == 1 ? trial.TuneArmature() : trial.TuneAndRest(mode);
             if (code) {
                 allFound = false;
-                const bool fits = right(trial, mode, code);
+                const bool fits = plate ? plate->reasons.contains(code) : trial.IsRight(code);
                 m_wrong += !fits;
                 refusals = std::string(fits ? "  refused: " : "  WRONGLY REFUSED: ") +
-                           ReasonText(m_parameters, code).toStdString() + " (mode " + std::to_string(mode) + ")";
+                           ShownText(trial.Describe(reg::kDiagnosis), code).toStdString() + " (mode " +
+                           std::to_string(mode) + ")";
                 break; // the next runs go by what this one should have found
             }
             for (const Result& result : kResults)
@@ -187,16 +155,14 @@ public:
 private:
     bool Compare(CTrial& trial, const Result& result) {
         const double truth = trial.Drive().GetTrueValue(result.reg).value_or(0);
-        const double off = trial.Get(result.reg) / truth - 1;
-        const auto parameter = std::ranges::find(m_parameters, result.reg, &ParameterDescription::reg);
-        const double resolution = std::pow(10, -parameter->decimals);
+        const double off = trial.Value(result.reg) / truth - 1;
+        const double resolution = std::pow(10, -trial.Describe(result.reg).decimals);
         const bool fits = std::abs(off) < kTolerance || std::abs(off) * truth <= resolution / 2;
         std::printf(" %s %+5.1f%%%s", result.what, off * 100, fits ? "" : "!");
         m_wrong += !fits;
         return fits;
     }
 
-    std::vector<ParameterDescription> m_parameters;
     int m_found = 0;
     int m_rows = 0;
     int m_wrong = 0;
@@ -209,74 +175,39 @@ std::string NameOf(const MotorSet& motor) {
     return text;
 }
 
-bool PrintTables(const std::vector<ParameterDescription>& parameters, int motors, unsigned seed) {
-    CTable table(parameters);
-    CMotorMaker maker(seed);
-    const auto nothing = [](CTrial&) {};
-    const auto asItIs = [](const CTrial& trial, quint16, quint16 code) { return trial.IsRight(code); };
-    for (int i = 0; i < motors; ++i) {
-        const MotorSet motor = maker.Make();
-        table.Row(NameOf(motor), motor, nothing, asItIs);
-    }
-    bool good = table.Conclude("Random motors");
-
-    // What a wrong plate makes impossible may be refused, with a reason that names it; the rest must be right all the
-    // same.
-    const struct {
-        const char* name;
-        quint16 reg;
-        double factor;
-        std::set<quint16> reasons;
-    } plates[] = {
-        {"voltage 99.02 x 0.6", reg::kRatedVoltage, 0.6, {diagnosis::kOvervoltage, diagnosis::kSpeedNotReached}},
-        {"voltage 99.02 x 1.5", reg::kRatedVoltage, 1.5, {}},
-        {"current 99.03 x 0.5", reg::kRatedCurrent, 0.5, {diagnosis::kNotContinuous}},
-        {"base speed 99.04 x 0.6", reg::kBaseSpeed, 0.6, {}},
-        {"base speed 99.04 x 1.4", reg::kBaseSpeed, 1.4, {diagnosis::kSpeedLimits}},
-        {"field voltage 99.05 x 0.4",
-         reg::kRatedFieldVoltage,
-         0.4,
-         {diagnosis::kFieldNotReached, diagnosis::kFieldResistance}},
-        {"field current 99.11 x 0.5",
-         reg::kRatedFieldCurrent,
-         0.5,
-         {diagnosis::kFieldResistance, diagnosis::kFieldOvercurrent, diagnosis::kOverspeed,
-          diagnosis::kSpeedNotReached}},
-        {"field current 99.11 x 2",
-         reg::kRatedFieldCurrent,
-         2,
-         {diagnosis::kFieldResistance, diagnosis::kFieldNotReached}},
-    };
-    const MotorSet& motor = *FindMotorSet(QStringLiteral("S3"));
-    for (const auto& plate : plates)
-        table.Row(
-            plate.name, motor, [&](CTrial& trial) { trial.Set(plate.reg, trial.Get(plate.reg) * plate.factor); },
-            [&](const CTrial&, quint16, quint16 code) { return plate.reasons.contains(code); });
-    good = table.Conclude("Wrong name plates of S3") && good;
-
-    table.Row(
-        "shaft locked", motor, [](CTrial& trial) { trial.Drive().GetMotor().SetLocked(true); },
-        [](const CTrial&, quint16, quint16 code) { return code == diagnosis::kDoesNotTurn; });
-    table.Row(
-        "no field", motor, [](CTrial& trial) { trial.Drive().GetMotor().SetFieldBroken(true); },
-        [](const CTrial&, quint16, quint16 code) {
-            return code == diagnosis::kFieldNotReached || code == diagnosis::kFieldLost;
-        });
-    return table.Conclude("Defects of S3") && good;
-}
+// What a wrong plate makes impossible may be refused, with a reason that names it; the rest must be right all the same.
+// Defects of the motor are in the tests of the drive's service runs.
+const Plate kPlates[] = {
+    {"voltage 99.02 x 0.6", reg::kRatedVoltage, 0.6, {diagnosis::kOvervoltage, diagnosis::kSpeedNotReached}},
+    {"voltage 99.02 x 1.5", reg::kRatedVoltage, 1.5, {}},
+    {"current 99.03 x 0.5", reg::kRatedCurrent, 0.5, {diagnosis::kNotContinuous}},
+    {"base speed 99.04 x 0.6", reg::kBaseSpeed, 0.6, {}},
+    {"base speed 99.04 x 1.4", reg::kBaseSpeed, 1.4, {diagnosis::kSpeedLimits}},
+    {"field voltage 99.05 x 0.4",
+     reg::kRatedFieldVoltage,
+     0.4,
+     {diagnosis::kFieldNotReached, diagnosis::kFieldResistance}},
+    {"field current 99.11 x 0.5",
+     reg::kRatedFieldCurrent,
+     0.5,
+     {diagnosis::kFieldResistance, diagnosis::kFieldOvercurrent, diagnosis::kOverspeed, diagnosis::kSpeedNotReached}},
+    {"field current 99.11 x 2", reg::kRatedFieldCurrent, 2, {diagnosis::kFieldResistance, diagnosis::kFieldNotReached}},
+};
 
 } // namespace
 } // namespace krt550
 
 int main(int argc, char** argv) {
-    QStringList errors;
-    const auto parameters =
-        krt550::ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
-    if (!parameters) {
-        std::fprintf(stderr, "%s\n", qPrintable(errors.join(QLatin1Char('\n'))));
-        return 2;
+    using namespace krt550;
+    CTable table;
+    CMotorMaker maker(argc > 2 ? static_cast<unsigned>(std::atoi(argv[2])) : 1);
+    for (int motors = argc > 1 ? std::atoi(argv[1]) : 60; motors > 0; --motors) {
+        const MotorSet motor = maker.Make();
+        table.Row(NameOf(motor), motor);
     }
-    const int motors = argc > 1 ? std::atoi(argv[1]) : 60;
-    const unsigned seed = argc > 2 ? static_cast<unsigned>(std::atoi(argv[2])) : 1;
-    return krt550::PrintTables(*parameters, motors, seed) ? 0 : 1;
+    bool good = table.Conclude("Random motors");
+    for (const Plate& plate : kPlates)
+        table.Row(plate.name, *FindMotorSet(QStringLiteral("S3")), &plate);
+    good = table.Conclude("Wrong name plates of S3") && good;
+    return good ? 0 : 1;
 }

@@ -1,53 +1,26 @@
 // simulate_seconds MOTOR SECONDS: has a simulated drive turn a motor for so long in its own time. What
 // compare_simulation.sh counts the instructions of. Exit status 1 when the drive has tripped: a motor that stands costs
 // nothing.
-#include "drive/motor_sets.h"
-#include "drive/registers.h"
-#include "drive/simulated_drive.h"
-#include "hostlib/tolvbo32/clock.h"
-#include "hostlib/tolvbo32/drive_description.h"
+// What tests include counts on it.
+#include "tests/support/precompiled.h"
 
-#include <cstdio>
-#include <cstdlib>
-
-namespace {
-
-/// What a person sets by hand where the autotuning says that the current has gaps always: README.md has the values.
-void SetByHand(krt550::CRegisterFile& registers) {
-    using namespace krt550;
-    registers.SetNumber(reg::kCurrentGain, 0.008);
-    registers.SetNumber(reg::kCurrentTime, 1.2);
-    registers.SetNumber(reg::kArmatureInductance, 0.02);
-    registers.SetNumber(reg::kArmatureResistance, 16);
-}
-
-} // namespace
+#include "tests/drive/whole_drive.h"
 
 int main(int argc, char** argv) {
     using namespace krt550;
-    QStringList errors;
-    const auto parameters =
-        ReadDriveDescriptionFile(QStringLiteral(KRT550_SOURCE_DIR "/data/KRT550.parameters"), errors);
     const MotorSet* motor = argc > 2 ? FindMotorSet(QString::fromLocal8Bit(argv[1])) : nullptr;
-    if (!parameters || !motor) {
-        std::fprintf(stderr, "simulate_seconds MOTOR SECONDS, as simulate_seconds S2 10\n%s\n",
-                     qPrintable(errors.join(u'\n')));
+    if (!motor) {
+        std::fprintf(stderr, "simulate_seconds MOTOR SECONDS, as simulate_seconds S2 10\n");
         return 2;
     }
-    CSteppedClock clock;
-    const ClockScope scope(clock);
-    CSimulatedDrive drive(*parameters, motor);
-    drive.GetRegisters().SetNumber(reg::kLocalSupervision, 0);
+    test::WholeDrive drive(*motor);
+    drive.SetValue(reg::kLocalSupervision, 0);
+    // What a person sets by hand where the autotuning says that the current has gaps always: README.md has the values.
     if (motor->name == QLatin1String("S5"))
-        SetByHand(drive.GetRegisters());
-    drive.TakeLocalControl();
-    drive.SetSpeedReference(motor->baseSpeed / 2);
-    drive.CloseContactor();
-    drive.StartMotor();
-    for (int second = std::atoi(argv[2]); second > 0; --second) {
-        clock.Sleep(1000);
-        drive.Advance();
-    }
-    std::printf("%.2f rpm, fault %d\n", drive.GetSpeed(), drive.GetFaults().GetActive());
-    return drive.GetFaults().GetActive() == 0 ? 0 : 1;
+        drive.Disturb("4306=0.008 4307=1.2 4309=0.02 4310=16");
+    drive.Run(motor->baseSpeed / 2);
+    for (int second = std::atoi(argv[2]); second > 0; --second)
+        drive.Silence(1);
+    std::printf("%.2f rpm, fault %d\n", drive.Drive().GetSpeed(), drive.Drive().GetFaults().GetActive());
+    return drive.Drive().GetFaults().GetActive() == 0 ? 0 : 1;
 }

@@ -124,14 +124,6 @@ std::optional<FaultMode> ParseFaultMode(const QString& text, QString& error) {
     return FaultMode{mode->kind, number};
 }
 
-QString FaultModeText(const FaultMode& mode) {
-    for (const ModeName& known : kModeNames)
-        if (known.kind == mode.kind)
-            return QString::fromLatin1(known.name) +
-                   (known.argument ? QStringLiteral(":%1").arg(mode.number) : QString());
-    return {};
-}
-
 QString FaultModeNames() {
     QStringList names;
     for (const ModeName& mode : kModeNames)

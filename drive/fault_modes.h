@@ -68,8 +68,6 @@ struct FaultMode {
 /// Reads "no-answer", "read-fails:9906", "late-answer:300" and so on. Nothing for a name that is not known or a
 /// number that is missing or does not fit; `error` then says what there is.
 std::optional<FaultMode> ParseFaultMode(const QString& text, QString& error);
-/// The text that ParseFaultMode reads.
-QString FaultModeText(const FaultMode& mode);
 /// All names with what they need: "no-answer, read-fails:REG, ...".
 QString FaultModeNames();
 /// A line for each mode, its name and its effect, for help texts.

@@ -1,4 +1,5 @@
-// The field reversal assistant: the field is sent forward and back by hand, and what the drive has found is compared.
+// The field reversal assistant: what was refused is told, and what the drive has found is compared. That the field is
+// sent forward and back by hand is a play.
 #include "tests/assistants/tuning_fixture.h"
 
 #include "wizard/resources/control_ids.h"
@@ -58,22 +59,6 @@ protected:
 
     std::map<int, std::function<void()>> m_clicks;
 };
-
-TEST_F(FieldReversal, IsCommandedByHandDuringTheRun) {
-    OnPage([this] {
-        EXPECT_EQ(Buttons(), "---");
-        At(2, kIdFieldForward, "F-S", "-RS");
-        At(4, kIdFieldReverse, "-RS", "F-S");
-        At(6, kIdFieldForward, "F-S", "-RS");
-        At(8, kIdFieldStop, "-RS", "---");
-        m_boxes.Expect("Attention:*");
-        m_boxes.Expect("Autotuning field reversal successful");
-        Robot::Press(kStartRun);
-        EXPECT_EQ(Buttons(), "---");
-        EXPECT_EQ(m_drive.TakeLog({"write"}), (QStringList{"write 9906=9", "write 4507=1", "write 4507=2",
-                                                           "write 4507=1", "write 4507=0", "write 9906=0"}));
-    });
-}
 
 TEST_F(FieldReversal, SaysWhatWasRefusedOnceTheMotorStands) {
     OnPage([this] {

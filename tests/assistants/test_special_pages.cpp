@@ -98,11 +98,14 @@ TEST_F(SpecialPages, WorkWithoutWhatTheDriveLacks) {
          {"- " + notFound(2201) + "\n- " + notFound(1101) + "\n"},
          {ConfigurableValueId(1), ConfigurableValueId(21)},
          ConfigurableValueId(2)},
+        {k12Pulse, {4703, 9719}, {"- Parameter 4703 not found*"}, {ValueId(4703), ValueId(9719)}, ValueId(4702)},
     };
     for (const auto& c : cases) {
         for (const QString& text : c.boxes)
             m_boxes.Expect(text).WithIcon(QMessageBox::Critical);
         const auto look = [&] {
+            if (c.box == k12Pulse)
+                Robot::ShowTab(1);
             m_boxes.Verify();
             for (const int id : c.disabled)
                 EXPECT_FALSE(Robot::IsEnabled(id)) << id;
@@ -110,60 +113,16 @@ TEST_F(SpecialPages, WorkWithoutWhatTheDriveLacks) {
             if (c.box == kConfigurable) {
                 EXPECT_EQ(Robot::Text(ConfigurableLabelId(1)), "2201 Acceleration time") << "what is missing";
             }
+            m_drive->words[4702] = 70;
+            m_drive->words[2202] = 700;
             LetAnUpdatePass();
             EXPECT_EQ(m_drive->TakeLog({"write"}), QStringList());
+            if (c.box == kConfigurable || c.box == k12Pulse) {
+                EXPECT_EQ(Robot::Text(c.working), c.box == kConfigurable ? "7.00" : "7.0") << "follows the drive";
+            }
         };
         OnPage(c.box, look, c.missing);
     }
-}
-
-TEST_F(SpecialPages, TabTellsOnceOfAllThatTheDriveLacks) {
-    OnPage(k12Pulse,
-           [this] {
-               m_boxes.Expect("- Parameter 4703 not found*");
-               Robot::ShowTab(1);
-               EXPECT_FALSE(Robot::IsEnabled(ValueId(4703)) || Robot::IsEnabled(ValueId(9719)));
-               EXPECT_TRUE(Robot::IsEnabled(ValueId(4702)));
-           },
-           {4703, 9719});
-}
-
-QString HintsOfEStop() {
-    QString hints = Robot::IsEnabled(733) ? "" : "- ";
-    for (const int id : {733, 957, 958, 961, 962})
-        hints += Robot::Text(id) + '|';
-    return hints;
-}
-
-TEST_F(SpecialPages, EStopFollowsTheDriveBesideWhatIsTyped) {
-    OnPage(kEStop, [this] {
-        Robot::Choose(624, "Coast");
-        EXPECT_EQ(HintsOfEStop(), "20.00|20.00|s|||") << "until it is applied";
-        Robot::Press(kApply);
-        EXPECT_EQ(HintsOfEStop(), "- |||||");
-        LetAnUpdatePass();
-        EXPECT_EQ(HintsOfEStop(), "- |||||") << "after an update";
-        Robot::Choose(624, "Ramp");
-        Robot::Press(kApply);
-        EXPECT_EQ(HintsOfEStop(), "20.00|20.00|s|||");
-        Robot::Type(733, "7");
-        m_drive->words[2204] = 1500;
-        LetAnUpdatePass();
-        EXPECT_EQ(HintsOfEStop(), "7|15.00|s|||");
-        m_drive->unwritable = {2204};
-        m_boxes.Expect("Writing parameter 22.04 E-stop ramp time failed: simulated failure");
-        Robot::Press(kApply);
-        EXPECT_EQ(Robot::Text(733), "7") << "what was refused can be corrected";
-        LetAnUpdatePass();
-        m_drive->unreadable = {2204};
-        m_boxes.Expect("Reading parameter 22.04 E-stop ramp time failed: simulated failure");
-        m_boxes.Expect("Error while updating parameters\n Stopping parameter update.");
-        LetAnUpdatePass();
-        m_boxes.Verify();
-        m_drive->TakeLog();
-        LetAnUpdatePass();
-        EXPECT_EQ(m_drive->TakeLog(), QStringList()) << "stopped";
-    });
 }
 
 /// "OK", "Fault" or nothing; "?" when the colour says something else than the text.
@@ -196,25 +155,6 @@ TEST_F(SpecialPages, FieldExciterShowsWhetherItsNodeAnswers) {
             Reenter();
             EXPECT_EQ(LinkStatus(), c.status) << c.node << ", types " << c.detected << ' ' << c.used;
         }
-    });
-}
-
-TEST_F(SpecialPages, FieldExciterFollowsTheLink) {
-    m_prepare = [](FakeDrive& drive) {
-        drive.words[9912] = drive.words[406] = 2;
-        drive.words[419] = 0x10;
-    };
-    OnPage(kFieldExciter, [this] {
-        EXPECT_EQ(LinkStatus(), "OK");
-        m_drive->words[419] = 0;
-        LetAnUpdatePass();
-        EXPECT_EQ(LinkStatus(), "Fault");
-        Robot::Type(192, "5");
-        m_drive->words[418] = 0x10;
-        LetAnUpdatePass();
-        EXPECT_EQ(LinkStatus(), "Fault") << "goes by what the drive has, not by what is typed";
-        Robot::Press(kApply);
-        EXPECT_EQ(LinkStatus(), "OK");
     });
 }
 

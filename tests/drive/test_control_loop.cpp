@@ -56,10 +56,7 @@ class ControlLoop : public testing::TestWithParam<const char*> {};
 TEST_P(ControlLoop, TunedByTheDriveStaysInItsBands) {
     WholeDrive drive(GetParam());
     drive.SetValue(reg::kSpeedSource, 1);
-    for (const quint16 mode : {quint16{2}, quint16{1}, quint16{4}}) {
-        ASSERT_EQ(drive.Tune(mode), 0) << mode;
-        drive.Seconds(2);
-    }
+    ASSERT_NO_FATAL_FAILURE(drive.TuneAll({2, 1, 4}, 2));
     const std::pair<quint16, double> found[] = {{reg::kArmatureResistance, 1},
                                                 {reg::kArmatureInductance, 5},
                                                 {reg::kCurrentTime, 6},
@@ -147,10 +144,7 @@ TEST(FieldWeakening, HoldsTheVoltageAboveBaseSpeed) {
     WholeDrive drive("S2");
     drive.SetValue(reg::kSpeedSource, 1);
     drive.SetValue(reg::kFieldMode, 1);
-    for (const quint16 mode : {quint16{2}, quint16{1}, quint16{4}, quint16{3}}) {
-        ASSERT_EQ(drive.Tune(mode), 0) << mode;
-        drive.Seconds(2);
-    }
+    ASSERT_NO_FATAL_FAILURE(drive.TuneAll({2, 1, 4, 3}, 2));
     for (const auto& [reg, flux] : {std::pair{reg::kField40, 40}, {reg::kField70, 70}, {reg::kField90, 90}})
         EXPECT_NEAR(drive.Value(reg), flux, 1) << "without saturation the flux goes with the field current";
     EXPECT_NEAR(drive.Value(reg::kEmfTime), 114, 3) << "what the EMF takes to follow the field";

@@ -39,15 +39,5 @@ TEST(MacroFile, TellsWhatIsWrongWithItsLines) {
     }
 }
 
-TEST(MacroFile, AMacroThatIsNotInItIsRefused) {
-    ScriptedDrive drive;
-    drive.SetValue(reg::kLoadMacro, 1); // from the panel
-    drive.Seconds(0.1);
-    EXPECT_EQ(drive.Value(reg::kLoadMacro), 0);
-    drive.Do("!9907=1");
-    EXPECT_EQ(drive.Drive().GetLastError(), QStringLiteral("The drive has no application macro 0."));
-    EXPECT_EQ(drive.Value(reg::kLoadMacro), 0);
-}
-
 } // namespace
 } // namespace krt550::test

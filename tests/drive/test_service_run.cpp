@@ -122,12 +122,7 @@ TEST_P(SpoiledRun, EndsSafelyAndSaysWhy) {
     simulated.GetFeedback().device = spoiled.device;
     drive.Disturb(spoiled.before);
     const double before = drive.Value(reg::kCurrentGain);
-    simulated.WriteRegister(reg::kServiceMode, spoiled.mode);
-    ASSERT_TRUE(simulated.TakeLocalControl());
-    simulated.CloseContactor();
-    simulated.StartMotor();
-    for (int i = 0; i < 600 && drive.Value(reg::kProgress) < 20; ++i)
-        drive.Seconds(0.05);
+    drive.Begin(spoiled.mode, 20);
     drive.Disturb(spoiled.during);
     if (spoiled.act)
         spoiled.act(simulated);
@@ -159,6 +154,7 @@ struct Reversal {
     bool endsMode;               ///< writes 0 into 99.06, too
     bool isBroken;
     int outcome;
+    double supply = 400; ///< of the field, from the second command on
 };
 
 TEST(FieldReversal, IsJudgedByBothDirections) {
@@ -170,6 +166,7 @@ TEST(FieldReversal, IsJudgedByBothDirections) {
         {"a field that cannot be reversed", 2, {1}, false, false, diagnosis::kCannotReverse},
         {"no field", 3, {1}, false, true, diagnosis::kFieldLost},
         {"nobody commands it", 3, {}, false, false, diagnosis::kTooLong},
+        {"a supply too weak for the other direction", 3, {1, 2}, false, false, diagnosis::kReversalTooSlow, 250},
     };
     for (const Reversal& c : cases) {
         WholeDrive drive("S2");
@@ -187,6 +184,7 @@ TEST(FieldReversal, IsJudgedByBothDirections) {
             EXPECT_EQ(drive.Drive().GetSpeed(), 0) << c.name;
             if (next == c.directions.size() || !isThere())
                 return;
+            drive.SetValue(reg::kFieldSupply, next == 0 ? 400 : c.supply);
             const auto direction = static_cast<quint16>(c.directions[next++]);
             drive.Drive().WriteRegister(reg::kFieldDirection, direction);
             if (direction == 0 && c.endsMode)
@@ -197,27 +195,6 @@ TEST(FieldReversal, IsJudgedByBothDirections) {
         drive.Seconds(10);
         EXPECT_FALSE(drive.Drive().IsContactorClosed()) << c.name;
         EXPECT_NEAR(drive.Value(reg::kFieldRelative), 0, 1) << c.name;
-    }
-}
-
-// A supply that has become too weak for the other direction.
-TEST(FieldReversal, HasItsTime) {
-    for (const bool weak : {true, false}) {
-        WholeDrive drive("S2");
-        drive.SetValue(reg::kExciterUsed, 3);
-        drive.Drive().GetExciter().type = 3;
-        int step = 0;
-        const int outcome = drive.Tune(kReversal, [&] {
-            if (step == 0)
-                drive.Drive().WriteRegister(reg::kFieldDirection, 1);
-            if (++step == 100) {
-                drive.SetValue(reg::kFieldSupply, weak ? 250 : 400);
-                drive.Drive().WriteRegister(reg::kFieldDirection, 2);
-            }
-            if (step == 200 && !weak)
-                drive.Drive().WriteRegister(reg::kFieldDirection, 0);
-        });
-        EXPECT_EQ(outcome, weak ? diagnosis::kReversalTooSlow : diagnosis::kNone);
     }
 }
 

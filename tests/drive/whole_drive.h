@@ -84,35 +84,33 @@ public:
         ASSERT_TRUE(m_drive.StartMotor());
     }
 
-    /// Runs up within 3 s to base speed and lets it settle.
-    void RunUp(double rpm) {
-        SetValue(reg::kRampUp, 3);
-        Run(rpm);
-        Seconds(8);
-    }
-
-    /// Begins a service mode and waits until its progress has come to a percentage.
+    /// Begins a service mode and waits until its progress has come to a percentage, or for 30 s.
     void Begin(quint16 mode, double progress) {
-        ASSERT_TRUE(m_drive.WriteRegister(reg::kServiceMode, mode));
-        ASSERT_TRUE(m_drive.TakeLocalControl());
-        ASSERT_TRUE(m_drive.CloseContactor());
-        ASSERT_TRUE(m_drive.StartMotor());
+        EXPECT_TRUE(m_drive.WriteRegister(reg::kServiceMode, mode));
+        EXPECT_TRUE(m_drive.TakeLocalControl());
+        m_drive.CloseContactor();
+        m_drive.StartMotor();
         for (int i = 0; i < 600 && Value(reg::kProgress) < progress; ++i)
             Seconds(0.05);
     }
 
     /// Runs a service mode as the tool does; `look` is called in every cycle. Gives the outcome.
     int Tune(quint16 mode, const std::function<void()>& look = {}) {
-        EXPECT_TRUE(m_drive.WriteRegister(reg::kServiceMode, mode));
-        EXPECT_TRUE(m_drive.TakeLocalControl());
-        m_drive.CloseContactor();
-        m_drive.StartMotor();
+        Begin(mode, 0);
         for (int cycle = 0; cycle < 5001 && Value(reg::kServiceMode) != 0; ++cycle)
             Seconds(0.05, look);
         EXPECT_EQ(Value(reg::kServiceMode), 0) << "the run does not end";
         m_drive.StopMotor();
         m_drive.OpenContactor();
         return static_cast<int>(Value(reg::kDiagnosis));
+    }
+
+    /// Runs service modes that succeed, with a rest after each [s].
+    void TuneAll(std::initializer_list<quint16> modes, double rest) {
+        for (const quint16 mode : modes) {
+            ASSERT_EQ(Tune(mode), 0) << mode;
+            Seconds(rest);
+        }
     }
 
 private:

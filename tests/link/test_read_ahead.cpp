@@ -3,33 +3,6 @@
 namespace krt550 {
 namespace {
 
-TEST(WirePlace, ReadsNamesAndSaysWhatIsWrongWithThem) {
-    const struct {
-        const char* name;
-        const char* says; ///< how messages name the drive, or what is wrong
-    } cases[] = {
-        {"modbus-tcp:127.0.0.1:1502", "drive 1 at 127.0.0.1:1502"},
-        {"modbus-tcp:[::1]:502,unit=255", "drive 255 at [::1]:502"},
-        {"modbus-rtu:/dev/ttyUSB0,19200,8E1,unit=7", "drive 7 at /dev/ttyUSB0"},
-        {"modbus-tcp:plant", "modbus-tcp:HOST:PORT"},
-        {"modbus-tcp:plant:0", "port from 1 to 65535"},
-        {"modbus-tcp:plant:502,8E1", "modbus-tcp:HOST:PORT"},
-        {"modbus-tcp:plant:502,unit=256", "not a unit from 1 to 255"},
-        {"modbus-tcp:plant:502,colour=red", "has no \"colour=red\""},
-        {"modbus-rtu:/dev/ttyUSB0", "modbus-rtu:DEVICE,BAUD,PARITY"},
-        {"modbus-rtu:/dev/ttyUSB0,19201,8E1", "\"19201\" is not a baud rate"},
-        {"modbus-rtu:/dev/ttyUSB0,19200,9E1", "\"9E1\" is not data bits"},
-        {"modbus-rtu:/dev/ttyUSB0,19200,8E1,unit=248", "not a unit from 1 to 247"},
-        {"modbus-udp:plant:502", "there is no such drive"},
-    };
-    for (const auto& c : cases) {
-        QString error;
-        const auto place = ParseWirePlace(QString::fromUtf8(c.name), error);
-        const QString says = place ? place->Describe() : error;
-        EXPECT_TRUE(says.contains(QString::fromUtf8(c.says))) << c.name << ": " << says.toStdString();
-    }
-}
-
 QString Ranges(const std::vector<RegisterRange>& ranges) {
     QStringList texts;
     for (const RegisterRange& range : ranges)

@@ -51,17 +51,6 @@ protected:
         drive.TakeLog();
         return run;
     }
-    /// Calls that begin so, each time with the moment of the first one as 0.
-    void NoteTimes(const QString& call) {
-        const auto former = drive.onCall;
-        drive.onCall = [this, call, former, began = qint64(-1)](const QString& made) mutable {
-            if (made == call) {
-                began = began < 0 ? clock.Now() : began;
-                times.append(clock.Now() - began);
-            }
-            former(made);
-        };
-    }
 
     CModuleResources resources;
     ResourceScope resourceScope{resources};
@@ -69,7 +58,6 @@ protected:
     ClockScope clockScope{clock};
     CTurningDrive drive;
     MessageBoxes boxes;
-    QList<qint64> times;
 };
 
 } // namespace krt550

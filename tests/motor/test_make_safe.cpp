@@ -1,4 +1,4 @@
-// The way out: its order, its stubbornness, and what it tells.
+// The way out: its stubbornness, and what it tells. Its order stands in the logs of the runs.
 #include "tests/motor/motor_fixture.h"
 
 namespace krt550 {
@@ -15,42 +15,6 @@ QStringList Times(int n, const QStringList& steps) {
     for (int i = 0; i < n; ++i)
         all += steps;
     return all;
-}
-
-TEST_F(WayOutTest, GoesItsStepsInTheirOrder) {
-    const struct {
-        const char* name;
-        std::function<bool(CMotorRun&)> leave;
-        QStringList log;
-        bool keepsControl;
-    } cases[] = {
-        {"cancel", [&](CMotorRun&) { return MakeSafe(&drive, {.serviceMode = drive.Mode()}); },
-         QStringList{"write 9906=0", "refresh"} + kStopSteps + QStringList{"release local control"}, false},
-        {"the drive has finished",
-         [&](CMotorRun& run) {
-             drive.words[9906] = 0;
-             return run.MakeSafe(ServiceModeEnd::Over);
-         },
-         kStopSteps + QStringList{"release local control"}, false},
-        {"the mode may be left", [](CMotorRun& run) { return run.MakeSafe(ServiceModeEnd::IfLeft, true); },
-         kStopSteps + QStringList{"read 9906", "write 9906=0"}, true},
-        {"nobody says anything",
-         [](CMotorRun&) { return true; }, // the run's object goes away
-         {},
-         false},
-    };
-    for (const auto& c : cases) {
-        {
-            const auto run = Turn();
-            EXPECT_TRUE(IsMotorUnderControl());
-            EXPECT_TRUE(c.leave(*run)) << c.name;
-            EXPECT_EQ(drive.TakeLog(), c.log) << c.name;
-            EXPECT_EQ(drive.localControl, c.keepsControl || c.log.isEmpty()) << c.name;
-        }
-        EXPECT_FALSE(drive.localControl) << c.name;
-        EXPECT_EQ(drive.words[9906], 0) << c.name;
-        EXPECT_FALSE(IsMotorUnderControl()) << c.name;
-    }
 }
 
 // Whatever fails: every step is tried, none of them without end, and each failure is told once, after the stop.
@@ -96,9 +60,9 @@ TEST_F(WayOutTest, TriesEveryStepAndTellsAfterTheLast) {
 TEST_F(WayOutTest, RepeatsTheStopUntilTheDriveConfirmsIt) {
     const auto run = Turn();
     drive.looksToStand = 5;
-    NoteTimes("stop motor");
+    const qint64 began = clock.Now();
     EXPECT_TRUE(run->MakeSafe(ServiceModeEnd::Over));
-    EXPECT_EQ(times, QList<qint64>({0, 250, 500, 750, 1000, 1250}));
+    EXPECT_EQ(clock.Now() - began, 5 * 250);
     EXPECT_EQ(drive.TakeLog(), Times(6, kStopSteps) + QStringList{"release local control"})
         << "nothing else is asked, and control stays until the motor stands";
 }
@@ -148,16 +112,6 @@ TEST_F(WayOutTest, FallsSilentWhenTheLinkStaysDead) {
     run->MakeSafe(ServiceModeEnd::First);
     EXPECT_EQ(drive.TakeLog(), QStringList());
     EXPECT_TRUE(drive.localControl) << "never given back over a motor that may turn";
-}
-
-TEST_F(WayOutTest, LeavesADriveAloneThatItDoesNotControl) {
-    EXPECT_TRUE(MakeSafe(&drive, {}));
-    EXPECT_EQ(drive.TakeLog(), QStringList{"refresh"});
-    drive.localControl = true;
-    drive.cancelCondition = false;
-    EXPECT_TRUE(MakeSafe(&drive, {.asksCancelCondition = true}));
-    EXPECT_EQ(drive.TakeLog(), QStringList{"refresh"});
-    EXPECT_FALSE(MakeSafe(nullptr, {}));
 }
 
 } // namespace

@@ -6,50 +6,42 @@
 namespace krt550 {
 namespace {
 
-const QStringList kAlive = {"write 9906=1", "take local control", "close contactor", "start motor", "read 801"};
+using Gate = MotorFixture;
 
-class Gate : public MotorFixture {
-protected:
-    /// Aborts a run in every one of its calls, or by an event that comes meanwhile.
-    void AbortEverywhere(bool byEvent);
-};
-
-void Gate::AbortEverywhere(bool byEvent) {
-    drive.words[801] = 1;
-    for (int n = 1;; ++n) {
-        int calls = 0;
-        bool aborted = false;
-        QStringList afterwards;
-        {
-            CMotorRun run(drive, drive.Mode());
-            drive.onCall = [&](const QString& call) {
-                if (aborted && kAlive.contains(call))
-                    afterwards.append(call);
-                if (++calls != n)
-                    return;
-                aborted = true;
-                if (byEvent)
-                    QMetaObject::invokeMethod(qApp, AbortMotorRun, Qt::QueuedConnection);
-                else
-                    run.Abort();
-            };
-            if (run.IsPermitted() && run.Start(1, 200))
-                run.Wait(50);
-        }
-        EXPECT_EQ(afterwards, QStringList()) << "aborted in call " << n;
-        EXPECT_FALSE(drive.localControl) << n;
-        EXPECT_EQ(drive.words[9906], 0) << n;
-        drive.onCall = {};
-        QCoreApplication::sendPostedEvents();
-        if (!aborted)
-            break;
-    }
-}
-
-// Aborted at any moment, nothing makes the drive more alive afterwards, and nothing is asked but what the way out asks.
+// Aborted at any moment, in a call or by an event that comes meanwhile, nothing makes the drive more alive afterwards,
+// and nothing is asked but what the way out asks.
 TEST_F(Gate, LetsNothingThroughOnceNobodyWantsTheRun) {
-    AbortEverywhere(false);
-    AbortEverywhere(true);
+    const QStringList alive = {"write 9906=1", "take local control", "close contactor", "start motor", "read 801"};
+    drive.words[801] = 1;
+    for (const bool byEvent : {false, true})
+        for (int n = 1;; ++n) {
+            int calls = 0;
+            bool aborted = false;
+            QStringList afterwards;
+            {
+                CMotorRun run(drive, drive.Mode());
+                drive.onCall = [&](const QString& call) {
+                    if (aborted && alive.contains(call))
+                        afterwards.append(call);
+                    if (++calls != n)
+                        return;
+                    aborted = true;
+                    if (byEvent)
+                        QMetaObject::invokeMethod(qApp, AbortMotorRun, Qt::QueuedConnection);
+                    else
+                        run.Abort();
+                };
+                if (run.IsPermitted() && run.Start(1, 200))
+                    run.Wait(50);
+            }
+            EXPECT_EQ(afterwards, QStringList()) << "aborted in call " << n;
+            EXPECT_FALSE(drive.localControl) << n;
+            EXPECT_EQ(drive.words[9906], 0) << n;
+            drive.onCall = {};
+            QCoreApplication::sendPostedEvents();
+            if (!aborted)
+                break;
+        }
 }
 
 // Input comes before timers: what has fallen due waits for the end of a cycle, and for whoever wants out.

@@ -198,18 +198,6 @@ TEST_F(Rows, HaveNothingToTypeIntoWithoutADrive) {
     EXPECT_TRUE(Edit(101).isEnabled() && Switch().isEnabled());
 }
 
-TEST_F(Rows, StartTheUpdateWhenTheTableSaysSo) {
-    for (const auto& [update, expected] :
-         {std::pair{UpdateWhen::AllRead, "110"}, {UpdateWhen::AllFound, "100"}, {UpdateWhen::Always, "111"}}) {
-        const PageRows rows{.layout = 1, .groups = kGroups, .update = update};
-        const CRowTable table(m_window, rows);
-        QString starts;
-        for (const auto& [bound, missing] : {std::pair{true, ""}, {true, "missing"}, {false, ""}})
-            starts += table.StartsUpdate(bound, missing) ? '1' : '0';
-        EXPECT_EQ(starts, expected);
-    }
-}
-
 /// A window whose row 201 has a preset.
 class CPresetWindow : public CWindow, public CPresetOwner {
 public:

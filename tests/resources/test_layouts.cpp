@@ -189,6 +189,12 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
             EXPECT_TRUE(!Speaks(*control) || !NameOf(*control).isEmpty()) << name << " has no name for a screen reader";
             for (const QWidget* other : controls) {
                 const bool framed = qobject_cast<const QGroupBox*>(control) || qobject_cast<const QGroupBox*>(other);
+                const QRect one = control->geometry(), two = other->geometry();
+                // A frame stands for what belongs together: what it cuts through belongs nowhere. The digits' fields
+                // reach out of their frame, the digits in them do not.
+                EXPECT_TRUE(!framed || IsDigit(control) || IsDigit(other) || !one.intersects(two) ||
+                            one.contains(two) || two.contains(one))
+                    << name << " and " << other->objectName().toStdString();
                 // The digits' fields touch; the digits in them are smaller.
                 const bool digits = IsDigit(control) && IsDigit(other);
                 // A drop-down and the edits in its place.
@@ -197,25 +203,9 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
                     qobject_cast<const QComboBox*>(control) && qobject_cast<const QLineEdit*>(other);
                 if (other < control && !framed && !digits && !views && !viewsOther &&
                     !AreOfOneRow(window, control, other)) {
-                    EXPECT_FALSE(control->geometry().intersects(other->geometry()))
-                        << name << " and " << other->objectName().toStdString();
+                    EXPECT_FALSE(one.intersects(two)) << name << " and " << other->objectName().toStdString();
                 }
             }
-        }
-    }
-}
-
-// A frame stands for what belongs together: what it cuts through belongs nowhere.
-TEST_P(Layouts, FramesAreApartOrInsideEachOtherAndCutNothing) {
-    CLayoutWindow window(GetParam());
-    ASSERT_TRUE(window.Create());
-    for (const QWidget* frame : window.findChildren<QGroupBox*>()) {
-        for (const QWidget* other : window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-            if (IsDigit(other)) // the digits' fields reach out of their frame, the digits in them do not
-                continue;
-            const QRect outer = frame->geometry(), inner = other->geometry();
-            EXPECT_TRUE(!outer.intersects(inner) || outer.contains(inner) || inner.contains(outer))
-                << "frame " << frame->objectName().toStdString() << " and " << other->objectName().toStdString();
         }
     }
 }
@@ -309,15 +299,11 @@ TEST_F(Layouts, PicturesAreSharpInEverySize) {
         QSize drawn; ///< in device-independent pixels
     } cases[] = {{86, {}, 1, {}},
                  {86, {}, 1.5, {}},
-                 {86, {}, 2, {}},
                  {106, {}, 2, {}},
-                 {10066, {}, 1, {}},
-                 {108, {}, 2, {}},
                  {86, {}, 1.25, {}},
                  {86, {326, 423}, 1, {309, 419}},
                  {86, {326, 423}, 2, {309, 419}},
                  {86, {300, 900}, 1, {}},
-                 {86, {400, 500}, 1, {}},
                  {86, {800, 1000}, 1, {}}};
     for (const auto& c : cases) {
         const QString file = QStringLiteral(":/krt550/pictures/%1.svg").arg(c.picture);

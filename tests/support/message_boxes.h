@@ -39,9 +39,6 @@ public:
     /// Fails the test when an expected box has not come yet; none is expected afterwards.
     void Verify();
 
-    /// Texts of all boxes that came, in order.
-    const QStringList& Seen() const { return m_seen; }
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -49,7 +46,6 @@ private:
     void Take(QMessageBox& box);
 
     std::list<Expected> m_expected;
-    QStringList m_seen;
 };
 
 } // namespace krt550

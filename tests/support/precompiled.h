@@ -2,8 +2,6 @@
 // comparison shows Qt's texts.
 #pragma once
 
-#include "tests/support/print_qt.h"
-
 #include <QtWidgets>
 
 #include <gtest/gtest.h>
@@ -25,6 +23,10 @@
 #include <span>
 #include <tuple>
 #include <vector>
+
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
 
 inline void PrintTo(const QSize& size, std::ostream* out) {
     *out << size.width() << " x " << size.height();

@@ -48,13 +48,6 @@ void SendAtOnce(int socket) {
 
 } // namespace
 
-quint16 FreePort() {
-    const int listener = Listen();
-    const quint16 port = PortOf(listener);
-    close(listener);
-    return port;
-}
-
 CWireRelay::CWireRelay(quint16 port) : m_port(port), m_listener(Listen()) {
     m_driveName = QStringLiteral("modbus-tcp:127.0.0.1:%1").arg(PortOf(m_listener));
     Begin();

@@ -124,7 +124,4 @@ private:
     std::thread m_thread;
 };
 
-/// A TCP port of this machine that nobody uses.
-quint16 FreePort();
-
 } // namespace krt550

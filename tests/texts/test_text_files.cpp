@@ -104,26 +104,6 @@ TEST_F(TextFixture, TheTwoFilesAreLoadedApart) {
     EXPECT_FALSE(m_store.HasConfigurableValueTexts(QStringLiteral("1")));
 }
 
-QByteArray Utf16(const QString& text) {
-    QStringEncoder encoder(QStringEncoder::Utf16LE);
-    return "\xFF\xFE" + QByteArray(encoder(text));
-}
-
-TEST_F(TextFixture, EncodingsAndLineEndsLoadTheSameTables) {
-    // The last character needs two UTF-16 units; U+0A0A has the byte of a line feed twice.
-    const QString text = QStringLiteral("Drehzahl \u00FCber 5 \u03A9 \u0A0A \U0001F600");
-    const QString file = QStringLiteral("TOOLTIP\t1\t%1\nPAN\t2\tlast line without an end").arg(text);
-    const QByteArray contents[] = {file.toUtf8(), "\xEF\xBB\xBF" + file.toUtf8(), Utf16(file),
-                                   file.toUtf8().replace("\n", "\r\n"),
-                                   Utf16(QString(file).replace(u'\n', QStringLiteral("\r\n")))};
-    for (const QByteArray& content : contents) {
-        WriteWizardTexts(content);
-        CWizardTextStore store;
-        EXPECT_EQ(store.GetToolTip(1), text) << content.toHex().constData();
-        EXPECT_EQ(store.GetParameterName(2), QStringLiteral("last line without an end"));
-    }
-}
-
 TEST_F(TextFixture, BytesThatAreNoUtf8AreLatin1FieldByFieldAndAnEmptyFileIsAFile) {
     WriteWizardTexts("TOOLTIP\t1\t\xFC"
                      "ber\nTOOLTIP\t2\t\xC3\xBC"

@@ -127,25 +127,5 @@ TEST_F(TextFixture, OnlyTheLastGainLineCounts) {
     EXPECT_FALSE(m_store.GetGainAdjustDown(gain));
 }
 
-TEST_F(TextFixture, OutputNamesAndIndexLists) {
-    WriteWizardTexts("AO\t104\tSpeed\nAO\t5\tTorque\nDO\t801\t3\tRunning\nDO\t801\t0\tReady\nDO\t0\t0\tNone\n"
-                     "VANMBOXTRANSMIT\t4\tmt\nVANMBOXRECEIVE\t3\tmr\nVANRECEIVE\t2\tdr\nVANTRANSMIT\t1\tdt\n");
-    EXPECT_EQ(m_store.GetAOName(5), U("Torque"));
-    EXPECT_EQ(m_store.GetAOName(65535), U("Other (65535)"));
-    EXPECT_EQ(m_store.GetDOName(801, 3), U("Running"));
-    EXPECT_EQ(m_store.GetDOName(801, 4), U("Other (801,4)"));
-
-    const auto expectList = [](const IndexList& list, const QList<quint32>& keys, const QStringList& texts) {
-        EXPECT_EQ(list.keys, keys);
-        EXPECT_EQ(list.texts, texts);
-    };
-    expectList(m_store.GetAOList(), {5, 104}, {U("Torque"), U("Speed")});
-    expectList(m_store.GetDOList(), {0, 801 << 16, (801 << 16) + 3}, {U("None"), U("Ready"), U("Running")});
-    expectList(m_store.GetMailBoxTransmitList(), {4}, {U("mt")});
-    expectList(m_store.GetMailBoxReceiveList(), {3}, {U("mr")});
-    expectList(m_store.GetDataSetReceiveList(), {2}, {U("dr")});
-    expectList(m_store.GetDataSetTransmitList(), {1}, {U("dt")});
-}
-
 } // namespace
 } // namespace krt550

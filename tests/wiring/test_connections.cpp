@@ -51,6 +51,7 @@ TEST_F(Connections, TextsNameTheFunction) {
         {{{1001, 20}, {1101, 3}, {1102, 4}, {1003, 5}}, {}, "-|-|-", "On by voltage|-|Reference|Limit"},
         {{{1101, 1}, {1102, 1}}, {}, "-|-|-", "Multiple connections|-|-|-"},
         {{{1001, 1}, {1002, 1}}, {1002}, "Start|?|?", "-|-|-|-"}, // what was not read may be anybody's
+        {{{1001, 65535}, {1101, 65535}}, {}, "-|-|-", "-|-|-|-"}, // a column without a value ties nothing
     };
     for (const auto& c : cases) {
         m_drive.words = {};

@@ -119,6 +119,7 @@ TEST_F(IndexRow, KeepsNameAndNumberTogether) {
         EXPECT_EQ(m_drive.TakeWrites(), c.writes) << c.name;
         m_boxes.Verify();
     }
+    EXPECT_LT(Choices().findText("Nothing"), Choices().findText("104 Speed")) << "by number, whatever the file's order";
     m_boxes.Expect("Error while population AO index");
     EXPECT_FALSE(m_row.Bind(&m_drive.Root(), {{1, 2}, {"one"}}, m_errors));
     CIndexRow missing(m_window, 1506, kIds);

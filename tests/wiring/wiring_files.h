@@ -19,7 +19,7 @@ inline const WizardFiles& WiringFiles() {
                                    "AI\t1101\t201\t1\t2\t3\t\t0\tReference\n"
                                    "AI\t1102\t999\t1\t2\t\t4\t0\tLimit\n"
                                    "AI\t1003\t\t5\t6\t\t\t0\tOn by voltage\n"
-                                   "AO\t0\tNothing\nAO\t104\tSpeed\nDO\t801\t3\tFault\n"
+                                   "AO\t104\tSpeed\nAO\t0\tNothing\nDO\t801\t3\tFault\n"
                                    "VANRECEIVE\t0\tNone\nVANRECEIVE\t7\tWord\n");
     return files;
 }

@@ -1,20 +1,9 @@
+// What follows the drive's name in --drive.
 #include "drive/fault_modes.h"
+#include "drive/motor_options.h"
 
 namespace krt550 {
 namespace {
-
-TEST(FaultModes, TextsAreReadAndWrittenAlike) {
-    QString error;
-    for (const auto& [text, written] : {std::pair{"no-answer", "no-answer"},
-                                        {"read-fails:9906", "read-fails:9906"},
-                                        {"truncated-record:0", "truncated-record:0"},
-                                        {"trip", "trip:110"},
-                                        {"trip:104", "trip:104"}}) {
-        const auto mode = ParseFaultMode(QString::fromLatin1(text), error);
-        ASSERT_TRUE(mode) << text << ": " << error.toStdString();
-        EXPECT_EQ(FaultModeText(*mode).toStdString(), written);
-    }
-}
 
 TEST(FaultModes, WhatIsNotOneIsRefusedInWords) {
     const struct {
@@ -39,6 +28,19 @@ TEST(FaultModes, WhatIsNotOneIsRefusedInWords) {
         EXPECT_FALSE(ParseFaultMode(QString::fromLatin1(c.text), error)) << c.text;
         EXPECT_TRUE(error.contains(QLatin1String(c.words))) << error.toStdString();
     }
+}
+
+TEST(MotorOptions, MakeAMotorWhoseNamePlateAgreesWithIt) {
+    CMotorOptions options(DefaultMotorSet());
+    QString error;
+    for (const auto& [option, value] : {std::pair{"U", "440"}, {"I", "70"}, {"n", "1500"}, {"R", "0.4"}, {"J", "2"}})
+        ASSERT_TRUE(options.Set(QString::fromLatin1(option), QString::fromLatin1(value), error));
+    const MotorSet motor = options.GetMotor();
+    EXPECT_NEAR(motor.laf * motor.fieldCurrent * 1500 * 3.14159 / 30 + 0.4 * 70, 440, 0.1);
+    EXPECT_EQ(motor.mains, 420) << "the armature voltage is at most 1.05 of it";
+    EXPECT_EQ(motor.converterCurrent, 125);
+    EXPECT_EQ(motor.inertia, 2);
+    EXPECT_EQ(motor.la, DefaultMotorSet().la) << "what is not named stays";
 }
 
 } // namespace
