@@ -206,8 +206,9 @@ TEST_F(SpecialPages, FieldExciterFollowsTheLink) {
     OnPage(kFieldExciter, [this] {
         EXPECT_EQ(LinkStatus(), "OK");
         m_drive->words[419] = 0;
+        m_drive->words[9408] = 9;
         LetAnUpdatePass();
-        EXPECT_EQ(LinkStatus(), "Fault");
+        EXPECT_EQ(LinkStatus() + Robot::Text(192), "Fault9");
         Robot::Type(192, "5");
         m_drive->words[418] = 0x10;
         LetAnUpdatePass();

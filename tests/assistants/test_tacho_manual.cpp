@@ -58,6 +58,11 @@ TEST_F(TachoManual, TurnsTheMotorWhileLocalControlIsHeld) {
         Robot::Press(kIdLocalOrRemote);
         EXPECT_EQ(Calls(), QStringList({"refresh"}) + Stop() + QStringList({"refresh"}));
         ExpectDriveButtons(false);
+        TakeLocal();
+        Robot::Press(kIdStartMotor);
+        Robot::Press(kBack);
+        EXPECT_EQ(Robot::Layout(), 107);
+        ExpectSafe();
     });
 }
 

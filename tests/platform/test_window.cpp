@@ -77,6 +77,7 @@ TEST_F(Window, TellsOfAChoiceOnlyWhenItDiffers) {
         QWheelEvent event(QPointF(5, 5), list.mapToGlobal(QPointF(5, 5)), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
                           Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&list, &event);
+        EXPECT_EQ(event.isAccepted(), list.hasFocus()) << "or it scrolls the page";
     };
     SelectChoice(&list, "On");
     QCoreApplication::processEvents();

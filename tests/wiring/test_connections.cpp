@@ -77,6 +77,8 @@ TEST_F(Connections, PickersOfferWhatTheInputCanHave) {
     EXPECT_EQ(Lines(picker), "-Start -Twin -Twin -Always +Always inverted");
     EXPECT_EQ(picker.GetChange().connect, std::vector<int>{4});
     EXPECT_EQ(picker.GetChange().disconnect, (std::vector<int>{1, 3}));
+    EXPECT_TRUE(WriteConnections(&m_drive.Root(), InputKind::Digital, 2, picker.GetChange()));
+    EXPECT_EQ(m_drive.TakeWrites(), (QStringList{"write 1004=12", "write 1002=0"}));
 }
 
 } // namespace
