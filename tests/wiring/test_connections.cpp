@@ -67,11 +67,13 @@ TEST_F(Connections, TextsNameTheFunction) {
 
 TEST_F(Connections, PickersOfferWhatTheInputCanHave) {
     m_drive.words[1002] = 2;
+    m_drive.words[1003] = 8;
     m_drive.words[1004] = 2;
     EXPECT_EQ(Lines({List(InputKind::Digital), 2, {}}), "-Start +Twin -Twin +!Always -Always inverted");
     EXPECT_EQ(Lines({List(InputKind::Digital), 3, {}}), "");
-    EXPECT_EQ(Lines({List(InputKind::Digital), 8, {{0}, {}}}), "+Start -Twin -Twin -Always -Always inverted");
+    EXPECT_EQ(Lines({List(InputKind::Digital), 8, {{0}, {}}}), "+Start -Twin +Twin -Always -Always inverted");
     CConnectionPicker picker(List(InputKind::Digital), 2, {});
+    EXPECT_TRUE(picker.Hint(2).contains("Now connected to DI8"));
     picker.Tick(4, true); // a selector has one function of an input
     picker.Tick(1, false);
     EXPECT_EQ(Lines(picker), "-Start -Twin -Twin -Always +Always inverted");

@@ -212,8 +212,6 @@ void CDialogDIDOSettings::Refresh() {
 void CDialogDIDOSettings::OnTimer(int id) {
     if (id == kUpdateKey)
         Refresh();
-    else
-        CDialog::OnTimer(id);
 }
 
 /// The marks of this dialog's rows; those of the page behind it stay.
