@@ -56,8 +56,7 @@ void BoxClerk::CountLosses(const QObject* watched, QEvent::Type event) {
     if (box == widget && box && event == QEvent::Show && TellsOfLoss(box->text()) && m_losses++ > 0)
         m_rules.violations.append("told again: " + box->text());
     const bool isAct = event == QEvent::MouseButtonPress || event == QEvent::KeyPress || event == QEvent::Close;
-    const bool closes = widget && widget->isWindow() && event == QEvent::Hide; // the page below reads what has changed
-    if (widget && !box && (isAct || closes))
+    if (widget && !box && isAct)
         m_losses = 0;
 }
 

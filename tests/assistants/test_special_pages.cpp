@@ -154,6 +154,7 @@ TEST_F(SpecialPages, EStopFollowsTheDriveBesideWhatIsTyped) {
         m_boxes.Expect("Writing parameter 22.04 E-stop ramp time failed: simulated failure");
         Robot::Press(kApply);
         EXPECT_EQ(Robot::Text(733), "7") << "what was refused can be corrected";
+        LetAnUpdatePass();
         m_drive->unreadable = {2204};
         m_boxes.Expect("Reading parameter 22.04 E-stop ramp time failed: simulated failure");
         m_boxes.Expect("Error while updating parameters\n Stopping parameter update.");

@@ -174,6 +174,8 @@ protected:
         }
     }
 
+    CSteppedClock m_clock; // or a busy machine would come to the refresh before the script
+    ClockScope m_clockScope{m_clock};
     CModuleResources m_resources;
     ResourceScope m_scope{m_resources};
     MessageBoxes m_boxes;

@@ -170,8 +170,7 @@ TEST_F(Rows, ShowNothingThatWasNotReadAndTellOneOutageOnce) {
     EXPECT_FALSE(m_rows.Reread(1, 2));
     EXPECT_TRUE(Text(ValueId(101)) == "9" && IsChanged(101)) << "nothing typed is lost";
     {
-        LossMemory memory;
-        const LossMemory::Scope told(memory);
+        const LossMemory::Scope told(LossMemory::Since::Now);
         m_boxes.Expect("Reading parameter 1.01 Speed failed: simulated failure");
         for (int tries = 0; tries < 2; ++tries)
             EXPECT_FALSE(m_rows.Reread(1, 1));

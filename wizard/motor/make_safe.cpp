@@ -192,8 +192,7 @@ bool MakeSafe(CHostDrive* drive, const WayOut& way) {
     if (!drive || state.stopping || state.silent)
         return false;
     bool safe = false;
-    LossMemory memory;
-    const LossMemory::Scope told(memory);
+    const LossMemory::Scope told(LossMemory::Since::Now);
     {
         const QScopedValueRollback<bool> stopping(state.stopping, true);
         const BoxHold hold;

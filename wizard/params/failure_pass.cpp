@@ -4,6 +4,7 @@
 #include "wizard/params/parameter_access.h"
 
 #include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
@@ -25,7 +26,8 @@ struct Cause {
 
 int g_passes = 0;
 std::vector<Cause> g_causes;
-LossMemory* g_memory = nullptr;
+QSet<QString> g_told; ///< reasons, since the drive last answered
+int g_scopes = 0;
 
 QString NameOf(const CParameterSet& parameter) {
     return RegisterText(parameter) + QLatin1Char(' ') + parameter.GetName();
@@ -94,31 +96,27 @@ bool FailurePass::Take(const CParameterSet& parameter, const QString& text) {
     return true;
 }
 
-LossMemory::Scope::Scope(LossMemory& memory) : m_isOutermost(!g_memory) {
-    if (m_isOutermost)
-        g_memory = &memory;
+LossMemory::Scope::Scope(Since since) {
+    if (g_scopes++ == 0 && since == Since::Now)
+        g_told.clear();
 }
 
 LossMemory::Scope::~Scope() {
-    if (m_isOutermost)
-        g_memory = nullptr;
+    --g_scopes;
 }
 
 bool LossMemory::Knows(const QString& reason) {
-    if (!g_memory)
-        return false;
-    const auto known = g_memory->m_reasons.size();
-    g_memory->m_reasons.insert(reason);
-    return g_memory->m_reasons.size() == known;
+    const auto told = g_told.size();
+    g_told.insert(reason);
+    return g_scopes > 0 && g_told.size() == told;
 }
 
 void LossMemory::NoteAnswer() {
-    if (g_memory)
-        g_memory->m_reasons.clear();
+    g_told.clear();
 }
 
 bool LossMemory::IsLost() {
-    return g_memory && !g_memory->m_reasons.isEmpty();
+    return g_scopes > 0 && !g_told.isEmpty();
 }
 
 } // namespace krt550

@@ -2,7 +2,6 @@
 
 #include "wizard/platform/message_box.h"
 
-#include <QSet>
 #include <QString>
 
 namespace krt550 {
@@ -26,34 +25,34 @@ private:
     BoxOnce m_once;
 };
 
-/// What has been told of the link to the drive while something goes on: a motor's run with its way out and what is said
-/// at its end, or an update pass. Within a Scope whatever fails for a reason that was told already, read or written, is
-/// not told again, until the drive has answered in between.
+/// What has been told of the link to the drive since the drive last answered. Whatever a person does is answered:
+/// outside of a Scope every failure is told. Within one, what fails for a reason that was told already, read or
+/// written, is not told again.
 class LossMemory {
 public:
-    /// Scopes may lie in each other; the memory of the outermost one counts.
+    enum class Since {
+        Now,       ///< a person's act that goes on for long: a motor's run with its way out and what is said at its end
+        LastAnswer ///< what nobody has just asked for: an update pass, a page read again behind a dialog
+    };
+
+    /// Scopes may lie in each other; the outermost one counts.
     class Scope {
     public:
-        explicit Scope(LossMemory& memory);
+        explicit Scope(Since since);
         ~Scope();
         Scope(const Scope&) = delete;
         Scope& operator=(const Scope&) = delete;
-
-    private:
-        bool m_isOutermost;
     };
 
     /// The drive has answered: from now on a loss is another one.
     static void NoteAnswer();
-    /// A loss was told in this scope, and the drive has not answered since.
+    /// A loss was told in a scope, and the drive has not answered since.
     static bool IsLost();
 
 private:
     friend class FailurePass;
-    /// Whether the reason was told already; from now on it was.
+    /// Whether the reason was told already and is not to be told again; from now on it was.
     static bool Knows(const QString& reason);
-
-    QSet<QString> m_reasons;
 };
 
 } // namespace krt550

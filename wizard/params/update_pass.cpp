@@ -1,4 +1,5 @@
 #include "wizard/params/update_pass.h"
+#include "wizard/params/failure_pass.h"
 
 #include "hostlib/tolvbo32/parameter.h"
 #include "wizard/params/announcement.h"
@@ -76,9 +77,7 @@ void CUpdatePass::Announce() const {
 
 void CUpdatePass::TakeTurn() {
     const QPointer<CUpdatePass> self(this);
-    // Longer than this, which may go in its own turn.
-    const std::shared_ptr<LossMemory> memory = m_told;
-    const LossMemory::Scope told(*memory);
+    const LossMemory::Scope told(LossMemory::Since::LastAnswer);
     // While a motor turns nobody could be told of a failure: the link is the run's.
     const bool goesOn = (m_whileMotorTurns || !AreBoxesHeld()) && DoNext();
     if (!self)
@@ -115,6 +114,7 @@ bool CUpdatePass::DoNext() {
 
 void CUpdatePass::Refresh(const UpdatePlan::Item& item, const std::vector<QWidget*>& controls) {
     if (item.parameter->ReadFromDrive()) {
+        LossMemory::NoteAnswer();
         const UpdatingScope updating;
         const QString text = FormatValueText(item.parameter, item.source);
         for (QWidget* control : controls)

@@ -2,14 +2,12 @@
 
 #include "hostlib/tolvbo32/clock.h"
 #include "wizard/params/cyclic_update.h"
-#include "wizard/params/failure_pass.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
 
 #include <deque>
-#include <memory>
 
 namespace krt550 {
 
@@ -38,7 +36,6 @@ private:
     bool m_ticks; ///< a timer has begun it; a failure may have stopped that since
     bool m_whileMotorTurns;
     std::deque<UpdatePlan::Item> m_items;
-    std::shared_ptr<LossMemory> m_told = std::make_shared<LossMemory>();
     CClockTimer m_turn;
 };
 

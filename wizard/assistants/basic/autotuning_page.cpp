@@ -91,8 +91,7 @@ void CAutotuningPage::OnButtonStart() {
     if (m_running || IsMotorUnderControl())
         return;
     const QScopedValueRollback<bool> running(m_running, true);
-    LossMemory memory;
-    const LossMemory::Scope told(memory);
+    const LossMemory::Scope told(LossMemory::Since::Now);
     // Before the question: whoever leaves the page behind it does not want the run.
     std::optional<CMotorRun> run;
     if (CHostDrive* drive = GetDrive())

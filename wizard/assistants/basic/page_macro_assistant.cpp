@@ -146,6 +146,7 @@ void CPageMacroAssistant::ShowEdited(std::initializer_list<TerminalKind> kinds) 
     if (!root)
         return;
     const CWaitCursor wait;
+    const LossMemory::Scope told(LossMemory::Since::LastAnswer); // the dialog may have told of a loss
     const FailurePass pass;
     CReadOnce reads;
     for (std::size_t position = 1; position < GetRows().size(); ++position)

@@ -54,8 +54,7 @@ void ReadFaultAfterRun(CHostDrive* drive, QWidget* diagnosisButton) {
 
 void ShowDiagnosis(CHostDrive* drive, MessageIcon icon) {
     {
-        LossMemory memory;
-        const LossMemory::Scope told(memory);
+        const LossMemory::Scope told(LossMemory::Since::Now);
         ReadRecord(drive, icon);
     }
     CDiagnosisDialog().DoModal();

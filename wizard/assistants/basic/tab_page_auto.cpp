@@ -95,8 +95,7 @@ void CTabPageAuto::OnButtonStart() {
         FinishFineTuning();
     if (m_phase != Phase::Idle || IsMotorUnderControl() || !m_page.GetHostDrive())
         return;
-    LossMemory memory;
-    const LossMemory::Scope told(memory);
+    const LossMemory::Scope told(LossMemory::Since::Now);
     // Before the question: whoever leaves the page behind it does not want the run.
     CMotorRun run(*m_page.GetHostDrive(), m_serviceMode);
     const QScopedValueRollback<CMotorRun*> current(m_run, &run);
