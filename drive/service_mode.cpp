@@ -134,7 +134,7 @@ void CServiceMode::Begin(const ServiceView& view, const DriveSettings& settings,
 }
 
 void CServiceMode::Step(double seconds, const MotorState& state, bool pulseOver) {
-    if (!IsRunning() || m_outcome || m_stuck)
+    if (m_outcome || m_stuck)
         return;
     if (!m_bench->Observe(seconds, state, pulseOver)) {
         m_outcome = diagnosis::kTurned;

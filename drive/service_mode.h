@@ -41,7 +41,7 @@ public:
     bool KeepsFieldOff() const { return m_mode == 1 || m_mode == 2 || m_mode == 9; }
     /// What converter and exciter shall do; needs a run.
     const MotorCommand& GetCommand() const { return m_bench->command; }
-    /// Takes in a step of a run.
+    /// Takes in a step; needs a run.
     void Step(double seconds, const MotorState& state, bool pulseOver);
     /// True once after a run has ended: the motor must not go on with the start command of the run.
     bool TakeEnd() { return std::exchange(m_ended, false); }

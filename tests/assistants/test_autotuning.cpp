@@ -2,6 +2,7 @@
 #include "tests/assistants/tuning_fixture.h"
 
 #include "wizard/platform/row_ids.h"
+#include "wizard/resources/control_ids.h"
 
 namespace krt550 {
 namespace {
@@ -53,6 +54,8 @@ protected:
     static void ExpectStep(StepState state) {
         if (GetParam().page <= kStepCount) {
             EXPECT_EQ(GetStepState(GetParam().page), state);
+            const QWidget* icon = Robot::Control(kStepIconIds[GetParam().page - 1]);
+            EXPECT_EQ(icon->toolTip().endsWith(": done"), state == StepState::Done);
         }
     }
     void ExpectIdle() {
@@ -158,13 +161,14 @@ TEST_P(Autotuning, DoesNothingWhenSomebodyElseControlsTheDriveOrNobodyConfirms) 
 TEST_P(Autotuning, TellsOfAFailureOnceTheDriveIsSafe) {
     const QString refused = "Writing parameter 99.06 Service mode failed: simulated failure";
     const QStringList launched = Permission() + Launch();
-    struct {
+    struct Case {
         const char* name;
         std::function<void()> prepare;
         QStringList boxes;
         QStringList log;
         bool boxForTheRecord = false; ///< reading the fault record ends the mode, too
-    } const cases[] = {
+    };
+    std::vector<Case> cases = {
         {"service mode refused",
          [this] { m_drive.unwritable = {9906}; },
          {refused},
@@ -175,6 +179,11 @@ TEST_P(Autotuning, TellsOfAFailureOnceTheDriveIsSafe) {
          {},
          launched + Looks(GetParam().readsOnceMore ? 5002 : 5001) + EndMode() + Stop()},
     };
+    if (GetParam().showsProgress)
+        cases.push_back({"progress not read",
+                         [this] { m_drive.unreadable = {424}; },
+                         {"Reading parameter 4.24*"},
+                         launched + Looks(1) + EndMode() + Stop()});
     m_drive.faultBufferError = 0;
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -192,6 +201,7 @@ TEST_P(Autotuning, TellsOfAFailureOnceTheDriveIsSafe) {
             EXPECT_LE(m_clock.Now() - before, 200 + 5001 * 50);
             ExpectIdle();
             m_drive.unwritable.clear();
+            m_drive.unreadable.clear();
         });
     }
 }

@@ -30,7 +30,8 @@ TEST_F(AutotuningPages, TheSliderOfStep6GoesFrom0To100WhereTheTextsSayNothing) {
 
 TEST_F(AutotuningPages, SayWhichOfTheRunsParametersTheDriveLacks) {
     std::vector<ParameterDescription> parameters = TuningDrive::Parameters({});
-    std::erase_if(parameters, [](const ParameterDescription& p) { return p.reg == 424 || p.reg == 4306; });
+    std::erase_if(parameters,
+                  [](const ParameterDescription& p) { return p.reg == 424 || p.reg == 4306 || p.reg == 103; });
     FakeDrive drive(parameters);
     drive.wizardPath = m_drive.wizardPath;
     RunWizardWith(drive, [&] {
@@ -39,6 +40,12 @@ TEST_F(AutotuningPages, SayWhichOfTheRunsParametersTheDriveLacks) {
         Robot::Press(kNext);
         m_boxes.Verify();
         EXPECT_FALSE(Robot::IsEnabled(ValueId(4306))) << "a missing row is not told of here";
+        Robot::Press(kBack);
+        Robot::Press(166);
+        m_boxes.Expect("Parameter 424 not found*");
+        m_boxes.Expect("Parameter 103 not found*");
+        Robot::Press(167);
+        Robot::Press(kNext);
     });
 }
 

@@ -31,8 +31,8 @@ TEST_F(DigitalSettings, WritesWhatWasChangedInTheGivenOrder) {
     WritesWhat<CDialogDIDOSettings>({
         {"nothing", "", {}},
         {"everything, from the bottom up",
-         "source DO4 801, 3 Fault; invert DO1; pick DI7 Run; pick DI2 Jog; invert DI5; invert DI1",
-         {"write 1025=1", "write 1029=1", "write 1010=2", "write 1006=7", "write 1401=64735", "write 1407=801",
+         "source DO4 801, 3 Fault; invert DO1; pick DI8 Run; pick DI2 Jog; invert DI5; invert DI1",
+         {"write 1025=1", "write 1029=1", "write 1010=2", "write 1006=8", "write 1401=64735", "write 1407=801",
           "write 1408=3"}},
         {"inverted and back", "invert DI5; invert DI5; invert DO1; invert DO1", {}},
         {"inversion of an output taken away", "invert DO2", {"write 1403=802"}},
@@ -98,7 +98,9 @@ TEST_F(DigitalSettings, ShowsTheDriveAndAQuestionMarkUntilApply) {
         EXPECT_TRUE(qobject_cast<QAbstractButton*>(Robot::Control(Out(2, kDigitalInvert)))->isChecked());
         EXPECT_TRUE(Robot::Control(Out(2, kDigitalChoice))->toolTip().contains("Source of the output"));
 
-        Do("pick DI2 On + Run; source DO2 801, 3 Fault");
+        Do("pick DI2 On + Run");
+        EXPECT_EQ(Texts(In, kDigitalStatus), "1|?|0|1|0|0|0|0") << "at once";
+        Do("source DO2 801, 3 Fault");
         const auto refreshed = [&drive, seen = 0]() mutable {
             return (seen += int(drive.TakeLog({"read 806"}).size())) > 2;
         };

@@ -123,7 +123,6 @@ TEST_F(LinkPages, WordsShowWhatTheyPointTo) {
             EXPECT_EQ(Word(2), "199|N/A|N/A");
             EXPECT_EQ(Word(4), "0||");
             LetAnUpdatePass();
-            LetAnUpdatePass();
             EXPECT_EQ(Word(1), "101|77|rpm");
 
             m_drive->unreadable = {101};
@@ -173,9 +172,10 @@ TEST_F(LinkPages, MailboxesKeepApart) {
         Robot::Choose(PointerId(2, kPointerChoice), "Speed actual");
         EXPECT_EQ(ApplyAndTakeWrites(), QStringList("write 9415=104"));
         m_drive->words[9412] = 9;
+        m_drive->words[9414] = 108;
         LetAnUpdatePass();
         EXPECT_EQ(Robot::Text(kIdMailBoxId), "9");
-        EXPECT_EQ(Word(1), "Speed actual|0|rpm");
+        EXPECT_EQ(Word(1), "Motor torque|0.0|%");
         EXPECT_EQ(ApplyAndTakeWrites(), QStringList());
     });
 }

@@ -40,7 +40,7 @@ TEST_F(TachoManual, TurnsTheMotorWhileLocalControlIsHeld) {
         ExpectDriveButtons(false);
         m_boxes.Expect(kWarning, Answer::Cancel);
         Robot::Press(kIdLocalOrRemote);
-        EXPECT_EQ(Calls(), QStringList({"refresh", "refresh"}));
+        EXPECT_EQ(Calls() + QStringList(Robot::Text(kIdNotice)), QStringList({"refresh", "refresh", ""}));
         ExpectDriveButtons(false);
         TakeLocal();
         ExpectDriveButtons(true);
@@ -58,6 +58,11 @@ TEST_F(TachoManual, TurnsTheMotorWhileLocalControlIsHeld) {
         Robot::Press(kIdLocalOrRemote);
         EXPECT_EQ(Calls(), QStringList({"refresh"}) + Stop() + QStringList({"refresh"}));
         ExpectDriveButtons(false);
+        TakeLocal();
+        Robot::Press(kIdStartMotor);
+        Robot::Press(kBack);
+        EXPECT_EQ(Robot::Layout(), 107);
+        ExpectSafe();
     });
 }
 
@@ -74,15 +79,21 @@ TEST_F(TachoManual, LooksAfterLocalControlOnlyWhileItIsHeld) {
         Robot::Press(kIdLocalOrRemote);
         ExpectDriveButtons(true);
         EXPECT_EQ(Robot::Text(kIdNotice), "");
+        Robot::Type(kIdReference, "abc");
+        m_drive.fails = [](const QString& call) { return call != "refresh" && !call.startsWith("read"); };
+        const std::pair<int, const char*> refused[] = {
+            {kIdSetNewReference, "The drive did not take the speed reference \"abc\"."},
+            {kIdCloseContactor, "The drive did not close its main contactor."},
+            {kIdStartMotor, "The drive did not start the motor."}};
+        for (const auto& [button, notice] : refused) {
+            Robot::Press(button);
+            EXPECT_EQ(Robot::Text(kIdNotice), notice);
+        }
+        m_drive.fails = {};
         m_drive.localControl = false;
         EXPECT_TRUE(Robot::WaitUntil([] { return !Robot::IsEnabled(kIdStartMotor); }));
         ExpectDriveButtons(false);
         EXPECT_EQ(Robot::Text(kIdNotice), "Local control was lost: another control place has taken the drive.");
-        Robot::Type(kIdReference, "abc");
-        m_drive.fails = [](const QString& call) { return call.startsWith("set reference"); };
-        Robot::Press(kIdSetNewReference);
-        EXPECT_EQ(Robot::Text(kIdNotice), "The drive did not take the speed reference \"abc\".");
-        m_drive.fails = {};
     });
 }
 

@@ -11,7 +11,8 @@ namespace {
 const Script kLinks[] = {
     {"ScaledBySpeedLimits", "bus | plc-runs 8s : 104=875 plc2=10000 5132=2"},
     {"PlcGoesOnWithItsWords", "bus | plc-runs 8s : 104=875 | 2301=100 4s : 2301=875 104=875"},
-    {"NothingWithoutModule", "9802=0 1001=1 1101=5 | plc-runs 8s : 701=0 104=0 5132=0 plc2=-99999"},
+    {"NothingWithoutModule",
+     "9802=0 1001=1 1101=5 | plc-runs 8s : 701=0 104=0 5132=0 plc2=-99999 | fieldbus-lost 9802=1 1s : 5132=1"},
     {"NothingWithoutAnAdapterInUse", "bus | plc-runs 8s : 104=875 | 9802=0 20s : 910=117 104=0"},
     {"MissingTarget", "bus | 9002=199 | plc-runs : 701=1151 2301=0 5133=2"},
     {"ReadOnlyTarget", "bus | 9003=112 | plc-runs : 112=230 5133=1 | plc3=7 : 5133=2"},

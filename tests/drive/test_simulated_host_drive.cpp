@@ -153,6 +153,11 @@ TEST_F(SimulatedHostDriveTest, FaultRecordComesCompleteShortTruncatedOrNotAtAll)
 
     m_host.ClearFaultModes();
     EXPECT_TRUE(m_host.ResetFault()) << "the cause went with the fault modes";
+    ASSERT_TRUE(m_host.TakeLocalControl() && m_host.CloseContactor() && m_host.StartMotor());
+    m_host.GetDrive().GetMains().SetVoltage(0);
+    m_clock.Sleep(1000);
+    ASSERT_EQ(ReadRecord(), 0);
+    EXPECT_EQ(m_record[15], 103) << "of the moment of the call";
 }
 
 } // namespace

@@ -24,7 +24,7 @@ const Script kTerminals[] = {
     {"ContactorWithoutAcknowledge", "1014=0 | DI3=off : 104=0 | run : 104=875"},
     {"MotorFan", "3025=1 | run : 104=875 | DI2=off 2s : 910=115"},
     {"ConverterFan", "3025=1 3036=2 | run : 104=875 | DI1=off 2s : 912=4116"},
-    {"Ramp2", "2205=4 2206=2000 | DI4=on DI7=on DI8=on AI1=10 : 104=300~80"},
+    {"Ramp2", "2205=4 2206=2000 | DI4=on DI7=on DI8=on AI1=10 : 104=300~80 | local=on ref=1750 : 104=1750"},
     {"RampHold", "1013=4 | run : 104=875 | DI4=on AI1=10 : 104=875 | DI4=off : 104=1750"},
     {"JogAfterAJogKeepsItsRamp",
      "1010=4 1208=875 2208=100 2209=2000 | DI7=on DI4=on : 104=875 | DI4=off 1s : 104=790~40"},
@@ -33,6 +33,7 @@ const Script kTerminals[] = {
      "DI4=off : 104=600"},
     {"ForwardOnly", "2312=1 | DI7=on DI8=on AI1=-5 : 104=0"},
     {"Reference2", "1103=4 1102=2 | run AI2=2 : 104=875 | DI4=on : 104=350"},
+    {"ChannelAKnowsNoDirection", "5002=0 | DI7=on DI8=on AI1=-5 : 104=-875 103=875"},
     {"Reference1Gain", "1109=500 | run : 104=437"},
     {"SpeedScaling", "5001=1000 | run : 104=500"},
     {"FieldHeating",
@@ -42,7 +43,7 @@ const Script kTerminals[] = {
      "exciter=external50 9912=3 4401=2 4506=4 4508=6000 | run : 104=875 | DI4=on 0.3s : 116=0~0.01 | 4s : 129=-100~3 | "
      "3s : 802=295 | : 104=875 | AI1=-5 : 104=-875 | DI4=off : 129=100 | 0s : 802=39 | : 104=-875"},
     {"FieldReversalAtStandstill",
-     "exciter=external50 9912=3 4401=2 4506=4 4508=6000 4509=0 | run : 104=875 | DI4=on 3s : 129=100~1 | "
+     "exciter=external50 9912=3 4401=2 4506=4 4508=6000 4509=0 | run : 104=875 | DI4=on 3s : 129=100~1 104=875 | "
      "DI8=off 10s : 129=-100~1 | DI8=on 8s : 104=875"},
     {"FieldReversalWithOneBridge",
      "exciter=external50 9912=3 4401=2 4506=4 4508=6000 4316=1 | run : 104=875 | DI4=on 8s : 104=0 | "
@@ -100,9 +101,9 @@ const Script kControlWords[] = {
 };
 
 const Script kTool[] = {
-    {"RunsUpAndDown",
-     "0s : 801=561~0 | local=on ref=1500 close start 6s : 104=1500 217=1500 102=1500~50 801=1335~0 | "
-     "stop 5s : 104=0 DO3=1 | start 5s : 104=1500 | open 1s : DO3=1 | 5s : 104=0 DO3=0 | close : 104=0 DO3=1"},
+    {"RunsUpAndDown", "0s : 801=561~0 | local=on ref=1500 close start 6s : 104=1500 217=1500 102=1500~50 801=1335~0 | "
+                      "stop 0s : 704=119~0 | 5s : 104=0 DO3=1 | start 5s : 104=1500 | open 1s : DO3=1 | 5s : 104=0 "
+                      "DO3=0 | close : 104=0 DO3=1"},
     {"NeedsLocalControlAndItsOrder",
      "!close !open !start !stop !local=off 0s : why=Take_local_control_of_the_drive_first. | "
      "local=on !start 0s : why=Close_the_main_contactor_first. | ref=500 close : 104=0"},

@@ -79,6 +79,11 @@ TEST_F(Gate, SeesTheAbortWhileTimePasses) {
 }
 
 TEST_F(Gate, AdmitsOneRunAtATime) {
+    {
+        CMotorRun asks(drive, drive.Mode());
+        EXPECT_TRUE(asks.IsWanted());
+        EXPECT_FALSE(CMotorRun(drive, drive.Mode()).IsWanted());
+    }
     const auto first = Turn();
     CMotorRun second(drive, drive.Mode());
     EXPECT_FALSE(second.IsWanted());

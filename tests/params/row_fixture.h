@@ -91,7 +91,6 @@ protected:
     }
     bool Bind() { return m_rows.Bind(&m_drive.Root(), errors); }
     CRow& Row(quint16 reg) { return *m_rows.Find(reg); }
-    CRow& Slot() { return m_rows[5]; }
     CRow& ListSlot() { return m_rows[6]; }
     QString Text(int id) { return GetControlText(m_window.GetDlgItem(id)); }
     bool IsShown(int id) { return m_window.GetDlgItem(id)->isVisible(); }

@@ -28,11 +28,15 @@ TEST_F(Rows, ShowNameValueUnitAndLimits) {
 }
 
 TEST_F(Rows, AreDisabledWithoutTheirParameterWhichFailsNothing) {
+    Bind();
+    errors.clear();
     Row(102).SetRegister(998);
+    Row(301).SetRegister(997);
     EXPECT_TRUE(Bind());
-    EXPECT_EQ(Text(LabelId(102)), "Count");
+    EXPECT_EQ(Text(LabelId(102)) + Text(LabelId(301)) + Text(ValueId(301)), "102 CountTexts");
     EXPECT_FALSE(Edit(102).isEnabled() || Switch().currentIndex() < 0);
     EXPECT_EQ(errors, "- Parameter 998 not found from drive.\n\nUnable to use the specified parameter.\n"
+                      "- Parameter 997 not found from drive.\n\nUnable to use the specified parameter.\n"
                       "- Parameter 999 not found from drive.\n\nUnable to use the specified parameter.\n");
 }
 

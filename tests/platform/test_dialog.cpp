@@ -95,6 +95,10 @@ TEST_F(Dialog, TheKeyboardLeavesADisabledControlForTheWayOutAndComesBack) {
         for (const auto& leave : {EnableControl, ShowControl}) {
             QWidget* go = Item(TestResources::kButton);
             go->setFocus();
+            leave(go, false);
+            EXPECT_EQ(QApplication::focusWidget(), Item(TestResources::kClose));
+            leave(go, true);
+            go->setFocus();
             {
                 const CFocusReturn back(go);
                 leave(go, false);

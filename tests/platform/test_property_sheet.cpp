@@ -15,11 +15,11 @@ public:
     bool staysInFront = false;
 
 protected:
-    bool OnInitDialog() override { return Log("init", true); }
+    bool OnInitDialog() override { return Log("init", SetTimer(1, 1000) == 1); }
     bool OnSetActive() override { return Log(isVisible() ? "active (visible)" : "active", true); }
     void OnShown() override { Log(isVisible() ? "shown" : "shown (hidden)", true); }
     bool OnKillActive() override { return Log("kill", !staysInFront); }
-    void OnDestroy() override { Log("destroy", true); }
+    void OnDestroy() override { Log(KillTimer(1) ? "destroy (ticking)" : "destroy", true); }
 
 private:
     bool Log(const char* what, bool result) {

@@ -32,6 +32,8 @@ TEST(ColorStatic, IsGreyAgainWhenItIsNoLongerInverted) {
     status.SetLook(StaticLook::Grey);
     status.SetInverted(true);
     EXPECT_EQ(status.GetColors().behindText, QColor(Qt::black));
+    status.setText("    x");
+    EXPECT_EQ(status.grab().toImage().pixelColor(3, status.height() / 2), Qt::black);
     status.SetInverted(false);
     EXPECT_EQ(status.GetColors().behindRest, QColor(192, 192, 192)) << "not plain";
 }

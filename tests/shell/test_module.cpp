@@ -41,6 +41,7 @@ TEST_F(Module, TakesTheWizardDirectoryFromTheHostsPath) {
         {"wizard.dll", true, R"(C:\Tools\Wizard)"},
         {R"(D:\Own\Files\)", true, R"(D:\Own\Files)"},
         {"E:/Other/x", false, R"(D:\Own\Files)"},
+        {"/wizard.so", true, ""},
     };
     for (const auto& c : cases) {
         m_drive.wizardPath = c.path;

@@ -57,6 +57,11 @@ TEST_F(PageBase, AsksBeforeWhatWasTypedIsLost) {
         Robot::TypeOnly(29904, "1000");
         m_boxes.Expect(question, Answer::Cancel);
         QTest::keyClick(Robot::Front(), Qt::Key_Escape);
+        m_boxes.Expect(question, Answer::Cancel);
+        QCloseEvent close;
+        QSpontaneKeyEvent::setSpontaneous(&close); // by the window's own button
+        qApp->notify(Robot::Front(), &close);
+        EXPECT_FALSE(close.isAccepted());
         EXPECT_EQ(Robot::Text(29904), "1000");
         Robot::Press(kApply);
         QTest::keyClick(Robot::Front(), Qt::Key_Escape);

@@ -47,6 +47,7 @@ TEST(HelpFileTest, BoundsAreToldBesideTheName) {
     QString failure;
     const auto file = CHelpFile::Open(kFile, failure);
     ASSERT_TRUE(file);
+    EXPECT_EQ(file->Read(U("1.htm"), file->Read(U("1.htm"), 1000).content.size()).failure, QString());
     EXPECT_EQ(file->Read(U("1.htm"), 10).failure, U("1.htm cannot be shown: it is larger than 0 kB."));
     EXPECT_TRUE(ReadHelpPicture(*file, U("dot.png"), 6).failure.isEmpty());
     EXPECT_EQ(ReadHelpPicture(*file, U("dot.png"), 5).failure,

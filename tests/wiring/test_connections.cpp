@@ -68,16 +68,20 @@ TEST_F(Connections, TextsNameTheFunction) {
 
 TEST_F(Connections, PickersOfferWhatTheInputCanHave) {
     m_drive.words[1002] = 2;
+    m_drive.words[1003] = 8;
     m_drive.words[1004] = 2;
     EXPECT_EQ(Lines({List(InputKind::Digital), 2, {}}), "-Start +Twin -Twin +!Always -Always inverted");
     EXPECT_EQ(Lines({List(InputKind::Digital), 3, {}}), "");
-    EXPECT_EQ(Lines({List(InputKind::Digital), 8, {{0}, {}}}), "+Start -Twin -Twin -Always -Always inverted");
+    EXPECT_EQ(Lines({List(InputKind::Digital), 8, {{0}, {}}}), "+Start -Twin +Twin -Always -Always inverted");
     CConnectionPicker picker(List(InputKind::Digital), 2, {});
+    EXPECT_TRUE(picker.Hint(2).contains("Now connected to DI8"));
     picker.Tick(4, true); // a selector has one function of an input
     picker.Tick(1, false);
     EXPECT_EQ(Lines(picker), "-Start -Twin -Twin -Always +Always inverted");
     EXPECT_EQ(picker.GetChange().connect, std::vector<int>{4});
     EXPECT_EQ(picker.GetChange().disconnect, (std::vector<int>{1, 3}));
+    EXPECT_TRUE(WriteConnections(&m_drive.Root(), InputKind::Digital, 2, picker.GetChange()));
+    EXPECT_EQ(m_drive.TakeWrites(), (QStringList{"write 1004=12", "write 1002=0"}));
 }
 
 } // namespace

@@ -81,11 +81,8 @@ QString FormatValueText(const CParameter* parameter, TextSource source) {
     QString text;
     if (FindValueText(source, reg, parameter->GetValue(), text))
         return text;
-    if (source == TextSource::WizardFile)
-        text = parameter->GetStringValue();
-    else
-        text.clear();
-    return text.isEmpty() ? QString::number(parameter->GetValue()) : text;
+    const QString own = source == TextSource::WizardFile ? parameter->GetStringValue() : QString();
+    return own.isEmpty() ? QString::number(parameter->GetValue()) : own;
 }
 
 bool ShowParameterValue(CParameter* parameter, QWidget* control) {

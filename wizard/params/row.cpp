@@ -85,9 +85,7 @@ bool CRow::BindControls(CParameterGroup* root, QString& errors) {
         break;
     }
     const bool read = BindDisplayRow(root, m_parameter, m_register, label, Control(m_ids.value), errors, statics.unit);
-    if (!m_parameter)
-        SetControlText(label, m_caption);
-    else if (m_definition.refreshed)
+    if (m_parameter && m_definition.refreshed)
         RegisterForUpdate(m_parameter, Control(m_ids.value));
     return read;
 }

@@ -31,12 +31,6 @@ QWidget* MakeButton(QWidget* parent, bool isDefault) {
     return button;
 }
 
-QWidget* MakeDropDown(QWidget* parent) {
-    auto* dropDown = new QComboBox(parent);
-    dropDown->setFocusPolicy(Qt::StrongFocus);
-    return dropDown;
-}
-
 QWidget* MakeMultilineText(QWidget* parent) {
     auto* text = new QPlainTextEdit(parent);
     text->setReadOnly(true);
@@ -65,7 +59,7 @@ QWidget* MakeControl(const ControlLayout& control, QWidget* parent) {
     case ControlKind::Edit:
         return new QLineEdit(parent);
     case ControlKind::DropDown:
-        return MakeDropDown(parent);
+        return new QComboBox(parent);
     case ControlKind::CheckBox:
         return new QCheckBox(parent);
     case ControlKind::CheckList:

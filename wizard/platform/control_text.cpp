@@ -130,7 +130,6 @@ void AddCheckEntry(QListWidget* list, const QString& text, bool ticked) {
     if (!list)
         return;
     auto* entry = new QListWidgetItem(text);
-    entry->setFlags(Qt::ItemIsUserCheckable | Qt::ItemIsEnabled | Qt::ItemIsSelectable);
     entry->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
     list->addItem(entry); // complete, so that nothing about it changes any more
     if (list->currentRow() < 0)

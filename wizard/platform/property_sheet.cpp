@@ -162,7 +162,6 @@ void CPropertySheet::CreateChild(CWindow& parent, int placeholderId, QPoint offs
     m_placeholder = parent.GetDlgItem(placeholderId);
     setParent(&parent);
     FillTabs();
-    adjustSize();
     OnInitDialog();
     SetActivePage(m_firstPage);
     move((m_placeholder ? m_placeholder->pos() : QPoint()) + offset);

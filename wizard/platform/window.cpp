@@ -67,6 +67,7 @@ void CWindow::Connect(QWidget* control) {
         edit->installEventFilter(this);
     } else if (auto* dropDown = qobject_cast<QComboBox*>(control)) {
         OnOtherChoice(*dropDown, [this, dropDown] { Notify(dropDown, ControlEvent::Selected); });
+        dropDown->setFocusPolicy(Qt::StrongFocus); // not by the wheel, which would choose another entry then
         dropDown->installEventFilter(this);
     } else if (auto* button = qobject_cast<QAbstractButton*>(control)) {
         // A screen reader ticks without a click.

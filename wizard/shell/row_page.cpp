@@ -72,8 +72,6 @@ bool CRowPage::LeavePage() {
 void CRowPage::OnTimer(int id) {
     if (id == GetStepNumber())
         UpdateValues();
-    else
-        CWizardPropertyPage::OnTimer(id);
 }
 
 void CRowPage::AddReads(std::vector<quint16>& registers) {

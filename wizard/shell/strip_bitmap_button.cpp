@@ -23,9 +23,7 @@ void CToolTipButton::SetToolTipText(const QString& text, bool active) {
     setAccessibleName(text);
 }
 
-CStripBitmapButton::CStripBitmapButton(QWidget* parent) : CToolTipButton(parent) {
-    setFocusPolicy(Qt::StrongFocus);
-}
+CStripBitmapButton::CStripBitmapButton(QWidget* parent) : CToolTipButton(parent) {}
 
 void CStripBitmapButton::LoadStripBitmap(int number) {
     const QSize strip = PictureAmongText(number, *this).deviceIndependentSize().toSize();

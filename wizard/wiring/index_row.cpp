@@ -166,8 +166,6 @@ void CIndexRow::Judge() {
     }
     MarkChanged(m_register);
     ShowWaiting();
-    if (m_onChange)
-        m_onChange();
 }
 
 void CIndexRow::ShowWaiting() {

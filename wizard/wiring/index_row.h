@@ -50,8 +50,6 @@ public:
     CParameter* GetParameter() const { return m_parameter; }
     /// Label in place of register and name, from the next binding on; empty: register and name.
     void SetCaption(const QString& caption) { m_caption = caption; }
-    /// Called after a person has changed the row.
-    void SetChangeHandler(std::function<void()> handler) { m_onChange = std::move(handler); }
 
     /// Finds and reads the parameter below `root` and fills the controls. A parameter that the drive lacks adds a line
     /// to `errors` and is no failure; false when reading failed or the list is unsound (shown).
@@ -83,7 +81,6 @@ private:
     IndexList m_list;
     bool m_read = false;    ///< the parameter holds what the drive does
     bool m_showing = false; ///< the program writes into the controls
-    std::function<void()> m_onChange;
 };
 
 } // namespace krt550

@@ -47,11 +47,11 @@ bool CAutotuningPage::BindRows(CParameterGroup* root, QString& errors) {
         condition == ConditionAfter::GeneralRows ? GetRows().GetFirstOfLastGroup() : GetRows().size();
     bool bound = GetRows().Bind(root, errors, 0, before);
     if (condition != ConditionAfter::LookUps)
-        bound = EvaluateStartCondition(root) && bound;
+        EvaluateStartCondition(root);
     bound = GetRows().Bind(root, errors, before, GetRows().size() - before) && bound;
     LookUpReferences(root);
     if (condition == ConditionAfter::LookUps)
-        bound = EvaluateStartCondition(root) && bound;
+        EvaluateStartCondition(root);
     EnableControl(GetDlgItem(kIdAutotuningDiagnosis), false);
     return bound;
 }
@@ -63,10 +63,8 @@ void CAutotuningPage::LookUpReferences(CParameterGroup* root) {
     m_diagnosis = FindParameter(root, 911);
 }
 
-bool CAutotuningPage::EvaluateStartCondition(CParameterGroup* root) {
-    QWidget* start = GetDlgItem(kIdAutotuningStart);
-    EnableControl(start, StartConditionHolds(GetStepNumber(), root));
-    return start != nullptr;
+void CAutotuningPage::EvaluateStartCondition(CParameterGroup* root) {
+    EnableControl(GetDlgItem(kIdAutotuningStart), StartConditionHolds(GetStepNumber(), root));
 }
 
 bool CAutotuningPage::ApplyParameters() {

@@ -63,7 +63,7 @@ private:
     void OnButtonStart();
     void OnButtonDiagnosis();
     void LookUpReferences(CParameterGroup* root);
-    bool EvaluateStartCondition(CParameterGroup* root);
+    void EvaluateStartCondition(CParameterGroup* root);
     void ReportFailure();
 
     // autotuning_run.cpp

@@ -97,10 +97,8 @@ bool CAutotuningPage::ReadProgress(CMotorRun& run) {
 bool CAutotuningPage::JudgeRun(CMotorRun& run) {
     if (!run.Read(m_diagnosis) || m_diagnosis->GetValue() != 0)
         return false;
-    if (m_definition.variant.step > 0) {
-        SetStepState(m_definition.variant.step, StepState::Done);
-        UpdateStepIcons();
-    }
+    SetStepState(m_definition.variant.step, StepState::Done);
+    UpdateStepIcons();
     return true;
 }
 

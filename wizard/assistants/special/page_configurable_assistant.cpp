@@ -41,11 +41,9 @@ CPageConfigurableAssistant::CPageConfigurableAssistant()
 QWidget* CPageConfigurableAssistant::CreateControl(const ControlLayout& control) {
     if (control.kind == ControlKind::Edit)
         return new CPresetEdit(this);
-    if (control.kind != ControlKind::DropDown)
-        return CRowPage::CreateControl(control);
-    auto* dropDown = new CPresetComboBox(this);
-    dropDown->setFocusPolicy(Qt::StrongFocus);
-    return dropDown;
+    if (control.kind == ControlKind::DropDown)
+        return new CPresetComboBox(this);
+    return CRowPage::CreateControl(control);
 }
 
 bool CPageConfigurableAssistant::BindRows(CParameterGroup* root, QString& errors) {

@@ -22,8 +22,8 @@ void CTabPageDataset::AddReads(std::vector<quint16>& registers) {
 }
 
 void CTabPageDataset::AddUpdate(UpdatePlan& plan) {
+    CRowTabPage::AddUpdate(plan); // first: it may bring other pointers
     m_words.AddUpdate(plan);
-    CRowTabPage::AddUpdate(plan);
 }
 
 bool CTabPageDataset::BindRows(CParameterGroup* root, QString& errors) {

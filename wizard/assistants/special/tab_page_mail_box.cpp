@@ -50,8 +50,8 @@ void CTabPageMailBox::AddReads(std::vector<quint16>& registers) {
 }
 
 void CTabPageMailBox::AddUpdate(UpdatePlan& plan) {
+    CRowTabPage::AddUpdate(plan); // first: it may bring other pointers
     m_words.AddUpdate(plan);
-    CRowTabPage::AddUpdate(plan);
 }
 
 bool CTabPageMailBox::BindRows(CParameterGroup* root, QString& errors) {

@@ -78,7 +78,7 @@ void CDialogAnalogSettings::Close() {
 
 void CDialogAnalogSettings::OnTimer(int id) {
     if (id != m_timerKey)
-        return CDialog::OnTimer(id);
+        return;
     UpdatePlan plan;
     for (auto& show : ActualValues())
         plan.AddStep(std::move(show));

@@ -210,8 +210,6 @@ void CDialogDIDOSettings::Refresh() {
 void CDialogDIDOSettings::OnTimer(int id) {
     if (id == kDigitalUpdateKey)
         Refresh();
-    else
-        CDialog::OnTimer(id);
 }
 
 /// The marks of this dialog's rows; those of the page behind it stay.
