@@ -1,7 +1,7 @@
 // Step 5: the tab to turn the motor by hand.
 #include "tests/assistants/speed_feedback_fixture.h"
 
-#include "wizard/platform/window.h"
+#include "tests/support/test_window.h"
 #include "wizard/shell/strip_bitmap_button.h"
 
 #include <QTest>
@@ -70,9 +70,9 @@ TEST_F(TachoManual, TurnsTheMotorWhileLocalControlIsHeld) {
 // held and another place takes the drive, nothing may be pressed that has no effect.
 TEST_F(TachoManual, LooksAfterLocalControlOnlyWhileItIsHeld) {
     OnTab([&] {
-        CWindow* page = CWindow::OwnerOf(Robot::Control(kNext));
+        const QWidget* ofThePage = Robot::Control(kNext);
         m_boxes.Expect(kWarning).Then([&](QMessageBox&) {
-            page->SetTimer(5, 10);
+            SetTimerAround(ofThePage, 5, 10);
             while (m_clock.Now() < 30)
                 m_clock.WaitForEvents(10);
         });

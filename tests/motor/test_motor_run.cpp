@@ -1,7 +1,6 @@
 // The gate: what happens between two steps of a start decides whether the next one happens.
 #include "tests/motor/motor_fixture.h"
-
-#include "wizard/platform/window.h"
+#include "tests/support/test_window.h"
 
 namespace krt550 {
 namespace {
@@ -46,26 +45,24 @@ TEST_F(Gate, LetsNothingThroughOnceNobodyWantsTheRun) {
 
 // Input comes before timers: what has fallen due waits for the end of a cycle, and for whoever wants out.
 TEST_F(Gate, ServesTimersAfterACycleOnly) {
-    struct CTicking : CWindow {
-        CTicking() : CWindow(1) {}
-        void OnTimer(int) override { ++ticks; }
-        int ticks = 0;
-    } window;
+    int ticks = 0;
+    CTestWindow window;
+    window.onTimer = [&] { ++ticks; };
     window.SetTimer(1, 10);
     auto run = Turn();
     clock.Sleep(100);
     EXPECT_TRUE(run->Look());
     EXPECT_TRUE(run->Wait(50));
-    EXPECT_EQ(window.ticks, 0);
+    EXPECT_EQ(ticks, 0);
     EXPECT_TRUE(run->PassCycle(50));
-    EXPECT_EQ(window.ticks, 1) << "once, however often it fell due";
+    EXPECT_EQ(ticks, 1) << "once, however often it fell due";
     clock.Sleep(20);
     QMetaObject::invokeMethod(qApp, AbortMotorRun, Qt::QueuedConnection);
     EXPECT_FALSE(run->PassCycle(0));
-    EXPECT_EQ(window.ticks, 1);
+    EXPECT_EQ(ticks, 1);
     run.reset();
     QCoreApplication::processEvents();
-    EXPECT_EQ(window.ticks, 2) << "when the event loop is back";
+    EXPECT_EQ(ticks, 2) << "when the event loop is back";
     window.KillAllTimers();
 }
 

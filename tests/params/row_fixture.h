@@ -2,12 +2,12 @@
 
 #include "tests/support/fake_drive.h"
 #include "tests/support/message_boxes.h"
+#include "tests/support/test_window.h"
 #include "tests/support/wizard_files.h"
 #include "wizard/params/changed_registers.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/params/row_table.h"
 #include "wizard/platform/control_text.h"
-#include "wizard/platform/window.h"
 #include "wizard/resources/layout_parts.h"
 #include "wizard/resources/module_resources.h"
 #include "wizard/texts/wizard_directory.h"
@@ -54,13 +54,12 @@ public:
 };
 
 /// A window that updates itself.
-class CTickingWindow : public CWindow {
+class CTickingWindow : public CTestWindow {
 public:
-    CTickingWindow() : CWindow(1) {}
+    CTickingWindow() {
+        onTimer = [this] { UpdateParameters(*this, timer); };
+    }
     int timer = 0;
-
-protected:
-    void OnTimer(int) override { UpdateParameters(*this, timer); }
 };
 
 /// That table in a window whose layout is built from it, and a drive behind it.
@@ -76,9 +75,9 @@ protected:
     }
     void SetUp() override {
         ASSERT_TRUE(m_window.Create());
-        m_window.show();
-        m_window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+        m_window.Widget().show();
+        m_window.Widget().activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window.Widget()));
     }
 
     /// A whole update pass.
@@ -104,7 +103,7 @@ protected:
     }
     void Choose(QWidget* list, const QString& text) {
         static_cast<QComboBox*>(list)->setCurrentText(text);
-        m_window.Notify(list, ControlEvent::Selected);
+        m_window.NotifySelected(list);
     }
 
     TableResources m_resources;

@@ -14,7 +14,7 @@ protected:
     void SetUp() override {
         RowFixture::SetUp();
         Bind();
-        m_window.setFocus();
+        m_window.Widget().setFocus();
         m_drive.TakeLog();
     }
     /// Turns of the event loop up to the next drive call.
@@ -46,7 +46,7 @@ TEST_F(CyclicUpdate, LeavesWhatTheUserWorksOnAlone) {
     EXPECT_EQ(Edit(101).text(), "0.0") << "the edit with the focus";
     EXPECT_EQ(m_drive.TakeLog(), (QStringList{"read 201", "read 102", "read 301"}));
     Type(101, "7");
-    m_window.setFocus();
+    m_window.Widget().setFocus();
     for (int i = 0; i < 3; ++i)
         Pass();
     EXPECT_EQ(Edit(101).text(), "7") << "a changed value that is not applied";
@@ -62,7 +62,7 @@ TEST_F(CyclicUpdate, LetsInputInBetweenItsReads) {
     TakeTurn();
     Type(102, "7");
     EXPECT_TRUE(IsChanged(102)) << "typed during a pass";
-    m_window.setFocus();
+    m_window.Widget().setFocus();
     m_drive.words[102] = 99;
     EndPass();
     EXPECT_EQ(m_drive.TakeLog(), (QStringList{"read 101", "read 301"}));

@@ -202,20 +202,10 @@ TEST_F(Rows, HaveNothingToTypeIntoWithoutADrive) {
     EXPECT_TRUE(Edit(101).isEnabled() && Switch().isEnabled());
 }
 
-/// A window whose row 201 has a preset.
-class CPresetWindow : public CWindow, public CPresetOwner {
-public:
-    CPresetWindow() : CWindow(1) {}
-    void SetAllToPresets() override {}
-
-protected:
-    QWidget* CreateControl(const ControlLayout& control) override {
-        return control.id == ValueId(201) ? new CPresetComboBox(this) : nullptr;
-    }
-};
-
 TEST_F(Rows, KeepTheirValueWhenAPresetIsRefused) {
-    CPresetWindow window;
+    CTestWindow window(1, [](const ControlLayout& control, QWidget* parent) -> QWidget* {
+        return control.id == ValueId(201) ? new CPresetComboBox(parent) : nullptr;
+    });
     ASSERT_TRUE(window.Create());
     CRowTable rows{window, kRows, TextSource::ConfigurableFile};
     EXPECT_TRUE(rows.Bind(&m_drive.Root(), errors));

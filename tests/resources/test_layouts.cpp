@@ -1,10 +1,10 @@
 // Every layout as it is drawn: nothing clipped, nothing overlapping, nothing outside, every id once.
 #include "tests/support/shipped_drive.h"
+#include "tests/support/test_window.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/dialog_layout.h"
 #include "wizard/platform/push_button.h"
 #include "wizard/platform/row_ids.h"
-#include "wizard/platform/window.h"
 #include "wizard/resources/control_ids.h"
 #include "wizard/resources/module_resources.h"
 #include "wizard/resources/page_rows.h"
@@ -20,15 +20,13 @@ constexpr int kLayouts[] = {59,  100, 101, 103, 104,  107,  110,   111,   112,  
                             135, 136, 137, 138, 139,  140,  141,   142,   143,   144,   145,   146,
                             147, 148, 149, 150, 7118, 7119, 10000, 10056, 10057, 10058, 10062, 10063};
 
-class CLayoutWindow : public CWindow {
+/// A control that a page makes itself draws a picture and no text.
+class CLayoutWindow : public CTestWindow {
 public:
-    using CWindow::CWindow;
-
-protected:
-    /// A control that a page makes itself draws a picture and no text.
-    QWidget* CreateControl(const ControlLayout& control) override {
-        return control.kind == ControlKind::Custom ? new QWidget(this) : nullptr;
-    }
+    explicit CLayoutWindow(int number)
+        : CTestWindow(number, [](const ControlLayout& control, QWidget* parent) {
+              return control.kind == ControlKind::Custom ? new QWidget(parent) : nullptr;
+          }) {}
 };
 
 /// Room that a control's text needs; nothing for controls whose text may scroll or wrap.
@@ -100,7 +98,7 @@ void ShowLongest(QWidget* control, const QStringList& texts) {
 }
 
 /// Shows the longest names that the terminals can have.
-void NameTerminals(CWindow& window) {
+void NameTerminals(const CTestWindow& window) {
     CWizardTextStore& texts = CWizardTextStore::Instance();
     QStringList names[] = {{}, texts.GetDOList().texts, {}, texts.GetAOList().texts};
     for (const auto& [kind, table] : {std::pair{TerminalKind::DigitalInput, &texts.GetDIConnections()},
@@ -114,9 +112,9 @@ void NameTerminals(CWindow& window) {
 }
 
 /// Fills the labels of the rows as a load does.
-void NameRows(CWindow& window) {
+void NameRows(const CTestWindow& window, int number) {
     SetWizardDirectory(QStringLiteral(KRT550_SOURCE_DIR "/data"));
-    for (const auto& [layout, row] : RowsOf(window.GetLayoutNumber())) {
+    for (const auto& [layout, row] : RowsOf(number)) {
         QStringList texts;
         if (row.reg == 0 && layout != kMacroRows.layout) // what stands in a text file
             texts.append(QStringLiteral("2201 Acceleration time"));
@@ -148,8 +146,8 @@ bool IsDigit(const QWidget* control) {
 }
 
 /// Parts of one row of which the program shows either the drop-down or all the others.
-bool AreOfOneRow(const CWindow& window, const QWidget* one, const QWidget* other) {
-    return std::ranges::any_of(RowsOf(window.GetLayoutNumber()), [&](const LayoutRow& row) {
+bool AreOfOneRow(const CTestWindow& window, int number, const QWidget* one, const QWidget* other) {
+    return std::ranges::any_of(RowsOf(number), [&](const LayoutRow& row) {
         const RowIds ids = IdsOf(row.row);
         const QWidget* list = ids.list != 0 ? window.GetDlgItem(ids.list) : nullptr;
         const auto isPart = [&](const QWidget* control) {
@@ -177,14 +175,14 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
         QFont font = QApplication::font();
         font.setPointSize(pointSize);
         CLayoutWindow window(GetParam());
-        window.setFont(font);
+        window.Widget().setFont(font);
         ASSERT_TRUE(window.Create());
-        NameRows(window);
-        const auto controls = window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        NameRows(window, GetParam());
+        const auto controls = window.Widget().findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
         for (QWidget* control : controls) {
             const std::string name =
                 "control " + control->objectName().toStdString() + " at " + std::to_string(pointSize) + " pt";
-            EXPECT_TRUE(window.rect().contains(control->geometry())) << name;
+            EXPECT_TRUE(window.Widget().rect().contains(control->geometry())) << name;
             EXPECT_LE(NeededWidth(control), control->width()) << name;
             EXPECT_TRUE(!Speaks(*control) || !NameOf(*control).isEmpty()) << name << " has no name for a screen reader";
             for (const QWidget* other : controls) {
@@ -202,7 +200,7 @@ TEST_P(Layouts, KeepsEveryControlApartAndReadable) {
                 const bool viewsOther =
                     qobject_cast<const QComboBox*>(control) && qobject_cast<const QLineEdit*>(other);
                 if (other < control && !framed && !digits && !views && !viewsOther &&
-                    !AreOfOneRow(window, control, other)) {
+                    !AreOfOneRow(window, GetParam(), control, other)) {
                     EXPECT_FALSE(one.intersects(two)) << name << " and " << other->objectName().toStdString();
                 }
             }
@@ -222,7 +220,7 @@ TEST_P(Layouts, HasEachShortcutOnce) {
     for (const int number : shown) {
         CLayoutWindow window(number);
         ASSERT_TRUE(window.Create());
-        for (const CPushButton* button : window.findChildren<CPushButton*>())
+        for (const CPushButton* button : window.Widget().findChildren<CPushButton*>())
             if (const QString key = button->GetMnemonic().toString(); !key.isEmpty()) {
                 EXPECT_TRUE(keys.insert(key).second) << key.toStdString() << " of " << button->text().toStdString();
             }
@@ -249,7 +247,7 @@ TEST_P(Layouts, NamesItsRowsForScreenReadersAndHasThemInTabOrder) {
         expected.append(value->objectName());
     }
     QStringList order;
-    for (QWidget* next = window.nextInFocusChain(); next != &window; next = next->nextInFocusChain())
+    for (QWidget* next = window.Widget().nextInFocusChain(); next != &window.Widget(); next = next->nextInFocusChain())
         if (expected.contains(next->objectName()))
             order.append(next->objectName());
     EXPECT_EQ(order, expected);

@@ -1,11 +1,11 @@
 // A row for a parameter that names a signal: names, numbers, and what keeps them together.
+#include "tests/support/test_window.h"
 #include "tests/wiring/wiring_files.h"
 
 #include "wizard/params/changed_registers.h"
 #include "wizard/params/cyclic_update.h"
 #include "wizard/platform/control_text.h"
 #include "wizard/platform/dialog_layout.h"
-#include "wizard/platform/window.h"
 #include "wizard/texts/wizard_text_store.h"
 #include "wizard/wiring/index_row.h"
 
@@ -37,11 +37,11 @@ protected:
     }
     void Choose(const QString& text) {
         Choices().setCurrentText(text);
-        m_window.Notify(&Choices(), ControlEvent::Selected);
+        m_window.NotifySelected(&Choices());
     }
     void Type(const QString& text) {
         SetControlText(m_window.GetDlgItem(kIds.index), text);
-        m_window.Notify(m_window.GetDlgItem(kIds.index), ControlEvent::FocusLost);
+        m_window.NotifyFocusLost(m_window.GetDlgItem(kIds.index));
     }
     QComboBox& Choices() { return *m_window.GetControl<QComboBox>(kIds.choice); }
     QString Shown() {
@@ -55,7 +55,7 @@ protected:
     ResourceScope m_scope{m_resources};
     WiringDrive m_drive;
     MessageBoxes m_boxes;
-    CWindow m_window{1};
+    CTestWindow m_window;
     CIndexRow m_row{m_window, 1501, kIds};
     QString m_errors;
 };

@@ -6,8 +6,6 @@ namespace krt550 {
 
 /// "Diagnosis": the fault record of the last fetch as rows of label, value and unit.
 class CDiagnosisDialog : public CDialog {
-    Q_OBJECT
-
 public:
     CDiagnosisDialog();
 

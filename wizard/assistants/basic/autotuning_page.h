@@ -39,8 +39,6 @@ struct AutotuningPageDef {
 /// service mode, starts the motor, follows the progress and always ends with the motor stopped, the contactor open and
 /// local control given back. Cancel, or the window going away, aborts it at any moment.
 class CAutotuningPage : public CRowPage {
-    Q_OBJECT
-
 public:
     /// `definition` outlives the page.
     explicit CAutotuningPage(const AutotuningPageDef& definition);

@@ -6,8 +6,6 @@ namespace krt550 {
 
 /// Step 4: autotuning of the armature current controller.
 class CPageAutotuningArmature : public CAutotuningPage {
-    Q_OBJECT
-
 public:
     CPageAutotuningArmature();
 };

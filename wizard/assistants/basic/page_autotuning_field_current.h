@@ -6,8 +6,6 @@ namespace krt550 {
 
 /// Step 3: autotuning of the field current controller.
 class CPageAutotuningFieldCurrent : public CAutotuningPage {
-    Q_OBJECT
-
 public:
     CPageAutotuningFieldCurrent();
 };

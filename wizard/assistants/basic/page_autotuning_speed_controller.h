@@ -9,24 +9,18 @@ namespace krt550 {
 
 /// Base speed, speed range and ramps.
 class CTabPageSetGeneralParameters : public CRowTabPage {
-    Q_OBJECT
-
 public:
     CTabPageSetGeneralParameters();
 };
 
 /// Zero speed, torque and current limits.
 class CTabPageSetLimits : public CRowTabPage {
-    Q_OBJECT
-
 public:
     CTabPageSetLimits();
 };
 
 /// Filters of the speed loop, which the slider of the page sets too.
 class CTabPageSetFilters : public CRowTabPage {
-    Q_OBJECT
-
 public:
     CTabPageSetFilters();
     /// Shows what the drive has by now and forgets what was typed, once the tab has been loaded.
@@ -37,8 +31,6 @@ public:
 /// file for each of its positions: all of them when it is released, on Apply those that the drive has not. When the
 /// page opens the slider stands where the drive is, and at its maximum when the drive has none of these sets.
 class CPageAutotuningSpeedController : public CAutotuningPage {
-    Q_OBJECT
-
 public:
     CPageAutotuningSpeedController();
 

@@ -6,8 +6,6 @@ namespace krt550 {
 
 /// Step 7: autotuning of the EMF controller and the flux linearization.
 class CPageFieldWeakening : public CAutotuningPage {
-    Q_OBJECT
-
 public:
     CPageFieldWeakening();
 };

@@ -12,8 +12,6 @@ class CReadOnce;
 /// Step 2: the application macro, the parameters that depend on it, and what the terminals are connected to. A chosen
 /// macro is loaded with Apply or Next, never while the motor may turn; until then the rest of the page shows "?".
 class CPageMacroAssistant : public CRowPage {
-    Q_OBJECT
-
 public:
     CPageMacroAssistant();
 

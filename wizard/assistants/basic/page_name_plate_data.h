@@ -6,8 +6,6 @@ namespace krt550 {
 
 /// Step 1: language, the motor's name plate, two protection levels and the mains voltage.
 class CPageNamePlateData : public CRowPage {
-    Q_OBJECT
-
 public:
     CPageNamePlateData();
 };

@@ -9,8 +9,6 @@ namespace krt550 {
 
 /// Step 5: which speed feedback is there, and the fine tuning of a tacho. Two tabs, and below them the speeds.
 class CPageSpeedFeedback : public CRowPage, private CSpeedFeedbackOwner {
-    Q_OBJECT
-
 public:
     CPageSpeedFeedback();
 

@@ -13,8 +13,6 @@ class CSpeedFeedbackOwner;
 ///
 /// All of it runs inside the Start button's handler, which ends with the motor stopped and local control given back.
 class CTabPageAuto : public CRowTabPage {
-    Q_OBJECT
-
 public:
     explicit CTabPageAuto(CSpeedFeedbackOwner& page);
 

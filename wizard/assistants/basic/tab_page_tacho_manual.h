@@ -15,8 +15,6 @@ class CStripBitmapButton;
 /// control is held from the warning's OK until the button is pressed again, the other tab comes to the front or the
 /// page is left; the drive buttons are enabled exactly as long.
 class CTabPageTachoManual : public CRowTabPage {
-    Q_OBJECT
-
 public:
     explicit CTabPageTachoManual(CSpeedFeedbackOwner& page);
     ~CTabPageTachoManual() override;

@@ -7,8 +7,6 @@ namespace krt550 {
 
 /// A tab that says at once which of its parameters the drive lacks.
 class CTabPage12Pulse : public CRowTabPage {
-    Q_OBJECT
-
 public:
     using CRowTabPage::CRowTabPage;
 
@@ -18,8 +16,6 @@ protected:
 
 /// What two converters that feed one motor with twelve pulses have to know of each other: two tabs.
 class CPage12Pulse : public CRowPage {
-    Q_OBJECT
-
 public:
     CPage12Pulse();
 

@@ -12,8 +12,6 @@ struct ConfigurableRow;
 
 /// Up to forty rows that a text file says: parameters, captions, presets, tool tips and help texts.
 class CPageConfigurableAssistant : public CRowPage, public CPresetOwner {
-    Q_OBJECT
-
 public:
     CPageConfigurableAssistant();
 

@@ -8,8 +8,6 @@ namespace krt550 {
 
 /// How the drive stops after an E-stop and which inputs tell it to, with the delays that the relays should have.
 class CPageEStopElDisconnect : public CRowPage {
-    Q_OBJECT
-
 public:
     CPageEStopElDisconnect();
     ~CPageEStopElDisconnect() override;

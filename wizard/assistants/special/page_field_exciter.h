@@ -10,8 +10,6 @@ class CColorStatic;
 
 /// The link between the armature converter and an external field exciter: node numbers, and whether it works.
 class CPageFieldExciter : public CRowPage {
-    Q_OBJECT
-
 public:
     CPageFieldExciter();
 

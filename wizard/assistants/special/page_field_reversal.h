@@ -9,8 +9,6 @@ class CColorStatic;
 /// A motor whose direction is changed by its field: the exciter's settings, and a test in which somebody sends the
 /// field current forward and back by hand.
 class CPageFieldReversal : public CAutotuningPage {
-    Q_OBJECT
-
 public:
     CPageFieldReversal();
 

@@ -6,8 +6,6 @@ namespace krt550 {
 
 /// What the terminals are connected to, without the macro. The settings are edited and applied in dialogs of their own.
 class CPageIOAssistant : public CPageMacroAssistant {
-    Q_OBJECT
-
 public:
     CPageIOAssistant();
 

@@ -9,8 +9,6 @@ namespace krt550 {
 
 /// The drive-to-drive link: the drive's node and its four mailboxes.
 class CPageMasterFollowerDriveToDrive : public CRowPage {
-    Q_OBJECT
-
 public:
     CPageMasterFollowerDriveToDrive();
 

@@ -7,8 +7,6 @@ namespace krt550 {
 
 /// Levels at which the drive trips, its reactions, and its limits: two tabs.
 class CPageProtectionAndLimit : public CRowPage {
-    Q_OBJECT
-
 public:
     CPageProtectionAndLimit();
 

@@ -8,8 +8,6 @@ namespace krt550 {
 
 /// The fieldbus of the drive: its module, the adapter's parameters, and the words exchanged with the PLC.
 class CPageSerialCommunication : public CRowPage {
-    Q_OBJECT
-
 public:
     CPageSerialCommunication();
 

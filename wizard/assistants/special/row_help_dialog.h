@@ -6,8 +6,6 @@ namespace krt550 {
 
 /// A small window with the help text of one row, at the button that asked for it.
 class CRowHelpDialog : public CDialog {
-    Q_OBJECT
-
 public:
     /// `button` is visible and outlives the dialog.
     CRowHelpDialog(QString text, const QWidget& button);

@@ -9,8 +9,6 @@ enum class DatasetDirection { FromPLC, ToPLC };
 
 /// The words that the drive exchanges with the PLC in one direction, and the parameters that they are tied to.
 class CTabPageDataset : public CRowTabPage {
-    Q_OBJECT
-
 public:
     explicit CTabPageDataset(DatasetDirection direction);
 

@@ -7,8 +7,6 @@ namespace krt550 {
 /// The parameters of the fieldbus adapter: as many as the mounted type has. A parameter that the type does not use has
 /// a name that begins with "fieldbus"; its row is hidden like that of a parameter that the drive lacks.
 class CTabPageFieldbusParameters : public CRowTabPage {
-    Q_OBJECT
-
 public:
     CTabPageFieldbusParameters();
 

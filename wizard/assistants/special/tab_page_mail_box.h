@@ -8,8 +8,6 @@ namespace krt550 {
 /// One mailbox of the drive-to-drive link: its ID, whose sign is the direction, and the parameters that its four words
 /// are tied to. A negative ID means that the drive receives it, any other one that it transmits it.
 class CTabPageMailBox : public CRowTabPage {
-    Q_OBJECT
-
 public:
     /// `number` 1 to 4.
     explicit CTabPageMailBox(int number);

@@ -9,8 +9,6 @@ namespace krt550 {
 
 /// "AI settings": what the analogue inputs AI1 to AI4 are connected to, their range, scaling and filter.
 class CDialogAISettings : public CDialogAnalogSettings {
-    Q_OBJECT
-
 public:
     explicit CDialogAISettings(QWidget* owner = nullptr);
 

@@ -10,8 +10,6 @@ namespace krt550 {
 
 /// "AO settings": which signals the analogue outputs AO1 and AO2 carry, their range, filter and scaling.
 class CDialogAOSettings : public CDialogAnalogSettings {
-    Q_OBJECT
-
 public:
     explicit CDialogAOSettings(QWidget* owner = nullptr);
 

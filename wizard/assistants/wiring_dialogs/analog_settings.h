@@ -13,8 +13,6 @@ inline constexpr quint16 kSpeedScaling = 229;
 /// The settings of the analogue inputs or outputs: rows that follow the drive, Apply, Close and Cancel. The dialog
 /// writes in its own Apply and Close only; what was typed is forgotten with Cancel.
 class CDialogAnalogSettings : public CDialog {
-    Q_OBJECT
-
 public:
     /// Below this root (borrowed) the parameters are found; to be given before DoModal. Without one nothing is shown
     /// and nothing can be changed.

@@ -10,8 +10,6 @@ namespace krt550 {
 /// A list of the functions that one input can be connected to, each with a tick. It writes nothing: what was changed is
 /// the opener's.
 class CDialogConnections : public CDialog {
-    Q_OBJECT
-
 public:
     /// What was changed, once DoModal has returned kIdCloseDialog.
     ConnectionChange GetChange() const;
@@ -38,8 +36,6 @@ private:
 
 /// "AI Settings": what one analogue input is connected to.
 class CDialogAIConnections : public CDialogConnections {
-    Q_OBJECT
-
 public:
     CDialogAIConnections(QWidget* opener, int input, CParameterGroup* root, const ConnectionChange& pending);
 };

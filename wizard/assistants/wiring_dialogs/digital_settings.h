@@ -13,8 +13,6 @@ namespace krt550 {
 /// "DI and DO settings": what the digital inputs feed, what the digital outputs carry, which of them are inverted, and
 /// the state of every terminal. Apply and Close write, Cancel does not.
 class CDialogDIDOSettings : public CDialog {
-    Q_OBJECT
-
 public:
     CDialogDIDOSettings();
 
