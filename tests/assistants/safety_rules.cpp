@@ -43,25 +43,26 @@ void SafetyRules::JudgeCall(const QString& call, bool inServiceMode) {
 void SafetyRules::SeeBox(const QString& text) {
     if (m_turning && !IsAlarm(text))
         violations.append("a box over a turning motor: " + text);
+    if (TellsOfLoss(text) && ++m_lossesTold > std::max(m_lossesHad, 1))
+        violations.append("told again: " + text);
+}
+
+void SafetyRules::NoteOutcome(const QString& outcome) {
+    const bool lost = TellsOfLoss(outcome);
+    m_lossesHad += lost && !m_lost ? 1 : 0;
+    m_lost = lost;
 }
 
 BoxClerk::BoxClerk(SafetyRules& rules) : m_rules(rules) {
     qApp->installEventFilter(this);
 }
 
-/// Whatever one click, or one key, sets off tells of a drive that does not answer once.
-void BoxClerk::CountLosses(const QObject* watched, QEvent::Type event) {
-    const auto* widget = qobject_cast<const QWidget*>(watched);
-    const auto* box = widget ? qobject_cast<const QMessageBox*>(widget->window()) : nullptr;
-    if (box == widget && box && event == QEvent::Show && TellsOfLoss(box->text()) && m_losses++ > 0)
-        m_rules.violations.append("told again: " + box->text());
-    const bool isAct = event == QEvent::MouseButtonPress || event == QEvent::KeyPress || event == QEvent::Close;
-    if (widget && !box && isAct)
-        m_losses = 0;
-}
-
 bool BoxClerk::eventFilter(QObject* watched, QEvent* event) {
-    CountLosses(watched, event->type());
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    const bool isAct = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress ||
+                       event->type() == QEvent::Close;
+    if (isAct && widget && !qobject_cast<const QMessageBox*>(widget->window()))
+        m_rules.NoteAct();
     const auto* notice = qobject_cast<QLabel*>(watched);
     if (notice && event->type() == QEvent::Paint && notice->objectName().toInt() == kIdNotice &&
         !notice->text().isEmpty() && !texts.contains(notice->text()))
