@@ -35,10 +35,11 @@ void CheckReply(quint8 function, const QByteArray& pdu) {
 
 void Feed(const QByteArray& bytes) {
     CSteppedClock clock;
-    const ClockScope scope(clock);
+    CServedClock time(clock);
+    const ClockScope scope(time);
     QString error;
     const auto drive = MakeNamedDrive(QStringLiteral("sim"), Files(), {}, error);
-    CServedDrive served(*drive);
+    CServedDrive served(*drive, time);
     CRequestHandler handler(served, {"KRT", "P", "2", "", "N", "M", "U"});
     Master onTcp;
     Master onLine;

@@ -16,7 +16,7 @@ static_assert(kFaultRecordSize <= wire::kFaultMostBytes);
 
 } // namespace
 
-CServedDrive::CServedDrive(CSimulatedHostDrive& drive) : m_host(drive) {
+CServedDrive::CServedDrive(CSimulatedHostDrive& drive, CServedClock& time) : m_host(drive), m_time(time) {
     m_host.LeaveRepliesToLine();
     m_host.GetDrive().SetToolSpeaks(false);
 }
@@ -29,9 +29,13 @@ bool CServedDrive::IsHeldByOther(const Master& master) const {
     return m_holder != &master && m_host.GetDrive().GetControlPlace() == ControlPlace::Local;
 }
 
+void CServedDrive::Advance() {
+    m_time.Pass([this] { m_host.GetDrive().Advance(); });
+}
+
 void CServedDrive::Hear(const Master& master) {
+    Advance();
     CSimulatedDrive& drive = m_host.GetDrive();
-    drive.Advance();
     drive.SetToolSpeaks(IsHeldBy(master));
     drive.Poll();
 }

@@ -2,6 +2,7 @@
 
 #include "drive/simulated_host_drive.h"
 #include "modbus/wire_values.h"
+#include "server/served_clock.h"
 
 #include <span>
 
@@ -19,8 +20,13 @@ struct Master {
 /// is reported when it comes to an end.
 class CServedDrive {
 public:
-    /// `drive` is borrowed. From now on the line disturbs nothing: that is left to whoever carries the frames.
-    explicit CServedDrive(CSimulatedHostDrive& drive);
+    /// Both are borrowed; `time` is the clock that the drive goes by. From now on the line disturbs nothing: that is
+    /// left to whoever carries the frames.
+    CServedDrive(CSimulatedHostDrive& drive, CServedClock& time);
+
+    /// Lets the time that has passed pass in the drive. It is to be called often, so that the drive lives on while
+    /// nobody asks it anything.
+    void Advance();
 
     /// A valid frame of this connection has arrived, whatever it asks for.
     void Hear(const Master& master);
@@ -55,6 +61,7 @@ private:
     Words UnitTextBlock(const Master& master);
 
     CSimulatedHostDrive& m_host;
+    CServedClock& m_time;
     const Master* m_holder = nullptr; ///< null while local control is held: its connection is gone
     quint16 m_commandCount = 0;
     qint64 m_busyUntil = 0; ///< [ms of the clock]

@@ -11,6 +11,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <utility>
 
 namespace krt550 {
 namespace {
@@ -39,8 +40,8 @@ Identification IdentificationOf(CSimulatedHostDrive& drive) {
 }
 
 /// Serves the drive until it is asked to end.
-int Serve(CSimulatedHostDrive& drive, const ServerOptions& options) {
-    CServedDrive served(drive);
+int Serve(CSimulatedHostDrive& drive, CServedClock& time, const ServerOptions& options) {
+    CServedDrive served(drive, time);
     CRequestHandler handler(served, IdentificationOf(drive));
     CEnding ending(drive, [](bool stands) { QCoreApplication::exit(stands ? 0 : kExitFailure); });
     QString place;
@@ -74,10 +75,14 @@ int Serve(CSimulatedHostDrive& drive, const ServerOptions& options) {
         if (!drive.GetDrive().IsStopped())
             Print(stdout, QStringLiteral("krt550sim: the motor is stopped first; once more ends at once"));
     });
-    // The drive lives on while nobody asks it anything.
     constexpr int kTickMs = 50;
     QTimer tick;
-    QObject::connect(&tick, &QTimer::timeout, &tick, [&] { drive.GetDrive().Advance(); });
+    bool isToldOfLoss = false;
+    QObject::connect(&tick, &QTimer::timeout, &tick, [&] {
+        served.Advance();
+        if (time.HasLost() && !std::exchange(isToldOfLoss, true))
+            Complain(QStringLiteral("warning: too slow a machine, or a halted one: the drive's time falls behind"));
+    });
     tick.start(kTickMs);
     Print(stdout, QStringLiteral("krt550sim: serving %1 at %2, unit %3").arg(options.drive, place).arg(options.unit));
     return QCoreApplication::exec();
@@ -112,9 +117,10 @@ int RunServer(int argc, char** argv) {
         return Complain(errors.join(QLatin1Char('\n')));
     QString error;
     CScaledClock clock(CClock::Current(), options.speed);
-    const ClockScope scope(clock);
+    CServedClock time(clock);
+    const ClockScope scope(time);
     const auto drive = MakeNamedDrive(options.drive, *std::move(files), {}, error);
-    return drive ? Serve(*drive, options) : Complain(error);
+    return drive ? Serve(*drive, time, options) : Complain(error);
 }
 
 } // namespace krt550

@@ -12,7 +12,9 @@ namespace krt550::test {
 /// A served drive on a stepped clock, with two masters.
 class ServedSim {
 public:
-    explicit ServedSim(const char* name = "sim") : m_drive(Make(name)) {}
+    /// The drive is worked out for `mostMs` of the wall at a time.
+    explicit ServedSim(const char* name = "sim", qint64 mostMs = 3'600'000)
+        : m_time(m_clock, mostMs), m_drive(Make(name)) {}
 
     std::string Ask(Master& master, const char* request) {
         const QByteArray bytes = QByteArray::fromHex(request);
@@ -40,7 +42,7 @@ public:
     void Seconds(double seconds, Master* master) {
         for (auto left = static_cast<int>(seconds * 1000); left > 0; left -= 50) {
             m_clock.Sleep(50);
-            m_drive->GetDrive().Advance();
+            m_served.Advance();
             if (master)
                 State(*master);
         }
@@ -49,9 +51,10 @@ public:
     Master a;
     Master b;
     CSteppedClock m_clock;
-    ClockScope m_scope{m_clock};
+    CServedClock m_time;
+    ClockScope m_scope{m_time};
     std::unique_ptr<CSimulatedHostDrive> m_drive;
-    CServedDrive m_served{*m_drive};
+    CServedDrive m_served{*m_drive, m_time};
     CRequestHandler m_handler{m_served, {"KRT", "P", "2", "", "N", "M", "U"}};
     Reply m_reply;
 

@@ -107,6 +107,29 @@ TEST(Masters, StrayCommandsStartNothing) {
     EXPECT_EQ(sim.m_drive->GetDrive().GetCounters().motorStarts, 3) << "one, and two that were refused";
 }
 
+TEST(Masters, ADriveThatCannotKeepUpAnswersAndFallsBehind) {
+    ServedSim sim("sim", 0);
+    const qint64 begin = sim.m_time.Now();
+    sim.m_clock.Sleep(CServedClock::kPieceMs);
+    sim.m_served.Advance();
+    EXPECT_EQ(sim.m_time.Now() - begin, CServedClock::kPieceMs);
+    EXPECT_FALSE(sim.m_time.HasLost());
+    sim.m_clock.Sleep(3'600'000);
+    EXPECT_EQ(sim.State(sim.a).status, wire_status::kStopped);
+    EXPECT_EQ(sim.m_time.Now() - begin, 2 * CServedClock::kPieceMs) << "the rest is lost";
+    EXPECT_TRUE(sim.m_time.HasLost());
+    sim.m_clock.Sleep(30);
+    sim.m_served.Advance();
+    EXPECT_EQ(sim.m_time.Now() - begin, 2 * CServedClock::kPieceMs + 30) << "and not made up for";
+
+    CServedClock patient(sim.m_clock, 3'600'000);
+    int pieces = 0;
+    sim.m_clock.Sleep(1030);
+    patient.Pass([&pieces] { ++pieces; });
+    EXPECT_EQ(pieces, 11) << "with time enough all of it passes";
+    EXPECT_FALSE(patient.HasLost());
+}
+
 TEST(WireValues, TextsAreCutBetweenCharacters) {
     for (const auto& [text, shown] : {std::pair{"kg·m²", "kg·m"},
                                       {"", ""},
