@@ -29,6 +29,7 @@ constexpr int kMendMs = 700;
 constexpr int kPatienceMs = 3000;
 constexpr int kLookMs = 300;                ///< after which the person at a run does the next thing
 constexpr quint16 kSupervisionSeconds = 20; ///< of the drive's time: 2 s
+constexpr int kTries = 3;                   ///< of a run that the machine spoilt
 constexpr int kSafeMs = 6000;               ///< on the wall: supervision, ramp, standstill
 /// What the drive needs for a procedure, beside the motor S2: options, and words.
 struct Setup {
@@ -99,11 +100,26 @@ public:
         EXPECT_EQ(Robot::Front(), nullptr);
         EXPECT_EQ(m_watch->violations.join(u'|').toStdString(), "") << texts.join(u'|').toStdString();
     }
-    void RunAgain() {
-        m_simulator.JumpOn(CLinkThread::kDownMs);
-        Run();
-        EXPECT_TRUE(HasSucceeded()) << "on a good line again: " << texts.join(u'|').toStdString();
-        ExpectSafe();
+    /// On a good line it succeeds. For a moment the machine itself may be silent, as one that gives its processors away
+    /// is: that the relay saw, and it is run once more. Returns the frames of the run.
+    int RunOnGoodLine() {
+        int frames = 0;
+        for (int tries = 0; tries < kTries; ++tries) {
+            m_simulator.JumpOn(CLinkThread::kDownMs);
+            const int before = GetRelay().GetFrames();
+            const int unanswered = GetRelay().GetUnanswered();
+            Run();
+            frames = GetRelay().GetFrames() - before;
+            ExpectSafe();
+            if (HasSucceeded())
+                return frames;
+            if (GetRelay().GetUnanswered() == unanswered)
+                break;
+            std::printf("    once more: %d requests without an answer on a good line, %s\n",
+                        GetRelay().GetUnanswered() - unanswered, texts.join(u'|').toUtf8().constData());
+        }
+        ADD_FAILURE() << "on a good line: " << texts.join(u'|').toStdString();
+        return frames;
     }
     bool HasSucceeded() const { return m_procedure.step == 0 || GetStepState(m_procedure.step) == StepState::Done; }
 
@@ -200,14 +216,7 @@ class CutWire : public LinkChaos {};
 class BadLine : public LinkChaos {};
 
 TEST_P(CutWire, LeavesNothingTurning) {
-    int frames = 0;
-    {
-        CWireRun run(m_procedure, m_serial);
-        frames = -run.GetRelay().GetFrames();
-        run.Run();
-        EXPECT_TRUE(run.HasSucceeded()) << run.texts.join(u'|').toStdString();
-        frames += run.GetRelay().GetFrames();
-    }
+    const int frames = CWireRun(m_procedure, m_serial).RunOnGoodLine();
     const int wanted = qEnvironmentVariableIntValue("KRT550_LINK_STRIDE");
     int cases = wanted > 0 ? 0 : m_index;
     const int first = wanted > 0 ? 1 : frames / 4 + frames * (m_index % 5) / 8;
@@ -219,7 +228,7 @@ TEST_P(CutWire, LeavesNothingTurning) {
         run.Run();
         run.ExpectSafe();
         run.GetRelay().Mend();
-        run.RunAgain();
+        run.RunOnGoodLine();
     }
     std::printf("    %d cuts of %d frames\n", wanted > 0 ? cases : 1, frames);
 }
@@ -238,7 +247,7 @@ TEST_P(BadLine, LeavesNothingTurning) {
         succeeded += run.HasSucceeded() ? 1 : 0;
         run.GetRelay().SetFaults({});
         run.ExpectSafe();
-        run.RunAgain();
+        run.RunOnGoodLine();
     }
     std::printf("    %d of %d runs succeeded\n", succeeded, seeds);
 }

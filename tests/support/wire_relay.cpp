@@ -217,6 +217,8 @@ void CWireRelay::TakeFrames(const std::shared_ptr<Pair>& pair, int from) {
         coming.erase(coming.begin(), coming.begin() + static_cast<std::ptrdiff_t>(size));
         ++m_frames;
         m_requests += from == 0 ? 1 : 0;
+        m_unanswered += from == 0 && pair->awaitsAnswer ? 1 : 0;
+        pair->awaitsAnswer = from == 0;
         m_frameCame.notify_all();
         const std::size_t header = m_port != 0 ? kTcpHeader : 1;
         const bool passes = !m_watch || m_watch(from == 0, std::span(frame).subspan(std::min(frame.size(), header)));

@@ -62,6 +62,8 @@ public:
     int GetFrames() const { return m_frames; }
     /// Requests since the beginning.
     int GetRequests() const { return m_requests; }
+    /// Of these, the ones behind which the next came before an answer: the host has lost patience.
+    int GetUnanswered() const { return m_unanswered; }
     /// Waits, without an event loop, until so many requests have come since the beginning; false when they have not
     /// within that time.
     bool AwaitRequests(int count, std::chrono::milliseconds atMost);
@@ -81,6 +83,7 @@ private:
         Bytes held[2];
         Clock::time_point free[2]; ///< when the line has carried what was given to it
         bool open = true;
+        bool awaitsAnswer = false;
         bool finished = false; ///< one of its ends has been closed; what is on its way still gets there
     };
     struct Delivery {
@@ -120,6 +123,7 @@ private:
     std::atomic<bool> m_isCut = false;
     std::atomic<int> m_frames = 0;
     std::atomic<int> m_requests = 0;
+    std::atomic<int> m_unanswered = 0;
     std::atomic<bool> m_ends = false;
     std::thread m_thread;
 };
